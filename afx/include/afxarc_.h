@@ -1,0 +1,4 @@
+#ifndef AFXARC_H
+#define AFXARC_H
+
+#endif

@@ -1,0 +1,4 @@
+#ifndef AFXEXC_H
+#define AFXEXC_H
+
+#endif

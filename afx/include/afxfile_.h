@@ -1,0 +1,4 @@
+#ifndef AFXFILE_H
+#define AFXFILE_H
+
+#endif

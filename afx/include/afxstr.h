@@ -1,0 +1,4 @@
+#ifndef AFXSTR_H
+#define AFXSTR_H
+
+#endif
