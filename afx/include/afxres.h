@@ -1,0 +1,65 @@
+// afxres.h - ids of afx's own resources and of the standard application
+// strings. Only #defines: the resource compiler reads this file too.
+#ifndef AFXRES_H
+#define AFXRES_H
+
+// Standard application strings (an application's own string table).
+#define AFX_IDS_APP_TITLE 0xE000
+#define AFX_IDS_IDLEMESSAGE 0xE001
+#define AFX_IDS_HELPMODEMESSAGE 0xE002
+#define AFX_IDS_APP_TITLE_EMBEDDING 0xE003
+#define AFX_IDS_COMPANY_NAME 0xE004
+#define AFX_IDS_OBJ_TITLE_INPLACE 0xE005
+
+// General prompts.
+#define AFX_IDP_INVALID_FILENAME 0xF100
+#define AFX_IDP_FAILED_TO_OPEN_DOC 0xF101
+#define AFX_IDP_FAILED_TO_SAVE_DOC 0xF102
+#define AFX_IDP_ASK_TO_SAVE 0xF103
+#define AFX_IDP_FAILED_TO_CREATE_DOC 0xF104
+#define AFX_IDP_FILE_TOO_LARGE 0xF105
+#define AFX_IDP_FAILED_TO_START_PRINT 0xF106
+#define AFX_IDP_FAILED_TO_LAUNCH_HELP 0xF107
+#define AFX_IDP_INTERNAL_FAILURE 0xF108
+#define AFX_IDP_COMMAND_FAILURE 0xF109
+#define AFX_IDP_FAILED_MEMORY_ALLOC 0xF10A
+
+// CFileException texts: AFX_IDP_FILE_NONE + CFileException::m_cause.
+#define AFX_IDP_FILE_NONE 0xF140
+#define AFX_IDP_FILE_GENERIC 0xF141
+#define AFX_IDP_FILE_NOT_FOUND 0xF142
+#define AFX_IDP_FILE_BAD_PATH 0xF143
+#define AFX_IDP_FILE_TOO_MANY_OPEN 0xF144
+#define AFX_IDP_FILE_ACCESS_DENIED 0xF145
+#define AFX_IDP_FILE_INVALID_FILE 0xF146
+#define AFX_IDP_FILE_REMOVE_CURRENT 0xF147
+#define AFX_IDP_FILE_DIR_FULL 0xF148
+#define AFX_IDP_FILE_BAD_SEEK 0xF149
+#define AFX_IDP_FILE_HARD_IO 0xF14A
+#define AFX_IDP_FILE_SHARING 0xF14B
+#define AFX_IDP_FILE_LOCKING 0xF14C
+#define AFX_IDP_FILE_DISKFULL 0xF14D
+#define AFX_IDP_FILE_EOF 0xF14E
+
+// CArchiveException texts: AFX_IDP_ARCH_NONE + CArchiveException::m_cause.
+#define AFX_IDP_ARCH_NONE 0xF160
+#define AFX_IDP_ARCH_GENERIC 0xF161
+#define AFX_IDP_ARCH_READONLY 0xF162
+#define AFX_IDP_ARCH_ENDOFFILE 0xF163
+#define AFX_IDP_ARCH_WRITEONLY 0xF164
+#define AFX_IDP_ARCH_BADINDEX 0xF165
+#define AFX_IDP_ARCH_BADCLASS 0xF166
+#define AFX_IDP_ARCH_BADSCHEMA 0xF167
+#define AFX_IDP_ARCH_BUFFERFULL 0xF168
+
+// Texts of the simple exceptions and of ReportError. The numbers of this
+// block are afx's own choice.
+#define AFX_IDS_MEMORY_EXCEPTION 0xF170
+#define AFX_IDS_NOT_SUPPORTED_EXCEPTION 0xF171
+#define AFX_IDS_RESOURCE_EXCEPTION 0xF172
+#define AFX_IDS_USER_EXCEPTION 0xF173
+#define AFX_IDS_INVALID_ARG_EXCEPTION 0xF174
+#define AFX_IDS_UNNAMED_FILE 0xF175
+#define AFX_IDP_NO_ERROR_AVAILABLE 0xF176
+
+#endif // AFXRES_H
