@@ -58,11 +58,18 @@ void CWinApp::SetCurrentHandles() {
   if (nLen == 0 || nLen >= MAX_PATH) nLen = 0;
   szPath[nLen] = '\0';
 
+  // The file name and its extension (the last dot after the last separator),
+  // stepping over double-byte characters.
   LPTSTR pszFileName = szPath;
-  for (LPTSTR p = szPath; *p != '\0'; p = _tcsinc(p)) {
-    if (*p == '\\' || *p == '/' || *p == ':') pszFileName = p + 1;
+  LPTSTR pszExt = NULL;
+  for (LPTSTR p = szPath; *p != '\0'; p = ::CharNext(p)) {
+    if (*p == '\\' || *p == '/' || *p == ':') {
+      pszFileName = p + 1;
+      pszExt = NULL;
+    } else if (*p == '.') {
+      pszExt = p;
+    }
   }
-  LPTSTR pszExt = _tcsrchr(pszFileName, '.');
 
   if (m_pszExeName == NULL) {
     TCHAR szExeName[MAX_PATH + 1];

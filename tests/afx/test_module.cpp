@@ -1,0 +1,441 @@
+// The module state and the resource chain with real extension modules, and
+// the application object with its settings in the registry and in INI files.
+#include <afxwin.h>
+#include <afxres.h>
+#include <gtest/gtest.h>
+
+#include "fixture_ids.h"
+#include "scratch_registry.h"
+#include "temp_dir.h"
+
+#include <string>
+
+namespace {
+
+const char kExtDll[] = "vrk_fixture_ext.dll";
+const char kResDll[] = "vrk_fixture_res.dll";
+
+std::string LoadText(UINT nID, UINT nMaxBuf = 256) {
+  char buf[512];
+  memset(buf, 'x', sizeof(buf));
+  int n = AfxLoadString(nID, buf, nMaxBuf);
+  EXPECT_EQ(n, (int)strlen(buf)) << "length and text disagree for " << nID;
+  return std::string(buf);
+}
+
+int ChainLength() {
+  int n = 0;
+  for (CDynLinkLibrary* p = AfxGetModuleState()->m_pFirstDLL; p != NULL; p = p->m_pNextDLL)
+    n++;
+  return n;
+}
+
+// Loads the resource-only module for a test (not in the chain by itself).
+class ResModule {
+public:
+  ResModule() : m_h(LoadLibraryA(kResDll)) {}
+  ~ResModule() { FreeLibrary(m_h); }
+  HINSTANCE m_h;
+};
+
+class ResourceChain : public ::testing::Test {
+protected:
+  void SetUp() override {
+    ASSERT_EQ(ChainLength(), 0);
+    m_hOldResource = AfxGetResourceHandle();
+  }
+  void TearDown() override {
+    AfxSetResourceHandle(m_hOldResource);
+    EXPECT_EQ(ChainLength(), 0) << "a test left a library in the chain";
+  }
+  HINSTANCE m_hOldResource;
+};
+
+} // namespace
+
+TEST(ModuleState, DefaultsToTheHostModule) {
+  EXPECT_EQ(AfxGetModuleState(), AfxGetModuleState());
+  EXPECT_EQ(AfxGetInstanceHandle(), GetModuleHandleA(NULL));
+  EXPECT_EQ(AfxGetResourceHandle(), GetModuleHandleA(NULL));
+  EXPECT_EQ(AfxGetApp(), nullptr);
+}
+
+TEST_F(ResourceChain, ExtensionModuleJoinsWhileLoaded) {
+  EXPECT_EQ(LoadText(IDS_FIXTURE_EXT_ONLY), "");
+  EXPECT_EQ(CRuntimeClass::FromName("CFixtureShape"), nullptr);
+
+  HINSTANCE hExt = AfxLoadLibrary(kExtDll);
+  ASSERT_NE(hExt, (HINSTANCE)NULL);
+  ASSERT_EQ(ChainLength(), 1);
+  CDynLinkLibrary* pDLL = AfxGetModuleState()->m_pFirstDLL;
+  EXPECT_EQ(pDLL->m_hModule, hExt);
+  EXPECT_EQ(pDLL->m_hResource, hExt);
+  EXPECT_FALSE(pDLL->m_bSystem);
+  EXPECT_TRUE(pDLL->IsKindOf(RUNTIME_CLASS(CCmdTarget)));
+
+  EXPECT_EQ(LoadText(IDS_FIXTURE_EXT_ONLY), "Extension string");
+  EXPECT_EQ(AfxFindStringResourceHandle(IDS_FIXTURE_EXT_ONLY), hExt);
+  EXPECT_EQ(AfxFindResourceHandle(MAKEINTRESOURCE(IDR_FIXTURE_DATA), RT_RCDATA), hExt);
+
+  CRuntimeClass* pClass = CRuntimeClass::FromName("CFixtureShape");
+  ASSERT_NE(pClass, nullptr);
+  EXPECT_EQ(pClass->m_wSchema, 1u);
+  CObject* pObject = pClass->CreateObject();
+  ASSERT_NE(pObject, nullptr);
+  EXPECT_STREQ(pObject->GetRuntimeClass()->m_lpszClassName, "CFixtureShape");
+  delete pObject;
+
+  // The module's state as AfxInitExtensionModule filled it.
+  typedef AFX_EXTENSION_MODULE*(__cdecl * StateFn)();
+  StateFn pfnState = (StateFn)GetProcAddress(hExt, "FixtureModuleState");
+  ASSERT_NE(pfnState, nullptr);
+  EXPECT_TRUE(pfnState()->bInitialized);
+  EXPECT_EQ(pfnState()->hModule, hExt);
+  EXPECT_EQ(pfnState()->hResource, hExt);
+
+  EXPECT_TRUE(AfxFreeLibrary(hExt));
+  EXPECT_EQ(ChainLength(), 0);
+  EXPECT_EQ(LoadText(IDS_FIXTURE_EXT_ONLY), "");
+  EXPECT_EQ(AfxFindStringResourceHandle(IDS_FIXTURE_EXT_ONLY), (HINSTANCE)NULL);
+  EXPECT_EQ(CRuntimeClass::FromName("CFixtureShape"), nullptr);
+}
+
+TEST_F(ResourceChain, ResourceHandleIsSearchedFirst) {
+  HINSTANCE hExt = AfxLoadLibrary(kExtDll);
+  ResModule res;
+  ASSERT_NE(res.m_h, (HINSTANCE)NULL);
+  EXPECT_EQ(LoadText(IDS_FIXTURE_SHARED), "Shared string from the extension");
+  AfxSetResourceHandle(res.m_h);
+  EXPECT_EQ(LoadText(IDS_FIXTURE_SHARED), "Shared string from the resource module");
+  EXPECT_EQ(AfxFindResourceHandle(MAKEINTRESOURCE(IDR_FIXTURE_DATA), RT_RCDATA), res.m_h);
+  // What the resource handle lacks still comes from the chain.
+  EXPECT_EQ(LoadText(IDS_FIXTURE_EXT_ONLY), "Extension string");
+  AfxSetResourceHandle(m_hOldResource);
+  AfxFreeLibrary(hExt);
+}
+
+TEST_F(ResourceChain, StringMustReallyBePresentNotJustItsBlock) {
+  HINSTANCE hExt = AfxLoadLibrary(kExtDll);
+  // The extension has the block of IDS_FIXTURE_RES_ONLY, not the string.
+  EXPECT_EQ(AfxFindStringResourceHandle(IDS_FIXTURE_RES_ONLY), (HINSTANCE)NULL);
+  EXPECT_EQ(LoadText(IDS_FIXTURE_RES_ONLY), "");
+  ResModule res;
+  {
+    CDynLinkLibrary* pRes = new CDynLinkLibrary(res.m_h, res.m_h);
+    EXPECT_EQ(AfxFindStringResourceHandle(IDS_FIXTURE_RES_ONLY), res.m_h);
+    EXPECT_EQ(LoadText(IDS_FIXTURE_RES_ONLY), "Resource string");
+    EXPECT_EQ(AfxFindStringResourceHandle(IDS_FIXTURE_NOWHERE), (HINSTANCE)NULL);
+    delete pRes;
+  }
+  AfxFreeLibrary(hExt);
+}
+
+TEST_F(ResourceChain, NewestLibraryFirstSystemLibrariesLast) {
+  HINSTANCE hExt = AfxLoadLibrary(kExtDll);
+  ResModule res;
+  AFX_EXTENSION_MODULE state = {FALSE, NULL, NULL, NULL, NULL};
+  ASSERT_TRUE(AfxInitExtensionModule(state, res.m_h));
+
+  // A system library joined after the extension still comes after it.
+  CDynLinkLibrary* pSystem = new CDynLinkLibrary(state, TRUE);
+  EXPECT_EQ(AfxGetModuleState()->m_pFirstDLL, pSystem);
+  EXPECT_EQ(LoadText(IDS_FIXTURE_SHARED), "Shared string from the extension");
+  EXPECT_EQ(AfxFindResourceHandle(MAKEINTRESOURCE(IDR_FIXTURE_DATA), RT_RCDATA), hExt);
+  EXPECT_EQ(LoadText(IDS_FIXTURE_RES_ONLY), "Resource string");
+  delete pSystem;
+
+  // A non-system library joined later is searched first.
+  new CDynLinkLibrary(state);
+  EXPECT_EQ(LoadText(IDS_FIXTURE_SHARED), "Shared string from the resource module");
+  EXPECT_EQ(ChainLength(), 2);
+  AfxTermExtensionModule(state); // deletes only that module's library
+  EXPECT_EQ(ChainLength(), 1);
+  EXPECT_EQ(AfxGetModuleState()->m_pFirstDLL->m_hModule, hExt);
+  AfxFreeLibrary(hExt);
+}
+
+TEST_F(ResourceChain, AfxItselfIsSearchedLast) {
+  HMODULE hAfx = GetModuleHandleA("afx.dll");
+  ASSERT_NE(hAfx, (HMODULE)NULL);
+  EXPECT_EQ(LoadText(AFX_IDP_COMMAND_FAILURE), "Command failed.");
+  EXPECT_EQ(AfxFindStringResourceHandle(AFX_IDP_COMMAND_FAILURE), hAfx);
+  // An extension module may replace afx's texts.
+  HINSTANCE hExt = AfxLoadLibrary(kExtDll);
+  EXPECT_EQ(LoadText(AFX_IDP_COMMAND_FAILURE), "The fixture's own command failure text.");
+  AfxFreeLibrary(hExt);
+  EXPECT_EQ(LoadText(AFX_IDP_COMMAND_FAILURE), "Command failed.");
+}
+
+TEST_F(ResourceChain, MissingResourceAnswersTheResourceHandle) {
+  EXPECT_EQ(AfxFindResourceHandle(MAKEINTRESOURCE(IDR_FIXTURE_DATA), RT_RCDATA),
+            AfxGetResourceHandle());
+  EXPECT_EQ(AfxFindResourceHandle("NoSuchResource", RT_BITMAP), AfxGetResourceHandle());
+}
+
+TEST_F(ResourceChain, LoadStringTruncatesToTheBuffer) {
+  HINSTANCE hExt = AfxLoadLibrary(kExtDll);
+  EXPECT_EQ(LoadText(IDS_FIXTURE_LONG), "0123456789ABCDEFGHIJ");
+  EXPECT_EQ(LoadText(IDS_FIXTURE_LONG, 6), "01234");
+  EXPECT_EQ(LoadText(IDS_FIXTURE_LONG, 21), "0123456789ABCDEFGHIJ");
+  EXPECT_EQ(LoadText(IDS_FIXTURE_LONG, 20), "0123456789ABCDEFGHI");
+  EXPECT_EQ(LoadText(IDS_FIXTURE_LONG, 1), "");
+  EXPECT_EQ(AfxLoadString(IDS_FIXTURE_LONG, NULL, 10), 0);
+  char c = 'x';
+  EXPECT_EQ(AfxLoadString(IDS_FIXTURE_LONG, &c, 0), 0);
+  EXPECT_EQ(c, 'x');
+  AfxFreeLibrary(hExt);
+}
+
+TEST_F(ResourceChain, TermAllEmptiesTheChain) {
+  ResModule res;
+  new CDynLinkLibrary(res.m_h, res.m_h);
+  new CDynLinkLibrary(res.m_h, res.m_h);
+  EXPECT_EQ(ChainLength(), 2);
+  AFX_EXTENSION_MODULE none = {FALSE, NULL, NULL, NULL, NULL};
+  AfxTermExtensionModule(none); // not initialised: nothing happens
+  EXPECT_EQ(ChainLength(), 2);
+  AfxTermExtensionModule(none, TRUE);
+  EXPECT_EQ(ChainLength(), 0);
+}
+
+TEST(ExtensionModule, BadArguments) {
+  AFX_EXTENSION_MODULE state = {FALSE, NULL, NULL, NULL, NULL};
+  EXPECT_FALSE(AfxInitExtensionModule(state, NULL));
+  EXPECT_FALSE(state.bInitialized);
+  EXPECT_EQ(AfxLoadLibrary(NULL), (HINSTANCE)NULL);
+  EXPECT_EQ(AfxLoadLibrary("vrk_no_such_module.dll"), (HINSTANCE)NULL);
+  EXPECT_FALSE(AfxFreeLibrary(NULL));
+}
+
+// ---- The application object ------------------------------------------------
+
+TEST(WinApp, RegistersItselfAndTheNames) {
+  {
+    CWinApp app("VrkModuleTest");
+    EXPECT_EQ(AfxGetApp(), &app);
+    EXPECT_EQ(AfxGetThread(), &app);
+    EXPECT_EQ(app.m_nThreadID, GetCurrentThreadId());
+    EXPECT_STREQ(app.m_pszAppName, "VrkModuleTest");
+    EXPECT_EQ(app.m_pszProfileName, nullptr);
+
+    char cmdLine[] = "";
+    EXPECT_TRUE(AfxWinInit(GetModuleHandleA(NULL), NULL, cmdLine, SW_SHOW));
+    EXPECT_EQ(app.m_hInstance, GetModuleHandleA(NULL));
+    EXPECT_EQ(app.m_nCmdShow, SW_SHOW);
+    EXPECT_STREQ(app.m_pszExeName, "afx_module");
+    EXPECT_STREQ(app.m_pszProfileName, "afx_module.INI");
+    EXPECT_STREQ(AfxGetAppName(), "VrkModuleTest");
+    char path[MAX_PATH];
+    GetModuleFileNameA(NULL, path, MAX_PATH);
+    std::string help(path);
+    help = help.substr(0, help.rfind('.')) + ".HLP";
+    EXPECT_STREQ(app.m_pszHelpFilePath, help.c_str());
+  }
+  EXPECT_EQ(AfxGetApp(), nullptr);
+  EXPECT_EQ(AfxGetThread(), nullptr);
+  EXPECT_EQ(AfxGetAppName(), nullptr);
+}
+
+TEST(WinApp, NamelessAppTakesTheExeName) {
+  CWinApp app;
+  char cmdLine[] = "";
+  AfxWinInit(GetModuleHandleA(NULL), NULL, cmdLine, SW_SHOW);
+  EXPECT_STREQ(app.m_pszAppName, "afx_module");
+  EXPECT_STREQ(AfxGetAppName(), "afx_module");
+}
+
+TEST(WinApp, SetRegistryKeyMovesTheSettings) {
+  CWinApp app("VrkModuleTest");
+  char cmdLine[] = "";
+  AfxWinInit(GetModuleHandleA(NULL), NULL, cmdLine, SW_SHOW);
+  app.SetRegistryKey("Tamrix");
+  EXPECT_STREQ(app.m_pszRegistryKey, "Tamrix");
+  EXPECT_STREQ(app.m_pszProfileName, "VrkModuleTest"); // the app name, no longer the INI
+  // A string id names the key too; a missing id changes nothing.
+  app.SetRegistryKey((UINT)IDS_FIXTURE_NOWHERE);
+  EXPECT_STREQ(app.m_pszRegistryKey, "Tamrix");
+}
+
+namespace {
+const std::string kAppKey = "Software\\Tamrix\\VrkModuleTest";
+
+class RegistryProfile : public ::testing::Test {
+protected:
+  RegistryProfile() : m_app("VrkModuleTest") { m_app.SetRegistryKey("Tamrix"); }
+  ScratchRegistry m_scratch; // constructed first, restores last
+  CWinApp m_app;
+};
+} // namespace
+
+TEST_F(RegistryProfile, KeysAreUnderSoftwareKeyProfileSection) {
+  HKEY hKey = m_app.GetAppRegistryKey();
+  ASSERT_NE(hKey, (HKEY)NULL);
+  RegCloseKey(hKey);
+  EXPECT_TRUE(ScratchRegistry::KeyExists(kAppKey));
+  hKey = m_app.GetSectionKey("Window");
+  ASSERT_NE(hKey, (HKEY)NULL);
+  RegCloseKey(hKey);
+  EXPECT_TRUE(ScratchRegistry::KeyExists(kAppKey + "\\Window"));
+}
+
+TEST_F(RegistryProfile, IntegersAreDwords) {
+  EXPECT_EQ(m_app.GetProfileInt("Window", "Left", 33), 33u);
+  EXPECT_TRUE(m_app.WriteProfileInt("Window", "Left", -5));
+  DWORD dw = 0;
+  ASSERT_TRUE(ScratchRegistry::ReadDword(kAppKey + "\\Window", "Left", &dw));
+  EXPECT_EQ(dw, (DWORD)-5);
+  EXPECT_EQ((int)m_app.GetProfileInt("window", "LEFT", 0), -5); // names ignore case
+  // A value of another type reads as the default.
+  ScratchRegistry::WriteString(kAppKey + "\\Window", "Top", "12");
+  EXPECT_EQ(m_app.GetProfileInt("Window", "Top", 7), 7u);
+  EXPECT_EQ(m_app.GetProfileInt(NULL, "Top", 8), 8u);
+  EXPECT_FALSE(m_app.WriteProfileInt("Window", NULL, 1));
+}
+
+TEST_F(RegistryProfile, StringsWriteReadAndDelete) {
+  EXPECT_STREQ(m_app.GetProfileString("Files", "Last", "none"), "none");
+  EXPECT_EQ(m_app.GetProfileString("Files", "Last").GetLength(), 0);
+  EXPECT_TRUE(m_app.WriteProfileString("Files", "Last", "C:\\data\\a.vrk"));
+  std::string stored;
+  ASSERT_TRUE(ScratchRegistry::ReadString(kAppKey + "\\Files", "Last", &stored));
+  EXPECT_EQ(stored, "C:\\data\\a.vrk");
+  EXPECT_STREQ(m_app.GetProfileString("Files", "Last", "none"), "C:\\data\\a.vrk");
+  EXPECT_TRUE(m_app.WriteProfileString("Files", "Empty", ""));
+  EXPECT_STREQ(m_app.GetProfileString("Files", "Empty", "def"), "");
+
+  // A NULL value deletes the entry; a NULL entry deletes the section.
+  EXPECT_TRUE(m_app.WriteProfileString("Files", "Last", NULL));
+  EXPECT_FALSE(ScratchRegistry::ValueExists(kAppKey + "\\Files", "Last"));
+  EXPECT_FALSE(m_app.WriteProfileString("Files", "Last", NULL)); // already gone
+  EXPECT_TRUE(m_app.WriteProfileString("Files", NULL, NULL));
+  EXPECT_FALSE(ScratchRegistry::KeyExists(kAppKey + "\\Files"));
+}
+
+TEST_F(RegistryProfile, LongStringAndStoredWithoutTerminator) {
+  std::string longText(10000, 'q');
+  EXPECT_TRUE(m_app.WriteProfileString("S", "Long", longText.c_str()));
+  EXPECT_EQ(std::string(m_app.GetProfileString("S", "Long")), longText);
+  // Written by another program without the terminating null.
+  HKEY hKey = m_app.GetSectionKey("S");
+  RegSetValueExA(hKey, "Raw", 0, REG_SZ, (const BYTE*)"abc", 3);
+  RegCloseKey(hKey);
+  EXPECT_STREQ(m_app.GetProfileString("S", "Raw"), "abc");
+}
+
+TEST_F(RegistryProfile, BinaryRoundTrip) {
+  const BYTE data[] = {0x00, 0x01, 0xFE, 0x7F, 0x80};
+  EXPECT_TRUE(m_app.WriteProfileBinary("Bin", "Blob", (LPBYTE)data, sizeof(data)));
+  std::vector<BYTE> stored;
+  ASSERT_TRUE(ScratchRegistry::ReadBinary(kAppKey + "\\Bin", "Blob", &stored));
+  EXPECT_EQ(stored, std::vector<BYTE>(data, data + sizeof(data)));
+  LPBYTE pData = NULL;
+  UINT nBytes = 0;
+  ASSERT_TRUE(m_app.GetProfileBinary("Bin", "Blob", &pData, &nBytes));
+  ASSERT_EQ(nBytes, sizeof(data));
+  EXPECT_EQ(memcmp(pData, data, nBytes), 0);
+  delete[] pData;
+  // Missing and mistyped values fail with the outputs cleared.
+  pData = (LPBYTE)1;
+  nBytes = 9;
+  EXPECT_FALSE(m_app.GetProfileBinary("Bin", "Nothing", &pData, &nBytes));
+  EXPECT_EQ(pData, nullptr);
+  EXPECT_EQ(nBytes, 0u);
+  m_app.WriteProfileInt("Bin", "Number", 1);
+  EXPECT_FALSE(m_app.GetProfileBinary("Bin", "Number", &pData, &nBytes));
+  EXPECT_FALSE(m_app.GetProfileBinary("Bin", "Blob", NULL, &nBytes));
+}
+
+namespace {
+class IniProfile : public ::testing::Test {
+protected:
+  IniProfile() : m_app("VrkModuleTest") {
+    m_ini = m_dir.File("settings.ini");
+    // As MFC documents: free the old name and give a malloc'd new one.
+    free((void*)m_app.m_pszProfileName);
+    m_app.m_pszProfileName = _strdup(m_ini.c_str());
+  }
+  std::string Ini() { return TempDir::ReadBytes(m_ini); }
+  TempDir m_dir;
+  std::string m_ini;
+  CWinApp m_app;
+};
+} // namespace
+
+TEST_F(IniProfile, IntegersAndStringsGoToTheFile) {
+  EXPECT_EQ(m_app.GetProfileInt("Window", "Left", 33), 33u);
+  EXPECT_TRUE(m_app.WriteProfileInt("Window", "Left", -5));
+  EXPECT_TRUE(m_app.WriteProfileString("Window", "Title", "Hello world"));
+  std::string text = Ini();
+  EXPECT_NE(text.find("[Window]"), std::string::npos);
+  EXPECT_NE(text.find("Left=-5"), std::string::npos);
+  EXPECT_NE(text.find("Title=Hello world"), std::string::npos);
+  EXPECT_EQ((int)m_app.GetProfileInt("Window", "Left", 0), -5);
+  EXPECT_STREQ(m_app.GetProfileString("Window", "Title"), "Hello world");
+  EXPECT_STREQ(m_app.GetProfileString("Window", "Missing", "dflt"), "dflt");
+  // Nothing went to the registry.
+  EXPECT_FALSE(ScratchRegistry::KeyExists(kAppKey + "\\Window"));
+}
+
+TEST_F(IniProfile, NullValueDeletesEntryNullEntryDeletesSection) {
+  m_app.WriteProfileString("A", "One", "1");
+  m_app.WriteProfileString("A", "Two", "2");
+  m_app.WriteProfileString("B", "Three", "3");
+  EXPECT_TRUE(m_app.WriteProfileString("A", "One", NULL));
+  EXPECT_EQ(Ini().find("One="), std::string::npos);
+  EXPECT_STREQ(m_app.GetProfileString("A", "Two"), "2");
+  EXPECT_TRUE(m_app.WriteProfileString("A", NULL, NULL));
+  EXPECT_EQ(Ini().find("[A]"), std::string::npos);
+  EXPECT_STREQ(m_app.GetProfileString("B", "Three"), "3");
+}
+
+TEST_F(IniProfile, BinaryIsWrittenAsLettersLowNibbleFirst) {
+  const BYTE data[] = {0x12, 0xAB, 0x00, 0xFF};
+  EXPECT_TRUE(m_app.WriteProfileBinary("Bin", "Blob", (LPBYTE)data, sizeof(data)));
+  EXPECT_NE(Ini().find("Blob=CBLKAAPP"), std::string::npos) << Ini();
+  LPBYTE pData = NULL;
+  UINT nBytes = 0;
+  ASSERT_TRUE(m_app.GetProfileBinary("Bin", "Blob", &pData, &nBytes));
+  ASSERT_EQ(nBytes, sizeof(data));
+  EXPECT_EQ(memcmp(pData, data, nBytes), 0);
+  delete[] pData;
+}
+
+TEST_F(IniProfile, CorruptBinaryTextIsRefused) {
+  LPBYTE pData = NULL;
+  UINT nBytes = 0;
+  m_app.WriteProfileString("Bin", "Odd", "ABC");
+  EXPECT_FALSE(m_app.GetProfileBinary("Bin", "Odd", &pData, &nBytes));
+  m_app.WriteProfileString("Bin", "Bad", "AZ");
+  EXPECT_FALSE(m_app.GetProfileBinary("Bin", "Bad", &pData, &nBytes));
+  EXPECT_FALSE(m_app.GetProfileBinary("Bin", "Missing", &pData, &nBytes));
+  EXPECT_EQ(pData, nullptr);
+}
+
+TEST_F(IniProfile, LongValuesAreReadWhole) {
+  std::string longText(6000, 'z');
+  EXPECT_TRUE(m_app.WriteProfileString("S", "Long", longText.c_str()));
+  EXPECT_EQ(std::string(m_app.GetProfileString("S", "Long")), longText);
+}
+
+TEST(WinAppProfile, DefaultIniLivesInTheWindowsFolder) {
+  CWinApp app("VrkModuleTest");
+  char cmdLine[] = "";
+  AfxWinInit(GetModuleHandleA(NULL), NULL, cmdLine, SW_SHOW);
+  char windows[MAX_PATH];
+  GetWindowsDirectoryA(windows, MAX_PATH);
+  std::string ini = std::string(windows) + "\\afx_module.INI";
+  DeleteFileA(ini.c_str());
+  EXPECT_TRUE(app.WriteProfileInt("Test", "Value", 1234));
+  WritePrivateProfileStringA(NULL, NULL, NULL, app.m_pszProfileName); // flush the cache
+  EXPECT_NE(TempDir::ReadBytes(ini).find("Value=1234"), std::string::npos);
+  EXPECT_EQ(GetPrivateProfileIntA("Test", "Value", 0, ini.c_str()), 1234u);
+  DeleteFileA(ini.c_str());
+}
+
+TEST(WinAppProfile, NoProfileNameFailsCleanly) {
+  CWinApp app("VrkModuleTest"); // AfxWinInit not called: no profile yet
+  EXPECT_EQ(app.GetProfileInt("S", "E", 5), 5u);
+  EXPECT_STREQ(app.GetProfileString("S", "E", "d"), "d");
+  EXPECT_FALSE(app.WriteProfileInt("S", "E", 1));
+  EXPECT_FALSE(app.WriteProfileString("S", "E", "v"));
+}

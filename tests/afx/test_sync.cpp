@@ -1,0 +1,290 @@
+// Synchronisation objects and locks: time-outs, ownership, counts and
+// waits across threads.
+#include <afxmt.h>
+#include <gtest/gtest.h>
+
+#include <process.h>
+
+#include <functional>
+#include <memory>
+
+namespace {
+
+// Starts fn on a new thread; the caller waits on and closes the handle.
+HANDLE Start(std::function<void()> fn) {
+  struct Entry {
+    static unsigned __stdcall Run(void* p) {
+      std::unique_ptr<std::function<void()>> f((std::function<void()>*)p);
+      (*f)();
+      return 0;
+    }
+  };
+  return (HANDLE)_beginthreadex(NULL, 0, &Entry::Run, new std::function<void()>(std::move(fn)), 0,
+                                NULL);
+}
+
+// Runs fn on a new thread and waits for it.
+void OnOtherThread(std::function<void()> fn) {
+  HANDLE h = Start(std::move(fn));
+  ASSERT_NE(h, (HANDLE)NULL);
+  WaitForSingleObject(h, INFINITE);
+  CloseHandle(h);
+}
+
+// The kind of exception a call raised (NULL when none).
+template <class Fn> CRuntimeClass* ThrownClass(Fn fn) {
+  try {
+    fn();
+  } catch (CException* e) {
+    CRuntimeClass* pClass = e->GetRuntimeClass();
+    e->Delete();
+    return pClass;
+  }
+  return NULL;
+}
+
+} // namespace
+
+TEST(SyncObject, LockHonoursTimeOut) {
+  CEvent event; // auto-reset, not signalled
+  DWORD start = GetTickCount();
+  EXPECT_FALSE(event.Lock(150));
+  DWORD elapsed = GetTickCount() - start;
+  EXPECT_GE(elapsed, 120u);
+  EXPECT_LT(elapsed, 2000u);
+  EXPECT_FALSE(event.Lock(0));
+  EXPECT_NE((HANDLE)event, (HANDLE)NULL);
+}
+
+TEST(Event, AutoResetReleasesOneWait) {
+  CEvent event(TRUE); // created signalled
+  EXPECT_TRUE(event.Lock(0));
+  EXPECT_FALSE(event.Lock(0)); // the wait consumed the signal
+  EXPECT_TRUE(event.SetEvent());
+  EXPECT_TRUE(event.Lock(0));
+}
+
+TEST(Event, ManualResetStaysSignalledUntilReset) {
+  CEvent event(FALSE, TRUE);
+  EXPECT_FALSE(event.Lock(0));
+  event.SetEvent();
+  EXPECT_TRUE(event.Lock(0));
+  EXPECT_TRUE(event.Lock(0));
+  event.ResetEvent();
+  EXPECT_FALSE(event.Lock(0));
+  // Pulse with no waiter leaves it unsignalled.
+  event.PulseEvent();
+  EXPECT_FALSE(event.Lock(0));
+}
+
+TEST(Event, NamedEventsAreOneObject) {
+  CEvent first(FALSE, TRUE, "VrkTestSyncNamedEvent");
+  CEvent second(FALSE, TRUE, "VrkTestSyncNamedEvent");
+  first.SetEvent();
+  EXPECT_TRUE(second.Lock(0));
+}
+
+TEST(Event, SignalFromAnotherThreadWakesWaiter) {
+  CEvent ready, go;
+  LONG seen = 0;
+  HANDLE h = Start([&] {
+    ready.SetEvent();
+    if (go.Lock(5000)) InterlockedExchange(&seen, 1);
+  });
+  ASSERT_TRUE(ready.Lock(5000));
+  EXPECT_EQ(seen, 0);
+  go.SetEvent();
+  WaitForSingleObject(h, INFINITE);
+  CloseHandle(h);
+  EXPECT_EQ(seen, 1);
+}
+
+TEST(Mutex, OwnedByOneThreadAtATime) {
+  CMutex mutex(TRUE); // owned by this thread
+  bool otherGotIt = true;
+  OnOtherThread([&] { otherGotIt = mutex.Lock(100) != FALSE; });
+  EXPECT_FALSE(otherGotIt);
+  EXPECT_TRUE(mutex.Lock(0)); // recursive for the owner
+  EXPECT_TRUE(mutex.Unlock());
+  EXPECT_TRUE(mutex.Unlock());
+  EXPECT_FALSE(mutex.Unlock()); // no longer owned
+  OnOtherThread([&] {
+    otherGotIt = mutex.Lock(100) != FALSE;
+    mutex.Unlock();
+  });
+  EXPECT_TRUE(otherGotIt);
+}
+
+TEST(Mutex, AbandonedMutexIsAcquired) {
+  CMutex mutex;
+  OnOtherThread([&] { mutex.Lock(); }); // the thread ends holding it
+  EXPECT_TRUE(mutex.Lock(1000));
+  mutex.Unlock();
+}
+
+TEST(Semaphore, CountsAndReportsPreviousCount) {
+  CSemaphore sem(2, 3);
+  EXPECT_TRUE(sem.Lock(0));
+  EXPECT_TRUE(sem.Lock(0));
+  EXPECT_FALSE(sem.Lock(0));
+  LONG prev = -1;
+  EXPECT_TRUE(sem.Unlock(3, &prev));
+  EXPECT_EQ(prev, 0);
+  EXPECT_FALSE(sem.Unlock(1, &prev)); // above the maximum
+  EXPECT_TRUE(sem.Lock(0));
+  EXPECT_TRUE(sem.Unlock());
+}
+
+TEST(Semaphore, BadCountsRaiseResourceException) {
+  EXPECT_EQ(ThrownClass([] { CSemaphore sem(5, 1); }), RUNTIME_CLASS(CResourceException));
+}
+
+TEST(CriticalSection, LockIgnoresTimeOutAndExcludesOthers) {
+  CCriticalSection cs;
+  EXPECT_TRUE(cs.Lock());
+  EXPECT_TRUE(cs.Lock(0)); // re-entrant; time-out not used
+  bool otherGotIt = true;
+  OnOtherThread([&] { otherGotIt = TryEnterCriticalSection((CRITICAL_SECTION*)cs) != FALSE; });
+  EXPECT_FALSE(otherGotIt);
+  EXPECT_TRUE(cs.Unlock());
+  EXPECT_TRUE(cs.Unlock());
+  OnOtherThread([&] {
+    otherGotIt = TryEnterCriticalSection(cs) != FALSE;
+    if (otherGotIt) LeaveCriticalSection(cs);
+  });
+  EXPECT_TRUE(otherGotIt);
+  EXPECT_EQ(cs.m_hObject, (HANDLE)NULL);
+}
+
+TEST(SingleLock, LocksUnlocksAndReleasesOnDestruction) {
+  CMutex mutex;
+  {
+    CSingleLock lock(&mutex, TRUE);
+    EXPECT_TRUE(lock.IsLocked());
+    bool otherGotIt = true;
+    OnOtherThread([&] { otherGotIt = mutex.Lock(50) != FALSE; });
+    EXPECT_FALSE(otherGotIt);
+    EXPECT_TRUE(lock.Lock()); // already held: not taken twice
+    EXPECT_TRUE(lock.Unlock());
+    EXPECT_FALSE(lock.IsLocked());
+    EXPECT_TRUE(lock.Lock(0));
+  } // destructor releases
+  bool otherGotIt = false;
+  OnOtherThread([&] {
+    otherGotIt = mutex.Lock(0) != FALSE;
+    mutex.Unlock();
+  });
+  EXPECT_TRUE(otherGotIt);
+}
+
+TEST(SingleLock, TimeOutReturnsFalse) {
+  CEvent event;
+  CSingleLock lock(&event);
+  DWORD start = GetTickCount();
+  EXPECT_FALSE(lock.Lock(100));
+  EXPECT_GE(GetTickCount() - start, 80u);
+  EXPECT_FALSE(lock.IsLocked());
+  event.SetEvent();
+  EXPECT_TRUE(lock.Lock(0));
+  EXPECT_TRUE(lock.IsLocked());
+}
+
+TEST(SingleLock, SemaphoreCountGoesBackOnUnlock) {
+  CSemaphore sem(1, 1);
+  {
+    CSingleLock lock(&sem, TRUE);
+    EXPECT_TRUE(lock.IsLocked());
+    EXPECT_FALSE(sem.Lock(0));
+  }
+  EXPECT_TRUE(sem.Lock(0));
+}
+
+TEST(SingleLock, NoObjectNeverLocks) {
+  CSingleLock lock(NULL, TRUE);
+  EXPECT_FALSE(lock.IsLocked());
+  EXPECT_FALSE(lock.Lock(0));
+  EXPECT_TRUE(lock.Unlock());
+}
+
+TEST(MultiLock, WaitAnyReportsWhichObject) {
+  CEvent a, b, c;
+  CSyncObject* objects[] = {&a, &b, &c};
+  CMultiLock lock(objects, 3);
+  EXPECT_EQ(lock.Lock(0, FALSE), (DWORD)WAIT_TIMEOUT);
+  c.SetEvent();
+  EXPECT_EQ(lock.Lock(0, FALSE), (DWORD)(WAIT_OBJECT_0 + 2));
+  EXPECT_FALSE(lock.IsLocked(0));
+  EXPECT_TRUE(lock.IsLocked(2));
+  EXPECT_FALSE(lock.IsLocked(3)); // out of range
+}
+
+TEST(MultiLock, WaitAllNeedsEveryObject) {
+  CEvent a, b;
+  CSyncObject* objects[] = {&a, &b};
+  CMultiLock lock(objects, 2);
+  a.SetEvent();
+  EXPECT_EQ(lock.Lock(50, TRUE), (DWORD)WAIT_TIMEOUT);
+  b.SetEvent();
+  EXPECT_EQ(lock.Lock(0, TRUE), (DWORD)WAIT_OBJECT_0);
+  EXPECT_TRUE(lock.IsLocked(0));
+  EXPECT_TRUE(lock.IsLocked(1));
+}
+
+TEST(MultiLock, SignalFromAnotherThread) {
+  CEvent a, b;
+  CSyncObject* objects[] = {&a, &b};
+  CMultiLock lock(objects, 2);
+  HANDLE h = Start([&] {
+    Sleep(50);
+    b.SetEvent();
+  });
+  EXPECT_EQ(lock.Lock(5000, FALSE), (DWORD)(WAIT_OBJECT_0 + 1));
+  WaitForSingleObject(h, INFINITE);
+  CloseHandle(h);
+}
+
+TEST(MultiLock, ReleasesMutexesAndManyObjects) {
+  // More objects than the lock keeps inline.
+  CMutex mutexes[10];
+  CSyncObject* objects[10];
+  for (int i = 0; i < 10; i++)
+    objects[i] = &mutexes[i];
+  {
+    CMultiLock lock(objects, 10, TRUE);
+    for (DWORD i = 0; i < 10; i++)
+      EXPECT_TRUE(lock.IsLocked(i));
+    bool otherGotOne = true;
+    OnOtherThread([&] { otherGotOne = mutexes[9].Lock(0) != FALSE; });
+    EXPECT_FALSE(otherGotOne);
+  }
+  bool otherGotAll = true;
+  OnOtherThread([&] {
+    for (auto& m : mutexes) {
+      otherGotAll = otherGotAll && m.Lock(0);
+      m.Unlock();
+    }
+  });
+  EXPECT_TRUE(otherGotAll);
+}
+
+TEST(MultiLock, SemaphoreUnlockWithCount) {
+  CSemaphore sem(1, 5);
+  CEvent event(TRUE, TRUE);
+  CSyncObject* objects[] = {&sem, &event};
+  CMultiLock lock(objects, 2);
+  EXPECT_EQ(lock.Lock(0, TRUE), (DWORD)WAIT_OBJECT_0);
+  LONG prev = -1;
+  EXPECT_TRUE(lock.Unlock(3, &prev));
+  EXPECT_EQ(prev, 0);
+  EXPECT_FALSE(lock.IsLocked(0));
+}
+
+TEST(MultiLock, BadArgumentsRaiseInvalidArg) {
+  CEvent a;
+  CSyncObject* objects[] = {&a, NULL};
+  EXPECT_EQ(ThrownClass([&] { CMultiLock lock(NULL, 1); }), RUNTIME_CLASS(CInvalidArgException));
+  EXPECT_EQ(ThrownClass([&] { CMultiLock lock(objects, 0); }), RUNTIME_CLASS(CInvalidArgException));
+  EXPECT_EQ(ThrownClass([&] { CMultiLock lock(objects, 2); }), RUNTIME_CLASS(CInvalidArgException));
+  EXPECT_EQ(ThrownClass([&] { CMultiLock lock(objects, MAXIMUM_WAIT_OBJECTS + 1); }),
+            RUNTIME_CLASS(CInvalidArgException));
+}

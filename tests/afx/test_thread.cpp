@@ -1,0 +1,236 @@
+// Threads: worker and user-interface threads, priorities, suspended start,
+// auto-delete and the per-thread state.
+#include <afxwin.h>
+#include <gtest/gtest.h>
+
+#include <process.h>
+
+namespace {
+
+struct WorkerData {
+  LONG ran = 0;
+  int priority = 0;
+  CWinThread* seenThread = nullptr;
+  _AFX_THREAD_STATE* seenState = nullptr;
+  LPVOID seenParam = nullptr;
+};
+
+UINT AFX_CDECL RecordingProc(LPVOID pParam) {
+  WorkerData* data = (WorkerData*)pParam;
+  data->priority = GetThreadPriority(GetCurrentThread());
+  data->seenThread = AfxGetThread();
+  data->seenState = AfxGetThreadState();
+  data->seenParam = pParam;
+  InterlockedExchange(&data->ran, 1);
+  return 17;
+}
+
+// Waits for a thread started suspended with m_bAutoDelete cleared; returns
+// its exit code.
+DWORD Finish(CWinThread* pThread) {
+  EXPECT_NE(WaitForSingleObject(pThread->m_hThread, 10000), (DWORD)WAIT_TIMEOUT);
+  DWORD code = 0;
+  GetExitCodeThread(pThread->m_hThread, &code);
+  delete pThread;
+  return code;
+}
+
+// Records its own destruction.
+class CTrackedThread : public CWinThread {
+public:
+  CTrackedThread(AFX_THREADPROC pfn, LPVOID param, HANDLE hDeleted)
+      : CWinThread(pfn, param), m_hDeleted(hDeleted) {}
+  ~CTrackedThread() { SetEvent(m_hDeleted); }
+  HANDLE m_hDeleted;
+};
+
+template <class Fn> CRuntimeClass* ThrownClass(Fn fn) {
+  try {
+    fn();
+  } catch (CException* e) {
+    CRuntimeClass* pClass = e->GetRuntimeClass();
+    e->Delete();
+    return pClass;
+  }
+  return NULL;
+}
+
+} // namespace
+
+TEST(WorkerThread, RunsProcWithParamAndItsExitCode) {
+  WorkerData data;
+  CWinThread* pThread =
+      AfxBeginThread(RecordingProc, &data, THREAD_PRIORITY_NORMAL, 0, CREATE_SUSPENDED);
+  ASSERT_NE(pThread, nullptr);
+  pThread->m_bAutoDelete = FALSE;
+  EXPECT_NE(pThread->m_nThreadID, 0u);
+  EXPECT_EQ((HANDLE)*pThread, pThread->m_hThread);
+  pThread->ResumeThread();
+  EXPECT_EQ(Finish(pThread), 17u);
+  EXPECT_EQ(data.ran, 1);
+  EXPECT_EQ(data.seenThread, pThread); // AfxGetThread inside the worker
+  EXPECT_EQ(data.seenParam, &data);
+}
+
+TEST(WorkerThread, PriorityIsSetBeforeItRuns) {
+  WorkerData data;
+  CWinThread* pThread =
+      AfxBeginThread(RecordingProc, &data, THREAD_PRIORITY_BELOW_NORMAL, 0, CREATE_SUSPENDED);
+  ASSERT_NE(pThread, nullptr);
+  pThread->m_bAutoDelete = FALSE;
+  EXPECT_EQ(pThread->GetThreadPriority(), THREAD_PRIORITY_BELOW_NORMAL);
+  EXPECT_TRUE(pThread->SetThreadPriority(THREAD_PRIORITY_LOWEST));
+  EXPECT_EQ(pThread->GetThreadPriority(), THREAD_PRIORITY_LOWEST);
+  pThread->ResumeThread();
+  Finish(pThread);
+  EXPECT_EQ(data.priority, THREAD_PRIORITY_LOWEST);
+}
+
+TEST(WorkerThread, SuspendedStartWaitsForResume) {
+  WorkerData data;
+  CWinThread* pThread =
+      AfxBeginThread(RecordingProc, &data, THREAD_PRIORITY_NORMAL, 0, CREATE_SUSPENDED);
+  ASSERT_NE(pThread, nullptr);
+  pThread->m_bAutoDelete = FALSE;
+  Sleep(100);
+  EXPECT_EQ(data.ran, 0);
+  EXPECT_EQ(pThread->SuspendThread(), 1u); // previous suspend counts
+  EXPECT_EQ(pThread->ResumeThread(), 2u);
+  EXPECT_EQ(pThread->ResumeThread(), 1u);
+  Finish(pThread);
+  EXPECT_EQ(data.ran, 1);
+}
+
+TEST(WorkerThread, AutoDeleteDeletesTheObjectAtThreadEnd) {
+  HANDLE hDeleted = CreateEvent(NULL, TRUE, FALSE, NULL);
+  WorkerData data;
+  CTrackedThread* pThread = new CTrackedThread(RecordingProc, &data, hDeleted);
+  ASSERT_TRUE(pThread->CreateThread());
+  EXPECT_EQ(WaitForSingleObject(hDeleted, 10000), (DWORD)WAIT_OBJECT_0);
+  EXPECT_EQ(data.ran, 1);
+  CloseHandle(hDeleted);
+}
+
+TEST(WorkerThread, NoAutoDeleteKeepsTheObject) {
+  HANDLE hDeleted = CreateEvent(NULL, TRUE, FALSE, NULL);
+  WorkerData data;
+  CTrackedThread* pThread = new CTrackedThread(RecordingProc, &data, hDeleted);
+  pThread->m_bAutoDelete = FALSE;
+  ASSERT_TRUE(pThread->CreateThread());
+  EXPECT_EQ(WaitForSingleObject(pThread->m_hThread, 10000), (DWORD)WAIT_OBJECT_0);
+  EXPECT_EQ(WaitForSingleObject(hDeleted, 0), (DWORD)WAIT_TIMEOUT);
+  EXPECT_FALSE(pThread->CreateThread()); // one thread per object
+  delete pThread;
+  EXPECT_EQ(WaitForSingleObject(hDeleted, 0), (DWORD)WAIT_OBJECT_0);
+  CloseHandle(hDeleted);
+}
+
+TEST(WorkerThread, AfxEndThreadEndsWithItsCode) {
+  LONG after = 0;
+  CWinThread* pThread = AfxBeginThread(
+      [](LPVOID p) -> UINT {
+        AfxEndThread(42);
+        InterlockedExchange((LONG*)p, 1); // never reached
+        return 0;
+      },
+      &after, THREAD_PRIORITY_NORMAL, 0, CREATE_SUSPENDED);
+  ASSERT_NE(pThread, nullptr);
+  pThread->m_bAutoDelete = FALSE;
+  pThread->ResumeThread();
+  EXPECT_EQ(Finish(pThread), 42u);
+  EXPECT_EQ(after, 0);
+}
+
+TEST(WorkerThread, BadArgumentsRaiseInvalidArg) {
+  EXPECT_EQ(ThrownClass([] { AfxBeginThread((AFX_THREADPROC)NULL, NULL); }),
+            RUNTIME_CLASS(CInvalidArgException));
+  // A class that is not a CWinThread cannot run a thread.
+  EXPECT_EQ(ThrownClass([] { AfxBeginThread(RUNTIME_CLASS(CCmdTarget)); }),
+            RUNTIME_CLASS(CInvalidArgException));
+  EXPECT_EQ(ThrownClass([] { AfxBeginThread((CRuntimeClass*)NULL); }),
+            RUNTIME_CLASS(CInvalidArgException));
+}
+
+TEST(ThreadState, OnePerThreadAndStable) {
+  _AFX_THREAD_STATE* mine = AfxGetThreadState();
+  ASSERT_NE(mine, nullptr);
+  EXPECT_EQ(AfxGetThreadState(), mine);
+  WorkerData data;
+  CWinThread* pThread =
+      AfxBeginThread(RecordingProc, &data, THREAD_PRIORITY_NORMAL, 0, CREATE_SUSPENDED);
+  pThread->m_bAutoDelete = FALSE;
+  pThread->ResumeThread();
+  Finish(pThread);
+  EXPECT_NE(data.seenState, nullptr);
+  EXPECT_NE(data.seenState, mine);
+}
+
+static unsigned __stdcall RecordAfxThread(void* p) {
+  *(CWinThread**)p = AfxGetThread();
+  return 0;
+}
+
+TEST(ThreadState, ThreadsNotStartedByAfxHaveNoCWinThread) {
+  CWinThread* seen = (CWinThread*)1;
+  HANDLE h = (HANDLE)_beginthreadex(NULL, 0, &RecordAfxThread, &seen, 0, NULL);
+  WaitForSingleObject(h, INFINITE);
+  CloseHandle(h);
+  EXPECT_EQ(seen, nullptr);
+}
+
+// A user-interface thread: InitInstance makes the message queue and says so;
+// Run pumps messages until WM_QUIT, whose code becomes the exit code.
+class CUiThread : public CWinThread {
+  DECLARE_DYNCREATE(CUiThread)
+public:
+  static HANDLE s_hReady;
+  static LONG s_nMessages;
+  static bool s_bInit;
+  virtual BOOL InitInstance() {
+    MSG msg;
+    PeekMessage(&msg, NULL, 0, 0, PM_NOREMOVE);
+    SetEvent(s_hReady);
+    return s_bInit;
+  }
+  virtual BOOL PreTranslateMessage(MSG* pMsg) {
+    if (pMsg->message == WM_APP) InterlockedIncrement(&s_nMessages);
+    return FALSE;
+  }
+  virtual int ExitInstance() { return s_bInit ? CWinThread::ExitInstance() : 99; }
+};
+IMPLEMENT_DYNCREATE(CUiThread, CWinThread)
+HANDLE CUiThread::s_hReady = NULL;
+LONG CUiThread::s_nMessages = 0;
+bool CUiThread::s_bInit = true;
+
+TEST(UiThread, RunsMessageLoopUntilQuit) {
+  CUiThread::s_hReady = CreateEvent(NULL, FALSE, FALSE, NULL);
+  CUiThread::s_nMessages = 0;
+  CUiThread::s_bInit = true;
+  CWinThread* pThread =
+      AfxBeginThread(RUNTIME_CLASS(CUiThread), THREAD_PRIORITY_NORMAL, 0, CREATE_SUSPENDED);
+  ASSERT_NE(pThread, nullptr);
+  EXPECT_TRUE(pThread->IsKindOf(RUNTIME_CLASS(CUiThread)));
+  pThread->m_bAutoDelete = FALSE;
+  pThread->ResumeThread();
+  ASSERT_EQ(WaitForSingleObject(CUiThread::s_hReady, 10000), (DWORD)WAIT_OBJECT_0);
+  EXPECT_TRUE(pThread->PostThreadMessage(WM_APP, 0, 0));
+  EXPECT_TRUE(pThread->PostThreadMessage(WM_APP, 0, 0));
+  EXPECT_TRUE(pThread->PostThreadMessage(WM_QUIT, 7, 0));
+  EXPECT_EQ(Finish(pThread), 7u);
+  EXPECT_EQ(CUiThread::s_nMessages, 2);
+  CloseHandle(CUiThread::s_hReady);
+}
+
+TEST(UiThread, FailedInitInstanceGoesToExitInstance) {
+  CUiThread::s_hReady = CreateEvent(NULL, FALSE, FALSE, NULL);
+  CUiThread::s_bInit = false;
+  CWinThread* pThread =
+      AfxBeginThread(RUNTIME_CLASS(CUiThread), THREAD_PRIORITY_NORMAL, 0, CREATE_SUSPENDED);
+  ASSERT_NE(pThread, nullptr);
+  pThread->m_bAutoDelete = FALSE;
+  pThread->ResumeThread();
+  EXPECT_EQ(Finish(pThread), 99u);
+  CUiThread::s_bInit = true;
+  CloseHandle(CUiThread::s_hReady);
+}

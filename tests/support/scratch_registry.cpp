@@ -1,0 +1,196 @@
+#include "scratch_registry.h"
+
+#include <algorithm>
+
+const char ScratchRegistry::kRoot[] = "Software\\Tamrix";
+
+// Registry names compare without regard to case.
+static std::string Lower(std::string s) {
+  CharLowerBuffA(&s[0], (DWORD)s.size());
+  return s;
+}
+
+static HKEY Open(const std::string& path, REGSAM access = KEY_READ) {
+  HKEY hKey = NULL;
+  if (RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, access, &hKey) != ERROR_SUCCESS)
+    return NULL;
+  return hKey;
+}
+
+// The names of a key's subkeys or values.
+static std::vector<std::string> Names(HKEY hKey, bool subkeys) {
+  std::vector<std::string> names;
+  for (DWORD i = 0;; i++) {
+    char name[16384];
+    DWORD cch = sizeof(name);
+    LONG r = subkeys ? RegEnumKeyExA(hKey, i, name, &cch, NULL, NULL, NULL, NULL)
+                     : RegEnumValueA(hKey, i, name, &cch, NULL, NULL, NULL, NULL);
+    if (r != ERROR_SUCCESS) break;
+    names.push_back(std::string(name, cch));
+  }
+  return names;
+}
+
+static bool QueryValue(HKEY hKey, const std::string& name, DWORD* type, std::vector<BYTE>* data) {
+  DWORD cb = 0;
+  if (RegQueryValueExA(hKey, name.c_str(), NULL, type, NULL, &cb) != ERROR_SUCCESS) return false;
+  data->resize(cb);
+  if (RegQueryValueExA(hKey, name.c_str(), NULL, type, data->empty() ? NULL : data->data(), &cb) !=
+      ERROR_SUCCESS)
+    return false;
+  data->resize(cb);
+  return true;
+}
+
+void ScratchRegistry::Take(const std::string& path, Snapshot* snapshot,
+                           std::map<std::string, std::string>* names) {
+  HKEY hKey = Open(path);
+  if (hKey == NULL) return;
+  Values& values = (*snapshot)[Lower(path)];
+  if (names != nullptr) (*names)[Lower(path)] = path;
+  for (const std::string& name : Names(hKey, false)) {
+    Value v;
+    if (QueryValue(hKey, name, &v.type, &v.data)) values[Lower(name)] = v;
+  }
+  std::vector<std::string> subkeys = Names(hKey, true);
+  RegCloseKey(hKey);
+  for (const std::string& sub : subkeys)
+    Take(path + "\\" + sub, snapshot, names);
+}
+
+ScratchRegistry::ScratchRegistry() { Take(kRoot, &m_before, &m_names); }
+
+ScratchRegistry::~ScratchRegistry() { Restore(kRoot); }
+
+// Walks the key as it is now: keys that did not exist go entirely, values
+// that were added go, values that changed get their old data back; then
+// keys and values that disappeared are made again.
+void ScratchRegistry::Restore(const std::string& path) {
+  Snapshot now;
+  Take(path, &now, nullptr);
+  for (const auto& key : now) {
+    auto before = m_before.find(key.first);
+    if (before == m_before.end()) continue; // deleted with its new ancestor below
+    HKEY hKey = Open(key.first, KEY_READ | KEY_WRITE);
+    if (hKey == NULL) continue;
+    for (const auto& value : key.second) {
+      if (before->second.find(value.first) == before->second.end())
+        RegDeleteValueA(hKey, value.first.c_str());
+    }
+    RegCloseKey(hKey);
+  }
+  // New keys: delete the topmost new ones (children go with them).
+  for (const auto& key : now) {
+    if (m_before.count(key.first)) continue;
+    std::string parent = key.first.substr(0, key.first.rfind('\\'));
+    if (!now.count(parent) || m_before.count(parent)) DeleteTree(key.first);
+  }
+  for (const auto& key : m_before) {
+    HKEY hKey = NULL;
+    if (RegCreateKeyExA(HKEY_CURRENT_USER, m_names[key.first].c_str(), 0, NULL, 0,
+                        KEY_READ | KEY_WRITE, NULL, &hKey, NULL) != ERROR_SUCCESS)
+      continue;
+    for (const auto& value : key.second) {
+      DWORD type;
+      std::vector<BYTE> data;
+      if (!QueryValue(hKey, value.first, &type, &data) || type != value.second.type ||
+          data != value.second.data)
+        RegSetValueExA(hKey, value.first.c_str(), 0, value.second.type,
+                       value.second.data.empty() ? NULL : value.second.data.data(),
+                       (DWORD)value.second.data.size());
+    }
+    RegCloseKey(hKey);
+  }
+}
+
+bool ScratchRegistry::KeyExists(const std::string& path) {
+  HKEY hKey = Open(path);
+  if (hKey == NULL) return false;
+  RegCloseKey(hKey);
+  return true;
+}
+
+DWORD ScratchRegistry::ValueType(const std::string& path, const std::string& name) {
+  HKEY hKey = Open(path);
+  if (hKey == NULL) return REG_NONE;
+  DWORD type = REG_NONE;
+  if (RegQueryValueExA(hKey, name.c_str(), NULL, &type, NULL, NULL) != ERROR_SUCCESS)
+    type = REG_NONE;
+  RegCloseKey(hKey);
+  return type;
+}
+
+bool ScratchRegistry::ValueExists(const std::string& path, const std::string& name) {
+  HKEY hKey = Open(path);
+  if (hKey == NULL) return false;
+  bool exists = RegQueryValueExA(hKey, name.c_str(), NULL, NULL, NULL, NULL) == ERROR_SUCCESS;
+  RegCloseKey(hKey);
+  return exists;
+}
+
+static bool Read(const std::string& path, const std::string& name, DWORD wantType,
+                 std::vector<BYTE>* data) {
+  HKEY hKey = Open(path);
+  if (hKey == NULL) return false;
+  DWORD type = REG_NONE;
+  bool ok = QueryValue(hKey, name, &type, data) && type == wantType;
+  RegCloseKey(hKey);
+  return ok;
+}
+
+bool ScratchRegistry::ReadString(const std::string& path, const std::string& name,
+                                 std::string* value) {
+  std::vector<BYTE> data;
+  if (!Read(path, name, REG_SZ, &data)) return false;
+  value->assign(data.begin(), data.end());
+  while (!value->empty() && value->back() == '\0')
+    value->pop_back();
+  return true;
+}
+
+bool ScratchRegistry::ReadDword(const std::string& path, const std::string& name, DWORD* value) {
+  std::vector<BYTE> data;
+  if (!Read(path, name, REG_DWORD, &data) || data.size() != sizeof(DWORD)) return false;
+  memcpy(value, data.data(), sizeof(DWORD));
+  return true;
+}
+
+bool ScratchRegistry::ReadBinary(const std::string& path, const std::string& name,
+                                 std::vector<BYTE>* value) {
+  return Read(path, name, REG_BINARY, value);
+}
+
+static bool Write(const std::string& path, const std::string& name, DWORD type, const void* data,
+                  DWORD cb) {
+  HKEY hKey = NULL;
+  if (RegCreateKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, NULL, 0, KEY_WRITE, NULL, &hKey, NULL) !=
+      ERROR_SUCCESS)
+    return false;
+  bool ok = RegSetValueExA(hKey, name.c_str(), 0, type, (const BYTE*)data, cb) == ERROR_SUCCESS;
+  RegCloseKey(hKey);
+  return ok;
+}
+
+bool ScratchRegistry::WriteString(const std::string& path, const std::string& name,
+                                  const std::string& value) {
+  return Write(path, name, REG_SZ, value.c_str(), (DWORD)value.size() + 1);
+}
+
+bool ScratchRegistry::WriteDword(const std::string& path, const std::string& name, DWORD value) {
+  return Write(path, name, REG_DWORD, &value, sizeof(value));
+}
+
+bool ScratchRegistry::WriteBinary(const std::string& path, const std::string& name,
+                                  const std::vector<BYTE>& value) {
+  return Write(path, name, REG_BINARY, value.data(), (DWORD)value.size());
+}
+
+bool ScratchRegistry::DeleteTree(const std::string& path) {
+  HKEY hKey = Open(path, KEY_READ | KEY_WRITE);
+  if (hKey == NULL) return !KeyExists(path);
+  std::vector<std::string> subkeys = Names(hKey, true);
+  RegCloseKey(hKey);
+  for (const std::string& sub : subkeys)
+    DeleteTree(path + "\\" + sub);
+  return RegDeleteKeyA(HKEY_CURRENT_USER, path.c_str()) == ERROR_SUCCESS;
+}
