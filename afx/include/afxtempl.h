@@ -290,7 +290,7 @@ public:
   // Compares with CompareElements; NULL when not found.
   POSITION Find(ARG_TYPE searchValue, POSITION startAfter = NULL) const {
     return AfxCollImpl::Find(*this, startAfter, [&searchValue](const TYPE& data) {
-      return CompareElements<TYPE, ARG_TYPE>(&data, &searchValue) != FALSE;
+      return CompareElements<TYPE>(&data, &searchValue) != FALSE;
     });
   }
   POSITION FindIndex(INT_PTR nIndex) const { return AfxCollImpl::FindIndex(*this, nIndex); }
@@ -325,7 +325,7 @@ protected:
 // ---- CMap ------------------------------------------------------------------
 
 // A chained hash table (17 buckets unless InitHashTable says otherwise)
-// hashed by HashKey<ARG_KEY> and compared by CompareElements<KEY, ARG_KEY>.
+// hashed by HashKey<ARG_KEY> and compared by CompareElements.
 template <class KEY, class ARG_KEY, class VALUE, class ARG_VALUE> class CMap : public CObject {
 public:
   struct CPair {
@@ -383,7 +383,7 @@ public:
 
   BOOL RemoveKey(ARG_KEY key) {
     return AfxCollImpl::RemoveKey(*this, HashKey<ARG_KEY>(key), [&key](const CAssoc* p) {
-      return CompareElements<KEY, ARG_KEY>(&p->key, &key) != FALSE;
+      return CompareElements<KEY>(&p->key, &key) != FALSE;
     });
   }
   void RemoveAll() { AfxCollImpl::RemoveAllAssocs(*this); }
@@ -444,7 +444,7 @@ protected:
   CAssoc* GetAssocAt(ARG_KEY key, UINT& nHashValue) const {
     nHashValue = HashKey<ARG_KEY>(key);
     return AfxCollImpl::FindAssoc(*this, nHashValue, [&key](const CAssoc* p) {
-      return CompareElements<KEY, ARG_KEY>(&p->key, &key) != FALSE;
+      return CompareElements<KEY>(&p->key, &key) != FALSE;
     });
   }
 };
