@@ -1,0 +1,54 @@
+// Helpers shared by the collection tests: MFC-style exception checks and an
+// element type that counts its constructions and destructions.
+#ifndef VRK_TESTS_AFX_COLL_TESTING_H
+#define VRK_TESTS_AFX_COLL_TESTING_H
+
+#include <afx.h>
+
+// Runs f; true when it throws an E* (which is deleted). Any other CException
+// is deleted and counts as a failure.
+template <class E, class F> bool ThrowsMfc(F f) {
+  try {
+    f();
+  } catch (E* e) {
+    e->Delete();
+    return true;
+  } catch (CException* e) {
+    e->Delete();
+    return false;
+  }
+  return false;
+}
+
+// The cause of the CArchiveException f throws; -1 for none or another kind.
+template <class F> int ArchiveCause(F f) {
+  try {
+    f();
+  } catch (CArchiveException* e) {
+    int cause = e->m_cause;
+    e->Delete();
+    return cause;
+  } catch (CException* e) {
+    e->Delete();
+  }
+  return -1;
+}
+
+// Counts live instances; copies and assignments keep the value.
+struct Counted {
+  static int s_live;
+  static int s_constructed;
+  int value;
+  Counted() : value(-1) { ++s_live, ++s_constructed; }
+  Counted(int v) : value(v) { ++s_live, ++s_constructed; }
+  Counted(const Counted& o) : value(o.value) { ++s_live, ++s_constructed; }
+  Counted& operator=(const Counted& o) {
+    value = o.value;
+    return *this;
+  }
+  ~Counted() { --s_live; }
+  bool operator==(const Counted& o) const { return value == o.value; }
+  static void Reset() { s_live = s_constructed = 0; }
+};
+
+#endif

@@ -1,0 +1,268 @@
+// CArray and the non-template arrays: MFC's growth rule (seen through
+// GetData's stability), element construction, insertion and removal, and
+// the exceptions bad indexes and sizes raise.
+#include <afxtempl.h>
+#include <gtest/gtest.h>
+
+#include "coll_testing.h"
+
+int Counted::s_live = 0;
+int Counted::s_constructed = 0;
+
+// Adds elements until the block moves; returns the size at which it moved.
+template <class ARR> static INT_PTR SizeWhenBlockMoves(ARR& a) {
+  const void* p = a.GetData();
+  for (INT_PTR i = 0; i < 100000; i++) {
+    a.Add(0);
+    if (a.GetData() != p) return a.GetSize();
+  }
+  return -1;
+}
+
+TEST(ArrayGrowth, FirstBlockHoldsNewSizeOrGrowBy) {
+  CArray<int, int> a; // grow-by 0: the first block is exactly the new size
+  a.SetSize(1, 0);
+  EXPECT_EQ(2, SizeWhenBlockMoves(a)); // size 1 / 8 -> step 4: block of 5
+  EXPECT_EQ(6, SizeWhenBlockMoves(a)); // 5 / 8 -> 4: block of 9
+  EXPECT_EQ(10, SizeWhenBlockMoves(a));
+
+  CArray<int, int> b;
+  b.SetSize(0, 10); // the first Add makes a block of max(1, 10)
+  b.Add(1);
+  EXPECT_EQ(11, SizeWhenBlockMoves(b)); // then steps of 10: block of 20
+  EXPECT_EQ(21, SizeWhenBlockMoves(b));
+}
+
+TEST(ArrayGrowth, DefaultStepIsAnEighthClampedTo4And1024) {
+  CArray<int, int> a;
+  a.SetSize(8000); // exact first block
+  EXPECT_EQ(8001, SizeWhenBlockMoves(a));
+  // 8000 / 8 = 1000 more slots
+  const int* p = a.GetData();
+  a.SetSize(9000);
+  EXPECT_EQ(p, a.GetData());
+  a.SetSize(9001);
+  EXPECT_NE(p, a.GetData());
+
+  CArray<BYTE, BYTE> big;
+  big.SetSize(20000); // 20000 / 8 = 2500, clamped to 1024
+  EXPECT_EQ(20001, SizeWhenBlockMoves(big));
+  p = (const int*)big.GetData();
+  big.SetSize(21024);
+  EXPECT_EQ(p, (const int*)big.GetData());
+  big.SetSize(21025);
+  EXPECT_NE(p, (const int*)big.GetData());
+}
+
+TEST(ArrayGrowth, MinusOneKeepsTheStepAndGrowthStartsFromTheBlock) {
+  CDWordArray a;
+  a.SetSize(3, 16); // block of 16
+  const DWORD* p = a.GetData();
+  a.SetSize(16);
+  EXPECT_EQ(p, a.GetData());
+  a.SetSize(2); // shrinking keeps the block...
+  EXPECT_EQ(p, a.GetData());
+  a.SetSize(17); // ...and growth adds the step to the block: 32
+  p = a.GetData();
+  a.SetSize(32, -1);
+  EXPECT_EQ(p, a.GetData());
+  a.SetSize(33);
+  EXPECT_NE(p, a.GetData());
+}
+
+TEST(ArrayGrowth, FreeExtraAndZeroSizeRelease) {
+  CByteArray a;
+  a.SetSize(10, 100);
+  const BYTE* p = a.GetData();
+  a.FreeExtra();
+  EXPECT_NE(p, a.GetData());
+  p = a.GetData();
+  a.Add(1); // the block was trimmed to 10
+  EXPECT_NE(p, a.GetData());
+  a.SetSize(0);
+  EXPECT_EQ(NULL, a.GetData());
+  a.FreeExtra();
+  EXPECT_EQ(NULL, a.GetData());
+  EXPECT_TRUE(a.IsEmpty());
+}
+
+TEST(ArrayElements, NewElementsAreZeroAndConstructedOnce) {
+  CArray<int, int> ints;
+  ints.SetSize(3);
+  ints[1] = 7;
+  ints.SetSize(1);
+  ints.SetSize(3); // slots reused after a shrink are zeroed again
+  EXPECT_EQ(0, ints[1]);
+  ints[2] = 5;
+  ints.SetSize(4); // and so are those of a new block
+  EXPECT_EQ(5, ints[2]);
+  EXPECT_EQ(0, ints[3]);
+
+  CObArray obs;
+  obs.SetSize(5);
+  for (int i = 0; i < 5; i++)
+    EXPECT_EQ(NULL, obs[i]);
+
+  Counted::Reset();
+  {
+    CArray<Counted> a;
+    a.SetSize(5);
+    EXPECT_EQ(5, Counted::s_live);
+    EXPECT_EQ(-1, a[4].value);
+    a.SetSize(2000); // moving the block copies no element
+    EXPECT_EQ(2000, Counted::s_constructed);
+    a.SetSize(2);
+    EXPECT_EQ(2, Counted::s_live);
+    a.InsertAt(1, Counted(9), 3);
+    a.RemoveAt(0, 2);
+    EXPECT_EQ(3, a.GetSize());
+    EXPECT_EQ(9, a[0].value);
+    EXPECT_EQ(3, Counted::s_live);
+  }
+  EXPECT_EQ(0, Counted::s_live);
+}
+
+TEST(ArrayEdit, InsertRemoveAppendCopy) {
+  CArray<int, int> a;
+  for (int i = 1; i <= 3; i++)
+    a.Add(i);
+  a.InsertAt(1, 9, 2);
+  ASSERT_EQ(5, a.GetSize());
+  int expected[] = {1, 9, 9, 2, 3};
+  for (int i = 0; i < 5; i++)
+    EXPECT_EQ(expected[i], a[i]);
+  a.InsertAt(7, 5); // past the end: the gap is zero
+  ASSERT_EQ(8, a.GetSize());
+  EXPECT_EQ(0, a[5]);
+  EXPECT_EQ(5, a[7]);
+  a.RemoveAt(1, 4);
+  ASSERT_EQ(4, a.GetSize());
+  EXPECT_EQ(1, a[0]);
+  EXPECT_EQ(0, a[1]);
+  EXPECT_EQ(3, a.GetUpperBound());
+
+  CArray<int, int> b;
+  b.Add(100);
+  b.Add(200);
+  EXPECT_EQ(4, a.Append(b));
+  EXPECT_EQ(200, a[5]);
+  a.InsertAt(0, &b);
+  EXPECT_EQ(100, a[0]);
+  EXPECT_EQ(200, a[1]);
+  EXPECT_EQ(1, a[2]);
+  b.Copy(a);
+  EXPECT_EQ(8, b.GetSize());
+  EXPECT_EQ(200, b[7]);
+  b.Copy(b);
+  EXPECT_EQ(8, b.GetSize());
+
+  a.SetAtGrow(10, 42);
+  EXPECT_EQ(11, a.GetSize());
+  EXPECT_EQ(0, a[9]);
+  EXPECT_EQ(42, a.ElementAt(10));
+}
+
+TEST(ArrayEdit, ElementOfTheArrayAsArgumentSurvivesReallocation) {
+  CArray<CString, const CString&> a;
+  a.Add(CString("first, long enough to have its own buffer"));
+  for (int i = 0; i < 100; i++)
+    a.Add(a[0]);
+  a.InsertAt(0, a[a.GetUpperBound()], 50);
+  for (INT_PTR i = 0; i < a.GetSize(); i++)
+    ASSERT_STREQ("first, long enough to have its own buffer", a[i]);
+}
+
+TEST(ArrayErrors, BadIndexesAndSizesThrow) {
+  CArray<int, int> a;
+  a.SetSize(3);
+  const CArray<int, int>& c = a;
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.GetAt(3); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { c[-1]; }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.SetAt(3, 1); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.ElementAt(100); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.SetSize(-1); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.RemoveAt(2, 2); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.RemoveAt(-1); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.RemoveAt(0, 0x7FFFFFFF); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.InsertAt(-1, 0); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.InsertAt(0, 0, 0); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.SetAtGrow(-5, 0); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.Append(a); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.InsertAt(0, &a); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.InsertAt(0, (CArray<int, int>*)NULL); }));
+  a.RemoveAt(3, 0); // an empty range at the end is fine
+  EXPECT_EQ(3, a.GetSize());
+
+  // Sizes no address space can hold fail as memory, not as a crash.
+  EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { a.SetSize(0x7FFFFFFF); }));
+  EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { a.SetAtGrow(0x7FFFFFFE, 1); }));
+  EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { a.InsertAt(1, 0, 0x7FFFFFFF); }));
+  EXPECT_EQ(3, a.GetSize());
+  CDWordArray d;
+  EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { d.SetSize(0x40000001); }));
+  EXPECT_TRUE(d.IsEmpty());
+}
+
+TEST(NonTemplateArrays, MembersAndRuntimeClasses) {
+  CStringArray s;
+  s.Add("one");
+  s.Add(CString("three"));
+  s.InsertAt(1, "two");
+  s.InsertAt(3, CString("four"), 2);
+  s.SetAtGrow(6, "seven");
+  ASSERT_EQ(7, s.GetCount());
+  EXPECT_STREQ("two", s[1]);
+  EXPECT_STREQ("four", s.GetAt(4));
+  EXPECT_TRUE(s[5].IsEmpty());
+  s.SetAt(5, CString("six"));
+  s.RemoveAt(0);
+  EXPECT_STREQ("six", s[4]);
+  CStringArray t;
+  t.Copy(s);
+  s.RemoveAll();
+  EXPECT_STREQ("seven", t[5]);
+
+  CWordArray w;
+  w.Add(1);
+  w.Add(0xFFFF);
+  EXPECT_EQ(0xFFFF, w[1]);
+  CUIntArray u;
+  u.SetAtGrow(2, 5);
+  EXPECT_EQ(0u, u[0]);
+  CPtrArray p;
+  p.Add(&u);
+  EXPECT_EQ(&u, p[0]);
+
+  EXPECT_TRUE(CByteArray().IsSerializable());
+  EXPECT_TRUE(CStringArray().IsSerializable());
+  EXPECT_FALSE(CUIntArray().IsSerializable());
+  EXPECT_FALSE(CPtrArray().IsSerializable());
+  EXPECT_STREQ("CObArray", CObArray().GetRuntimeClass()->m_lpszClassName);
+  EXPECT_EQ(RUNTIME_CLASS(CWordArray), CRuntimeClass::FromName("CWordArray"));
+  CObject* created = CRuntimeClass::CreateObject("CStringArray");
+  ASSERT_TRUE(created != NULL);
+  EXPECT_TRUE(created->IsKindOf(RUNTIME_CLASS(CStringArray)));
+  delete created;
+}
+
+class CShape : public CObject {
+public:
+  explicit CShape(int n = 0) : m_n(n) {}
+  int m_n;
+};
+
+TEST(TypedPtrArray, TypedAccess) {
+  CShape a(1), b(2);
+  CTypedPtrArray<CObArray, CShape*> arr;
+  arr.Add(&a);
+  arr.InsertAt(0, &b);
+  CShape* first = arr[0];
+  EXPECT_EQ(2, first->m_n);
+  arr.ElementAt(1) = &b;
+  EXPECT_EQ(2, arr.GetAt(1)->m_n);
+  CTypedPtrArray<CObArray, CShape*> copy;
+  copy.Copy(arr);
+  copy.Append(arr);
+  EXPECT_EQ(4, copy.GetSize());
+  EXPECT_EQ(&b, copy.GetData()[3]);
+}

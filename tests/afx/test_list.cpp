@@ -1,0 +1,184 @@
+// CList and the non-template lists: order, positions, insertion and removal,
+// searching, node reuse, and the exceptions empty lists and NULL positions
+// raise.
+#include <afxtempl.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "coll_testing.h"
+
+int Counted::s_live = 0;
+int Counted::s_constructed = 0;
+
+// The list's elements head to tail, and tail to head reversed, joined by ','.
+template <class LIST> static std::string Forward(const LIST& l) {
+  std::string s;
+  for (POSITION pos = l.GetHeadPosition(); pos != NULL;)
+    s += std::string(s.empty() ? "" : ",") + (LPCTSTR)l.GetNext(pos);
+  std::string back;
+  for (POSITION pos = l.GetTailPosition(); pos != NULL;)
+    back = std::string((LPCTSTR)l.GetPrev(pos)) + (back.empty() ? "" : ",") + back;
+  EXPECT_EQ(s, back) << "the backward links disagree";
+  return s;
+}
+
+TEST(List, AddInsertRemoveKeepOrderBothWays) {
+  CStringList l;
+  EXPECT_TRUE(l.IsEmpty());
+  l.AddTail("b");
+  l.AddHead("a");
+  POSITION c = l.AddTail(CString("c"));
+  EXPECT_EQ("a,b,c", Forward(l));
+  l.InsertBefore(c, "b2");
+  l.InsertAfter(c, CString("d"));
+  l.InsertBefore(NULL, "first");
+  l.InsertAfter(NULL, "last");
+  EXPECT_EQ("first,a,b,b2,c,d,last", Forward(l));
+  EXPECT_EQ(7, l.GetCount());
+
+  l.RemoveAt(c);
+  EXPECT_STREQ("first", l.RemoveHead());
+  EXPECT_STREQ("last", l.RemoveTail());
+  EXPECT_EQ("a,b,b2,d", Forward(l));
+  l.RemoveAt(l.GetHeadPosition());
+  l.RemoveAt(l.GetTailPosition());
+  EXPECT_EQ("b,b2", Forward(l));
+  EXPECT_STREQ("b", l.GetHead());
+  EXPECT_STREQ("b2", l.GetTail());
+  l.SetAt(l.GetHeadPosition(), "B");
+  l.GetTail() = "B2";
+  EXPECT_EQ("B,B2", Forward(l));
+  l.RemoveAll();
+  EXPECT_EQ(0, l.GetSize());
+  EXPECT_EQ(NULL, l.GetHeadPosition());
+  EXPECT_EQ(NULL, l.GetTailPosition());
+}
+
+TEST(List, FindAndFindIndex) {
+  CStringList l;
+  l.AddTail("x");
+  l.AddTail("y");
+  l.AddTail("X");
+  POSITION second = l.AddTail("x");
+  POSITION first = l.Find("x");
+  EXPECT_EQ(l.GetHeadPosition(), first);
+  EXPECT_EQ(second, l.Find("x", first)); // searches after startAfter
+  EXPECT_EQ(NULL, l.Find("x", second));
+  EXPECT_EQ(NULL, l.Find("Y")); // case-sensitive
+  EXPECT_EQ(second, l.FindIndex(3));
+  EXPECT_EQ(NULL, l.FindIndex(4));
+  EXPECT_EQ(NULL, l.FindIndex(-1));
+
+  CList<int, int> ints;
+  for (int i = 0; i < 5; i++)
+    ints.AddTail(i * 10);
+  POSITION pos = ints.Find(30);
+  ASSERT_TRUE(pos != NULL);
+  EXPECT_EQ(30, ints.GetAt(pos));
+  EXPECT_EQ(pos, ints.FindIndex(3));
+
+  CObList obs;
+  CStringList someObject;
+  obs.AddTail(&someObject);
+  obs.AddTail((CObject*)NULL);
+  EXPECT_EQ(obs.GetTailPosition(), obs.Find(NULL));
+  EXPECT_EQ(obs.GetHeadPosition(), obs.Find(&someObject));
+}
+
+TEST(List, AddingWholeListsIncludingItself) {
+  CList<int, int> a, b;
+  a.AddTail(1);
+  a.AddTail(2);
+  b.AddTail(8);
+  b.AddTail(9);
+  a.AddHead(&b);
+  a.AddTail(&b);
+  std::string s;
+  for (POSITION pos = a.GetHeadPosition(); pos != NULL;)
+    s += char('0' + a.GetNext(pos));
+  EXPECT_EQ("891289", s);
+  b.AddTail(&b);
+  b.AddHead(&b);
+  s.clear();
+  for (POSITION pos = b.GetHeadPosition(); pos != NULL;)
+    s += char('0' + b.GetNext(pos));
+  EXPECT_EQ("89898989", s);
+}
+
+TEST(List, NodesComeFromBlocksAndAreReused) {
+  CPtrList l(4);
+  POSITION p0 = l.AddTail((void*)0);
+  POSITION p1 = l.AddTail((void*)1);
+  // a node is next, previous and data: consecutive nodes of a block, lowest first
+  EXPECT_EQ(3 * sizeof(void*), (size_t)((BYTE*)p1 - (BYTE*)p0));
+  l.RemoveAt(p0);
+  EXPECT_EQ(p0, l.AddHead((void*)2)); // the freed node is taken first
+  for (int i = 0; i < 10; i++)
+    l.AddTail((void*)(INT_PTR)i);
+  EXPECT_EQ(12, l.GetCount());
+
+  CPtrList zero(0); // a block size of 0 still works, a node at a time
+  for (int i = 0; i < 3; i++)
+    zero.AddHead((void*)&zero);
+  EXPECT_EQ(3, zero.GetCount());
+}
+
+TEST(List, ElementsAreConstructedAndDestroyed) {
+  Counted::Reset();
+  {
+    CList<Counted> l;
+    for (int i = 0; i < 25; i++)
+      l.AddTail(Counted(i));
+    EXPECT_EQ(25, Counted::s_live);
+    EXPECT_EQ(0, l.RemoveHead().value);
+    l.RemoveAt(l.FindIndex(5));
+    EXPECT_EQ(23, Counted::s_live);
+    EXPECT_EQ(7, l.GetAt(l.Find(Counted(7))).value);
+  }
+  EXPECT_EQ(0, Counted::s_live);
+}
+
+TEST(List, EmptyListsAndNullPositionsThrow) {
+  CObList l;
+  const CObList& c = l;
+  POSITION none = NULL;
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { l.GetHead(); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { c.GetTail(); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { l.RemoveHead(); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { l.RemoveTail(); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { l.GetNext(none); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { c.GetPrev(none); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { l.GetAt(NULL); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { l.SetAt(NULL, NULL); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { l.RemoveAt(NULL); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { l.AddTail((CObList*)NULL); }));
+  CList<int, int> t;
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { t.RemoveTail(); }));
+  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { t.AddHead((CList<int, int>*)NULL); }));
+  EXPECT_TRUE(l.IsEmpty());
+}
+
+class CShape : public CObject {
+public:
+  explicit CShape(int n = 0) : m_n(n) {}
+  int m_n;
+};
+
+TEST(TypedPtrList, TypedAccess) {
+  CShape a(1), b(2);
+  CTypedPtrList<CObList, CShape*> l;
+  l.AddTail(&a);
+  l.AddHead(&b);
+  EXPECT_EQ(2, l.GetHead()->m_n);
+  POSITION pos = l.GetHeadPosition();
+  l.GetNext(pos);
+  CShape* second = l.GetAt(pos);
+  EXPECT_EQ(1, second->m_n);
+  CTypedPtrList<CObList, CShape*> other;
+  other.AddTail(&l);
+  EXPECT_EQ(&a, other.RemoveTail());
+  EXPECT_EQ(&b, other.RemoveHead());
+  EXPECT_TRUE(CObList().IsSerializable());
+  EXPECT_FALSE(CPtrList().IsSerializable());
+}
