@@ -1,0 +1,637 @@
+// CArchive: the exact bytes of MFC's persistent format, round trips, and
+// each failure's CArchiveException cause.
+#include <afx.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+// ---- serializable test classes ---------------------------------------------
+
+class CArcPoint : public CObject {
+  DECLARE_SERIAL(CArcPoint)
+public:
+  CArcPoint(LONG x0 = 0, LONG y0 = 0) : x(x0), y(y0) {}
+  void Serialize(CArchive& ar) override {
+    if (ar.IsStoring())
+      ar << x << y;
+    else
+      ar >> x >> y;
+  }
+  LONG x, y;
+};
+IMPLEMENT_SERIAL(CArcPoint, CObject, 1)
+
+class CArcShape : public CObject {
+  DECLARE_SERIAL(CArcShape)
+public:
+  void Serialize(CArchive& ar) override {
+    if (ar.IsStoring()) {
+      ar << name << a << b;
+    } else {
+      ar >> name >> a >> b;
+    }
+  }
+  CString name;
+  CArcPoint* a = NULL;
+  CArcPoint* b = NULL;
+};
+IMPLEMENT_SERIAL(CArcShape, CObject, 2)
+
+// Reads older schemas itself.
+class CArcVersioned : public CObject {
+  DECLARE_SERIAL(CArcVersioned)
+public:
+  void Serialize(CArchive& ar) override {
+    if (ar.IsStoring()) {
+      ar << value;
+    } else {
+      seenSchema = ar.GetObjectSchema();
+      if (seenSchema >= 2) ar >> value;
+    }
+  }
+  WORD value = 7;
+  UINT seenSchema = 0;
+};
+IMPLEMENT_SERIAL(CArcVersioned, CObject, VERSIONABLE_SCHEMA | 3)
+
+namespace {
+
+std::string Hex(const std::string& bytes) {
+  std::string s;
+  char part[4];
+  for (unsigned char c : bytes) {
+    snprintf(part, sizeof(part), "%02X ", c);
+    s += part;
+  }
+  if (!s.empty()) s.pop_back();
+  return s;
+}
+
+std::string FileBytes(CMemFile& file) {
+  std::string s((size_t)file.GetLength(), '\0');
+  file.SeekToBegin();
+  if (!s.empty()) file.Read(&s[0], (UINT)s.size());
+  return s;
+}
+
+// What an archive writes when fn stores into it.
+template <class F> std::string Stored(F fn) {
+  CMemFile file;
+  CArchive ar(&file, CArchive::store);
+  fn(ar);
+  ar.Close();
+  return FileBytes(file);
+}
+
+// A loading archive over bytes (a fixed CMemFile: read in place).
+struct Loading {
+  explicit Loading(const std::string& b, int nBufSize = 4096, void* lpBuf = NULL)
+      : bytes(b), file((BYTE*)&bytes[0], (UINT)bytes.size()),
+        ar(&file, CArchive::load, nBufSize, lpBuf) {}
+  std::string bytes;
+  CMemFile file;
+  CArchive ar;
+};
+
+// The cause of the CArchiveException fn throws; -1 for none, -2 for another
+// kind of exception.
+template <class F> int ArchiveCause(F fn) {
+  try {
+    fn();
+  } catch (CArchiveException* e) {
+    int cause = e->m_cause;
+    e->Delete();
+    return cause;
+  } catch (CException* e) {
+    e->Delete();
+    return -2;
+  }
+  return -1;
+}
+
+std::string ClassRecord(WORD schema, const std::string& name) {
+  std::string s("\xFF\xFF", 2);
+  s += (char)(schema & 0xFF);
+  s += (char)(schema >> 8);
+  s += (char)(name.size() & 0xFF);
+  s += (char)(name.size() >> 8);
+  return s + name;
+}
+
+const std::string kPoint12 = std::string("\x01\x00\x00\x00\x02\x00\x00\x00", 8);
+
+} // namespace
+
+// ---- primitive values ------------------------------------------------------
+
+TEST(ArchivePrimitives, LittleEndianWidthsOfEveryOperator) {
+  std::string bytes = Stored([](CArchive& ar) {
+    ar << (BYTE)0x01 << (WORD)0x0302 << (LONG)-2 << (DWORD)0x07060504;
+    ar << 1.5f << 2.25 << (LONGLONG)-3 << (ULONGLONG)0x1122334455667788ULL;
+    ar << (int)9 << (short)-1 << 'A' << L'\x263A' << (unsigned)10 << true << false;
+  });
+  EXPECT_EQ("01 02 03 FE FF FF FF 04 05 06 07 00 00 C0 3F 00 00 00 00 00 00 02 40 "
+            "FD FF FF FF FF FF FF FF 88 77 66 55 44 33 22 11 09 00 00 00 FF FF 41 "
+            "3A 26 0A 00 00 00 01 00",
+            Hex(bytes));
+
+  Loading in(bytes);
+  BYTE by;
+  WORD w;
+  LONG l;
+  DWORD dw;
+  float f;
+  double d;
+  LONGLONG ll;
+  ULONGLONG ull;
+  int i;
+  short sh;
+  char ch;
+  wchar_t wch;
+  unsigned u;
+  bool b1, b2;
+  in.ar >> by >> w >> l >> dw >> f >> d >> ll >> ull >> i >> sh >> ch >> wch >> u >> b1 >> b2;
+  EXPECT_EQ(1, by);
+  EXPECT_EQ(0x0302, w);
+  EXPECT_EQ(-2, l);
+  EXPECT_EQ(0x07060504u, dw);
+  EXPECT_EQ(1.5f, f);
+  EXPECT_EQ(2.25, d);
+  EXPECT_EQ(-3, ll);
+  EXPECT_EQ(0x1122334455667788ULL, ull);
+  EXPECT_EQ(9, i);
+  EXPECT_EQ(-1, sh);
+  EXPECT_EQ('A', ch);
+  EXPECT_EQ(L'\x263A', wch);
+  EXPECT_EQ(10u, u);
+  EXPECT_TRUE(b1);
+  EXPECT_FALSE(b2);
+  EXPECT_TRUE(in.ar.IsBufferEmpty());
+}
+
+TEST(ArchivePrimitives, SmallUserBufferRefillsAcrossValues) {
+  CMemFile file;
+  {
+    CArchive ar(&file, CArchive::store);
+    for (LONG i = 0; i < 1000; ++i)
+      ar << i << (BYTE)i;
+    ar.Close();
+  }
+  ASSERT_EQ(5000u, file.GetLength());
+  file.SeekToBegin();
+  BYTE buf[11]; // odd size: values straddle refills
+  CArchive ar(&file, CArchive::load, sizeof(buf), buf);
+  EXPECT_FALSE(ar.m_bDirectBuffer);
+  for (LONG i = 0; i < 1000; ++i) {
+    LONG l;
+    BYTE by;
+    ar >> l >> by;
+    ASSERT_EQ(i, l);
+    ASSERT_EQ((BYTE)i, by);
+  }
+}
+
+TEST(ArchivePrimitives, ReadPastEndIsEndOfFile) {
+  Loading in(std::string("\x01\x02\x03", 3));
+  WORD w;
+  in.ar >> w;
+  EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([&] {
+              DWORD dw;
+              in.ar >> dw;
+            }));
+  char buf[8];
+  EXPECT_EQ(1u, in.ar.Read(buf, sizeof(buf))); // Read returns what is there
+}
+
+// ---- counts and strings ----------------------------------------------------
+
+TEST(ArchiveCount, WordOrEscapedDword) {
+  EXPECT_EQ("05 00", Hex(Stored([](CArchive& ar) { ar.WriteCount(5); })));
+  EXPECT_EQ("FE FF", Hex(Stored([](CArchive& ar) { ar.WriteCount(0xFFFE); })));
+  EXPECT_EQ("FF FF FF FF 00 00", Hex(Stored([](CArchive& ar) { ar.WriteCount(0xFFFF); })));
+  EXPECT_EQ("FF FF 45 23 01 00", Hex(Stored([](CArchive& ar) { ar.WriteCount(0x12345); })));
+  Loading in(Stored([](CArchive& ar) {
+    ar.WriteCount(0);
+    ar.WriteCount(0xFFFE);
+    ar.WriteCount(0xFFFF);
+    ar.WriteCount(70000);
+  }));
+  EXPECT_EQ(0u, in.ar.ReadCount());
+  EXPECT_EQ(0xFFFEu, in.ar.ReadCount());
+  EXPECT_EQ(0xFFFFu, in.ar.ReadCount());
+  EXPECT_EQ(70000u, in.ar.ReadCount());
+}
+
+TEST(ArchiveString, LengthPrefixForEachSize) {
+  struct Case {
+    int length;
+    std::string prefix;
+  } cases[] = {{0, std::string("\x00", 1)},
+               {3, "\x03"},
+               {254, "\xFE"},
+               {255, std::string("\xFF\xFF\x00", 3)},
+               {0xFFFD, "\xFF\xFD\xFF"},
+               {0xFFFE, std::string("\xFF\xFF\xFF\xFE\xFF\x00\x00", 7)},
+               {70000, std::string("\xFF\xFF\xFF\x70\x11\x01\x00", 7)}};
+  for (const Case& c : cases) {
+    CString str('x', c.length);
+    if (c.length > 0) str.SetAt(c.length - 1, 'y');
+    std::string bytes = Stored([&](CArchive& ar) { ar << str; });
+    ASSERT_EQ(c.prefix.size() + c.length, bytes.size()) << c.length;
+    EXPECT_EQ(Hex(c.prefix), Hex(bytes.substr(0, c.prefix.size()))) << c.length;
+    Loading in(bytes);
+    CString back;
+    in.ar >> back;
+    EXPECT_TRUE(back == str) << c.length;
+  }
+}
+
+TEST(ArchiveString, WideStringsConvertToAnsi) {
+  // 0xFF 0xFFFE marks UTF-16 characters; then the usual length prefix.
+  Loading shortWide(std::string("\xFF\xFE\xFF\x03"
+                                "a\0b\0c\0",
+                                10));
+  CString s;
+  shortWide.ar >> s;
+  EXPECT_STREQ("abc", s);
+
+  std::string longWide("\xFF\xFE\xFF\xFF\x2C\x01", 6); // 300 characters
+  for (int i = 0; i < 300; ++i)
+    longWide += std::string(i == 299 ? "z\0" : "w\0", 2);
+  Loading in(longWide);
+  in.ar >> s;
+  ASSERT_EQ(300, s.GetLength());
+  EXPECT_EQ('w', s[0]);
+  EXPECT_EQ('z', s[299]);
+}
+
+TEST(ArchiveString, AbsurdLengthsFailWithoutAllocating) {
+  // 0xFFFFFFFE characters claimed by a 20-byte file.
+  std::string huge("\xFF\xFF\xFF\xFE\xFF\xFF\xFF"
+                   "0123456789abc",
+                   20);
+  Loading in(huge);
+  CString s;
+  EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([&] { in.ar >> s; }));
+  EXPECT_TRUE(s.IsEmpty());
+
+  // A wide length of 2 G characters, and a string cut short.
+  Loading wide(std::string("\xFF\xFE\xFF\xFF\xFF\xFF\xFF\xFF\xFF\x7Fxyz", 13));
+  EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([&] { wide.ar >> s; }));
+  Loading cut(std::string("\x05"
+                          "abc"));
+  EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([&] { cut.ar >> s; }));
+}
+
+TEST(ArchiveText, WriteStringAndReadLines) {
+  std::string bytes = Stored([](CArchive& ar) {
+    ar.WriteString("one\r\ntwo\n\nthree\rfour");
+    ar.WriteString("");
+  });
+  EXPECT_EQ("one\r\ntwo\n\nthree\rfour", bytes);
+  Loading in(bytes);
+  CString line;
+  std::vector<std::string> lines;
+  while (in.ar.ReadString(line))
+    lines.push_back((LPCTSTR)line);
+  EXPECT_EQ((std::vector<std::string>{"one", "two", "", "three", "four"}), lines);
+
+  Loading raw(bytes);
+  char buf[16];
+  EXPECT_STREQ("one\n", raw.ar.ReadString(buf, (UINT)-15)); // negative: keep the newline
+  EXPECT_STREQ("tw", raw.ar.ReadString(buf, 2));            // stops at nMax
+  EXPECT_STREQ("o", raw.ar.ReadString(buf, 15));
+  EXPECT_STREQ("", raw.ar.ReadString(buf, 15));
+  EXPECT_STREQ("three", raw.ar.ReadString(buf, 15));
+  EXPECT_STREQ("four", raw.ar.ReadString(buf, 15));
+  EXPECT_EQ(NULL, raw.ar.ReadString(buf, 15));
+}
+
+TEST(ArchiveText, LongLineInSmallBuffer) {
+  std::string text(5000, 'q');
+  text += "\nend";
+  CMemFile file((BYTE*)&text[0], (UINT)text.size());
+  BYTE buf[64];
+  CArchive ar(&file, CArchive::load, sizeof(buf), buf);
+  CString line;
+  ASSERT_TRUE(ar.ReadString(line));
+  EXPECT_EQ(5000, line.GetLength());
+  ASSERT_TRUE(ar.ReadString(line));
+  EXPECT_STREQ("end", line);
+  EXPECT_FALSE(ar.ReadString(line));
+}
+
+// ---- objects ---------------------------------------------------------------
+
+TEST(ArchiveObject, NewClassThenKnownClassThenSameObject) {
+  CArcPoint p1(1, 2), p2(3, 4);
+  std::string bytes = Stored([&](CArchive& ar) {
+    ar << &p1;                  // new class (id 1) and new object (id 2)
+    ar << &p2;                  // known class 1: 0x8001, new object (id 3)
+    ar << &p1;                  // object 2 again
+    ar << (const CObject*)NULL; // the null object
+  });
+  std::string expected = ClassRecord(1, "CArcPoint") + kPoint12 + std::string("\x01\x80", 2) +
+                         std::string("\x03\0\0\0\x04\0\0\0", 8) + std::string("\x02\x00", 2) +
+                         std::string("\x00\x00", 2);
+  EXPECT_EQ(Hex(expected), Hex(bytes));
+
+  Loading in(bytes);
+  CArcPoint *a, *b, *c, *d;
+  in.ar >> a >> b >> c >> d;
+  ASSERT_TRUE(a != NULL && b != NULL);
+  EXPECT_EQ(1, a->x);
+  EXPECT_EQ(4, b->y);
+  EXPECT_EQ(a, c); // one object, not a copy
+  EXPECT_EQ(NULL, d);
+  delete a;
+  delete b;
+}
+
+TEST(ArchiveObject, SharedPointerInsideAGraph) {
+  CArcPoint p(1, 2);
+  CArcShape shape;
+  shape.name = "sq";
+  shape.a = shape.b = &p;
+  std::string bytes = Stored([&](CArchive& ar) { ar << &shape; });
+  // Ids: CArcShape 1, the shape 2, CArcPoint 3, the point 4.
+  std::string expected = ClassRecord(2, "CArcShape") + "\x02sq" + ClassRecord(1, "CArcPoint") +
+                         kPoint12 + std::string("\x04\x00", 2);
+  EXPECT_EQ(Hex(expected), Hex(bytes));
+
+  Loading in(bytes);
+  CObject* pOb = NULL;
+  in.ar >> pOb;
+  CArcShape* back = DYNAMIC_DOWNCAST(CArcShape, pOb);
+  ASSERT_TRUE(back != NULL);
+  EXPECT_STREQ("sq", back->name);
+  ASSERT_TRUE(back->a != NULL);
+  EXPECT_EQ(back->a, back->b);
+  EXPECT_EQ(2, back->a->y);
+  delete back->a;
+  delete back;
+}
+
+TEST(ArchiveObject, BigObjectAndClassTagsPastId7FFE) {
+  // Class CArcPoint takes id 1; points take ids 2..0x7FFF.
+  std::vector<CArcPoint> points(0x7FFE);
+  for (size_t i = 0; i < points.size(); ++i)
+    points[i].x = (LONG)i;
+  CArcShape shape1, shape2;
+  std::string bytes = Stored([&](CArchive& ar) {
+    for (CArcPoint& p : points)
+      ar << &p;
+    ar << &points.back();    // id 0x7FFF: the 32-bit form
+    ar << &points[0];        // id 2: still a WORD
+    ar.WriteObject(&shape1); // class CArcShape gets id 0x8000, shape1 0x8001
+    ar.WriteObject(&shape2); // known class 0x8000: the 32-bit class form
+  });
+  size_t pos = ClassRecord(1, "CArcPoint").size() + 8 + (0x7FFE - 1) * 10;
+  EXPECT_EQ("FF 7F FF 7F 00 00 02 00", Hex(bytes.substr(pos, 8)));
+  pos += 8 + ClassRecord(2, "CArcShape").size() + 5; // shape1: name, two nulls
+  EXPECT_EQ("FF 7F 00 80 00 80", Hex(bytes.substr(pos, 6)));
+
+  Loading in(bytes);
+  std::vector<CObject*> loaded;
+  for (size_t i = 0; i < points.size() + 4; ++i)
+    loaded.push_back(in.ar.ReadObject(NULL));
+  EXPECT_EQ(loaded[0x7FFD], loaded[0x7FFE]);
+  EXPECT_EQ(loaded[0], loaded[0x7FFF]);
+  EXPECT_EQ(0x7FFD, ((CArcPoint*)loaded[0x7FFD])->x);
+  EXPECT_TRUE(loaded[0x8000]->IsKindOf(RUNTIME_CLASS(CArcShape)));
+  EXPECT_TRUE(loaded[0x8001]->IsKindOf(RUNTIME_CLASS(CArcShape)));
+  EXPECT_NE(loaded[0x8000], loaded[0x8001]);
+  for (size_t i = 0; i < 0x7FFE; ++i)
+    delete loaded[i];
+  delete loaded[0x8000];
+  delete loaded[0x8001];
+}
+
+TEST(ArchiveObject, SerializeClassAndMapObject) {
+  CArcPoint p(5, 6);
+  std::string bytes = Stored([&](CArchive& ar) {
+    ar.SerializeClass(RUNTIME_CLASS(CArcPoint)); // id 1
+    ar.MapObject(&p);                            // id 2, without data
+    ar << &p;
+    ar.WriteClass(RUNTIME_CLASS(CArcPoint));
+  });
+  EXPECT_EQ(Hex(ClassRecord(1, "CArcPoint") + std::string("\x02\x00\x01\x80", 4)), Hex(bytes));
+
+  Loading in(bytes);
+  in.ar.SerializeClass(RUNTIME_CLASS(CArcPoint));
+  CArcPoint known;
+  in.ar.MapObject(&known);
+  CObject* pOb = NULL;
+  in.ar >> pOb;
+  EXPECT_EQ(&known, pOb);
+  UINT schema = 0;
+  EXPECT_EQ(RUNTIME_CLASS(CArcPoint), in.ar.ReadClass(RUNTIME_CLASS(CArcPoint), &schema));
+  EXPECT_EQ(1u, schema);
+}
+
+TEST(ArchiveObject, NotSerializableClassIsRefused) {
+  CMemFile file;
+  CArchive ar(&file, CArchive::store);
+  bool thrown = false;
+  try {
+    ar.WriteClass(RUNTIME_CLASS(CMemFile));
+  } catch (CNotSupportedException* e) {
+    thrown = true;
+    e->Delete();
+  }
+  EXPECT_TRUE(thrown);
+}
+
+// ---- schemas ---------------------------------------------------------------
+
+TEST(ArchiveSchema, MismatchIsBadSchema) {
+  Loading in(ClassRecord(2, "CArcPoint") + kPoint12);
+  EXPECT_EQ(CArchiveException::badSchema, ArchiveCause([&] { in.ar.ReadObject(NULL); }));
+}
+
+TEST(ArchiveSchema, VersionableClassSeesTheStoredSchema) {
+  // Written with schema 1 (no value); the class is now at 3.
+  std::string bytes = ClassRecord(1, "CArcVersioned") + std::string("\x01\x80", 2);
+  Loading in(bytes);
+  CArcVersioned* a = (CArcVersioned*)in.ar.ReadObject(RUNTIME_CLASS(CArcVersioned));
+  CArcVersioned* b = (CArcVersioned*)in.ar.ReadObject(RUNTIME_CLASS(CArcVersioned));
+  EXPECT_EQ(1u, a->seenSchema);
+  EXPECT_EQ(1u, b->seenSchema); // the schema stays with the class id
+  EXPECT_EQ(7, a->value);
+  delete a;
+  delete b;
+
+  CArcVersioned current;
+  current.value = 0x1234;
+  std::string stored = Stored([&](CArchive& ar) { ar << &current; });
+  EXPECT_EQ(Hex(ClassRecord(3, "CArcVersioned") + "\x34\x12"), Hex(stored));
+  Loading again(stored);
+  CArcVersioned* c = (CArcVersioned*)again.ar.ReadObject(NULL);
+  EXPECT_EQ(3u, c->seenSchema);
+  EXPECT_EQ(0x1234, c->value);
+  delete c;
+}
+
+TEST(ArchiveSchema, GetObjectSchemaAnswersOnce) {
+  Loading in(ClassRecord(1, "CArcPoint"));
+  in.ar.ReadClass(); // no pSchema: the archive keeps it
+  EXPECT_EQ(1u, in.ar.GetObjectSchema());
+  EXPECT_EQ((UINT)-1, in.ar.GetObjectSchema());
+}
+
+// ---- failures --------------------------------------------------------------
+
+TEST(ArchiveErrors, EachCause) {
+  // Unknown class, class of the wrong kind, a name of 64 characters.
+  {
+    Loading in(ClassRecord(1, "CNoSuchClass") + kPoint12);
+    EXPECT_EQ(CArchiveException::badClass, ArchiveCause([&] { in.ar.ReadObject(NULL); }));
+  }
+  {
+    Loading in(ClassRecord(1, "CArcPoint") + kPoint12);
+    EXPECT_EQ(CArchiveException::badClass,
+              ArchiveCause([&] { in.ar.ReadObject(RUNTIME_CLASS(CArcShape)); }));
+  }
+  {
+    Loading in(ClassRecord(1, std::string(64, 'C')));
+    EXPECT_EQ(CArchiveException::badClass, ArchiveCause([&] { in.ar.ReadObject(NULL); }));
+  }
+  // An earlier object of the wrong kind.
+  {
+    Loading in(ClassRecord(1, "CArcPoint") + kPoint12 + std::string("\x02\x00", 2));
+    in.ar.ReadObject(NULL);
+    CObject* first = NULL;
+    EXPECT_EQ(CArchiveException::badClass,
+              ArchiveCause([&] { first = in.ar.ReadObject(RUNTIME_CLASS(CArcShape)); }));
+  }
+  // Ids not yet given out, or naming a class where an object is wanted.
+  {
+    Loading in(std::string("\x05\x00", 2));
+    EXPECT_EQ(CArchiveException::badIndex, ArchiveCause([&] { in.ar.ReadObject(NULL); }));
+  }
+  {
+    Loading in(std::string("\x05\x80", 2));
+    EXPECT_EQ(CArchiveException::badIndex, ArchiveCause([&] { in.ar.ReadObject(NULL); }));
+  }
+  {
+    Loading in(ClassRecord(1, "CArcPoint") + kPoint12 + std::string("\x01\x00", 2));
+    delete in.ar.ReadObject(NULL);
+    EXPECT_EQ(CArchiveException::badIndex, ArchiveCause([&] { in.ar.ReadObject(NULL); }));
+  }
+  {
+    Loading in(ClassRecord(1, "CArcPoint") + kPoint12 + std::string("\x02\x80", 2));
+    delete in.ar.ReadObject(NULL);
+    EXPECT_EQ(CArchiveException::badIndex, ArchiveCause([&] { in.ar.ReadObject(NULL); }));
+  }
+  {
+    Loading in(std::string("\x00\x80", 2)); // class id 0 is the null object
+    EXPECT_EQ(CArchiveException::badIndex, ArchiveCause([&] { in.ar.ReadObject(NULL); }));
+  }
+  // A class tag where only a class may be (ReadClass given an object id).
+  {
+    Loading in(std::string("\x00\x00", 2));
+    EXPECT_EQ(CArchiveException::badIndex, ArchiveCause([&] { in.ar.ReadClass(); }));
+  }
+  // Truncated inside the object's data.
+  {
+    Loading in(ClassRecord(1, "CArcPoint") + "\x01\x00");
+    EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([&] { in.ar.ReadObject(NULL); }));
+  }
+}
+
+TEST(ArchiveErrors, WrongDirection) {
+  CMemFile file;
+  CArchive store(&file, CArchive::store);
+  EXPECT_EQ(CArchiveException::writeOnly, ArchiveCause([&] {
+              WORD w;
+              store >> w;
+            }));
+  EXPECT_EQ(CArchiveException::writeOnly, ArchiveCause([&] { store.ReadObject(NULL); }));
+  char c;
+  EXPECT_EQ(CArchiveException::writeOnly, ArchiveCause([&] { store.Read(&c, 1); }));
+
+  Loading in(std::string("\x00\x00", 2));
+  EXPECT_EQ(CArchiveException::readOnly, ArchiveCause([&] { in.ar << (WORD)1; }));
+  EXPECT_EQ(CArchiveException::readOnly, ArchiveCause([&] { in.ar.WriteObject(NULL); }));
+  EXPECT_EQ(CArchiveException::readOnly, ArchiveCause([&] { in.ar.Write("x", 1); }));
+}
+
+// ---- buffering and the file ------------------------------------------------
+
+TEST(ArchiveFile, FlushOnCloseAndOnDestructionUnlessTold) {
+  CMemFile file;
+  {
+    CArchive ar(&file, CArchive::store);
+    ar << (DWORD)0xAABBCCDD;
+    EXPECT_EQ(0u, file.GetLength()); // still in the archive's buffer
+  }
+  EXPECT_EQ(4u, file.GetLength());
+
+  CMemFile kept;
+  {
+    CArchive ar(&kept, CArchive::store | CArchive::bNoFlushOnDelete);
+    ar << (DWORD)1;
+  }
+  EXPECT_EQ(0u, kept.GetLength());
+}
+
+TEST(ArchiveFile, LoadingLeavesTheFileAfterWhatWasRead) {
+  std::string bytes("ABCDEFGHIJ");
+  CMemFile file((BYTE*)&bytes[0], (UINT)bytes.size());
+  {
+    CArchive ar(&file, CArchive::load);
+    EXPECT_TRUE(ar.m_bDirectBuffer);
+    WORD w;
+    ar >> w;
+    ar.Close();
+  }
+  EXPECT_EQ(2u, file.GetPosition());
+
+  BYTE buf[16];
+  CArchive ar(&file, CArchive::load, sizeof(buf), buf);
+  BYTE by;
+  ar >> by;
+  EXPECT_EQ('C', by);
+  ar.Close();
+  EXPECT_EQ(3u, file.GetPosition());
+}
+
+TEST(ArchiveFile, LargeBlocksAndFixedFiles) {
+  std::string big(20000, '\0');
+  for (size_t i = 0; i < big.size(); ++i)
+    big[i] = (char)(i * 7);
+  CMemFile file;
+  {
+    CArchive ar(&file, CArchive::store, 128);
+    EXPECT_EQ(128u, ar.GetBufferSize());
+    ar << (BYTE)1;
+    ar.Write(big.data(), (UINT)big.size());
+    ar << (BYTE)2;
+  }
+  ASSERT_EQ(big.size() + 2, file.GetLength());
+  file.SeekToBegin();
+  CArchive ar(&file, CArchive::load, 128, NULL);
+  std::string back(big.size(), '\0');
+  BYTE by;
+  ar >> by;
+  EXPECT_EQ(big.size(), ar.Read(&back[0], (UINT)back.size()));
+  EXPECT_TRUE(back == big);
+  ar >> by;
+  EXPECT_EQ(2, by);
+
+  // A fixed buffer that is full: the flush fails as the file's write does.
+  BYTE small[4];
+  CMemFile fixed(small, sizeof(small));
+  fixed.SetLength(0);
+  CArchive full(&fixed, CArchive::store);
+  full << (DWORD)1 << (BYTE)2;
+  int cause = -1;
+  try {
+    full.Close();
+  } catch (CFileException* e) {
+    cause = e->m_cause;
+    e->Delete();
+  }
+  EXPECT_EQ(CFileException::diskFull, cause);
+}

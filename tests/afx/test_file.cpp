@@ -1,0 +1,331 @@
+// CFile, CStdioFile, CFileFind, CFileStatus and CTime on real files.
+#include <afx.h>
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+#include "temp_dir.h"
+
+namespace {
+
+template <class F> int FileCause(F fn) {
+  try {
+    fn();
+  } catch (CFileException* e) {
+    int cause = e->m_cause;
+    e->Delete();
+    return cause;
+  }
+  return -1;
+}
+
+} // namespace
+
+TEST(File, OpenFlagValuesAreMfcs) {
+  EXPECT_EQ(0x0000, CFile::modeRead);
+  EXPECT_EQ(0x0001, CFile::modeWrite);
+  EXPECT_EQ(0x0002, CFile::modeReadWrite);
+  EXPECT_EQ(0x0010, CFile::shareExclusive);
+  EXPECT_EQ(0x0020, CFile::shareDenyWrite);
+  EXPECT_EQ(0x0030, CFile::shareDenyRead);
+  EXPECT_EQ(0x0040, CFile::shareDenyNone);
+  EXPECT_EQ(0x0080, CFile::modeNoInherit);
+  EXPECT_EQ(0x1000, CFile::modeCreate);
+  EXPECT_EQ(0x2000, CFile::modeNoTruncate);
+  EXPECT_EQ(0x4000, CFile::typeText);
+  EXPECT_EQ(0x8000, CFile::typeBinary);
+  EXPECT_EQ(0x80000, CFile::osSequentialScan);
+  EXPECT_EQ(INVALID_HANDLE_VALUE, CFile::hFileNull);
+}
+
+TEST(File, WriteReadSeekLengthAndNames) {
+  TempDir dir;
+  std::string path = dir.File("data.bin");
+  {
+    CFile file(path.c_str(), CFile::modeCreate | CFile::modeReadWrite);
+    file.Write("0123456789", 10);
+    EXPECT_EQ(10u, file.GetLength());
+    EXPECT_EQ(4u, file.Seek(-6, CFile::end));
+    char buf[4];
+    EXPECT_EQ(4u, file.Read(buf, 4));
+    EXPECT_EQ("4567", std::string(buf, 4));
+    EXPECT_EQ(8u, file.GetPosition());
+    file.SetLength(5);
+    EXPECT_EQ(5u, file.SeekToEnd());
+    file.SeekToBegin();
+    EXPECT_EQ(0u, file.GetPosition());
+    EXPECT_STREQ("data.bin", file.GetFileName());
+    EXPECT_STREQ("data", file.GetFileTitle());
+    EXPECT_STREQ(path.c_str(), file.GetFilePath());
+    EXPECT_TRUE((HANDLE)file != INVALID_HANDLE_VALUE);
+  }
+  EXPECT_EQ("01234", TempDir::ReadBytes(path));
+
+  // modeNoTruncate keeps the contents; plain modeCreate empties the file.
+  {
+    CFile file(path.c_str(), CFile::modeCreate | CFile::modeNoTruncate | CFile::modeWrite);
+    file.SeekToEnd();
+    file.Write("X", 1);
+  }
+  EXPECT_EQ("01234X", TempDir::ReadBytes(path));
+  { CFile file(path.c_str(), CFile::modeCreate | CFile::modeWrite); }
+  EXPECT_EQ("", TempDir::ReadBytes(path));
+}
+
+TEST(File, OpenFailuresReportTheirCause) {
+  TempDir dir;
+  std::string missing = dir.File("missing.txt");
+  CFile file;
+  CFileException e;
+  EXPECT_FALSE(file.Open(missing.c_str(), CFile::modeRead, &e));
+  EXPECT_EQ(CFileException::fileNotFound, e.m_cause);
+  EXPECT_EQ(ERROR_FILE_NOT_FOUND, e.m_lOsError);
+  EXPECT_STREQ(missing.c_str(), e.m_strFileName);
+  EXPECT_EQ(INVALID_HANDLE_VALUE, file.m_hFile);
+
+  EXPECT_EQ(CFileException::fileNotFound,
+            FileCause([&] { CFile thrown(missing.c_str(), CFile::modeRead); }));
+
+  std::string tooLong(400, 'a');
+  EXPECT_FALSE(file.Open(tooLong.c_str(), CFile::modeRead, &e));
+  EXPECT_EQ(CFileException::badPath, e.m_cause);
+
+  // Another open handle denies sharing.
+  std::string locked = dir.File("locked.txt");
+  CFile owner(locked.c_str(), CFile::modeCreate | CFile::modeWrite | CFile::shareExclusive);
+  EXPECT_FALSE(file.Open(locked.c_str(), CFile::modeRead, &e));
+  EXPECT_EQ(CFileException::sharingViolation, e.m_cause);
+}
+
+TEST(File, ReadOnlyHandleRefusesWrites) {
+  TempDir dir;
+  std::string path = dir.File("ro.txt");
+  TempDir::WriteBytes(path, "abc");
+  CFile file(path.c_str(), CFile::modeRead);
+  EXPECT_EQ(CFileException::accessDenied, FileCause([&] { file.Write("x", 1); }));
+  char buf[8];
+  EXPECT_EQ(3u, file.Read(buf, 8));
+  EXPECT_EQ(0u, file.Read(buf, 8));
+}
+
+TEST(File, DuplicateRenameRemoveAndAttach) {
+  TempDir dir;
+  std::string a = dir.File("a.txt"), b = dir.File("b.txt");
+  {
+    CFile file(a.c_str(), CFile::modeCreate | CFile::modeReadWrite);
+    file.Write("hello", 5);
+    CFile* dup = file.Duplicate();
+    dup->SeekToBegin(); // a duplicate shares the file position
+    EXPECT_EQ(0u, file.GetPosition());
+    delete dup;
+
+    CFile attached(file.m_hFile);
+    EXPECT_EQ(5u, attached.GetLength());
+  } // attached does not close the handle; file does
+  CFile::Rename(a.c_str(), b.c_str());
+  EXPECT_EQ("hello", TempDir::ReadBytes(b));
+  EXPECT_EQ(CFileException::fileNotFound, FileCause([&] { CFile::Rename(a.c_str(), "x"); }));
+  CFile::Remove(b.c_str());
+  EXPECT_EQ(CFileException::fileNotFound, FileCause([&] { CFile::Remove(b.c_str()); }));
+}
+
+TEST(File, LockRangeExcludesOtherHandles) {
+  TempDir dir;
+  std::string path = dir.File("lock.bin");
+  CFile file(path.c_str(), CFile::modeCreate | CFile::modeReadWrite | CFile::shareDenyNone);
+  file.Write("0123456789", 10);
+  file.LockRange(2, 4);
+  CFile other(path.c_str(), CFile::modeRead | CFile::shareDenyNone);
+  EXPECT_EQ(CFileException::lockViolation, FileCause([&] { other.LockRange(3, 1); }));
+  other.LockRange(6, 1); // outside the locked range
+  file.UnlockRange(2, 4);
+  other.LockRange(3, 1);
+  other.UnlockRange(3, 1);
+  other.UnlockRange(6, 1);
+  EXPECT_EQ(CFileException::lockViolation, FileCause([&] { other.UnlockRange(3, 1); }));
+}
+
+TEST(FileStatus, BothFormsAndSetStatus) {
+  TempDir dir;
+  std::string path = dir.File("status.txt");
+  TempDir::WriteBytes(path, "12345");
+  CFileStatus st;
+  ASSERT_TRUE(CFile::GetStatus(path.c_str(), st));
+  EXPECT_EQ(5u, st.m_size);
+  EXPECT_STREQ(path.c_str(), st.m_szFullName);
+  EXPECT_EQ(0, st.m_attribute & CFile::directory);
+  CTimeSpan age = CTime::GetCurrentTime() - st.m_mtime;
+  EXPECT_LT(age.GetTotalSeconds(), 600);
+
+  // A relative name comes back as a full path.
+  char cwd[MAX_PATH];
+  GetCurrentDirectoryA(MAX_PATH, cwd);
+  SetCurrentDirectoryA(dir.Path().c_str());
+  CFileStatus rel;
+  EXPECT_TRUE(CFile::GetStatus("status.txt", rel));
+  SetCurrentDirectoryA(cwd);
+  EXPECT_STREQ(path.c_str(), rel.m_szFullName);
+  EXPECT_FALSE(CFile::GetStatus(dir.File("none").c_str(), rel));
+
+  st.m_mtime = CTime(2001, 2, 3, 4, 5, 6);
+  st.m_attribute = CFile::readOnly;
+  CFile::SetStatus(path.c_str(), st);
+  CFileStatus after;
+  ASSERT_TRUE(CFile::GetStatus(path.c_str(), after));
+  EXPECT_TRUE(after.m_mtime == CTime(2001, 2, 3, 4, 5, 6));
+  EXPECT_TRUE(after.m_attribute & CFile::readOnly);
+
+  CFile file(path.c_str(), CFile::modeRead);
+  CFileStatus open;
+  ASSERT_TRUE(file.GetStatus(open));
+  EXPECT_EQ(5u, open.m_size);
+  EXPECT_TRUE(open.m_mtime == after.m_mtime);
+  EXPECT_STREQ(path.c_str(), open.m_szFullName);
+  file.Close();
+  SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST(StdioFile, TextModeTranslatesNewlines) {
+  TempDir dir;
+  std::string path = dir.File("text.txt");
+  {
+    CStdioFile file(path.c_str(), CFile::modeCreate | CFile::modeWrite | CFile::typeText);
+    file.WriteString("first\nsecond\n\nlast");
+  }
+  EXPECT_EQ("first\r\nsecond\r\n\r\nlast", TempDir::ReadBytes(path));
+
+  CStdioFile file(path.c_str(), CFile::modeRead | CFile::typeText);
+  CString line;
+  ASSERT_TRUE(file.ReadString(line));
+  EXPECT_STREQ("first", line);
+  char buf[32];
+  EXPECT_STREQ("second\n", file.ReadString(buf, sizeof(buf))); // keeps the newline
+  ASSERT_TRUE(file.ReadString(line));                          // an empty line is a line
+  EXPECT_STREQ("", line);
+  ASSERT_TRUE(file.ReadString(line));
+  EXPECT_STREQ("last", line);
+  EXPECT_FALSE(file.ReadString(line));
+  EXPECT_EQ(NULL, file.ReadString(buf, sizeof(buf)));
+}
+
+TEST(StdioFile, BinaryModeLongLinesAndAppend) {
+  TempDir dir;
+  std::string path = dir.File("bin.txt");
+  std::string longLine(1000, 'L');
+  TempDir::WriteBytes(path, longLine + "\r\nnext\n");
+  {
+    CStdioFile file(path.c_str(), CFile::modeRead | CFile::typeBinary);
+    CString line;
+    ASSERT_TRUE(file.ReadString(line));
+    EXPECT_EQ(1001, line.GetLength()); // binary: the '\r' stays
+    EXPECT_EQ('\r', line[1000]);
+    ASSERT_TRUE(file.ReadString(line));
+    EXPECT_STREQ("next", line);
+    EXPECT_EQ(1007u, file.GetLength());
+    EXPECT_EQ(1007u, file.GetPosition());
+  }
+  {
+    // modeWrite without modeCreate keeps the contents.
+    CStdioFile file(path.c_str(), CFile::modeWrite | CFile::typeBinary);
+    file.Seek(0, CFile::end);
+    file.Write("tail", 4);
+  }
+  std::string all = TempDir::ReadBytes(path);
+  EXPECT_EQ(1011u, all.size());
+  EXPECT_EQ("next\ntail", all.substr(1002));
+}
+
+TEST(FileFind, WalksAFolder) {
+  TempDir dir;
+  TempDir::WriteBytes(dir.File("one.txt"), "1");
+  TempDir::WriteBytes(dir.File("two.txt"), "22");
+  TempDir::WriteBytes(dir.File("three.dat"), "333");
+  CreateDirectoryA(dir.File("sub").c_str(), NULL);
+  SetFileAttributesA(dir.File("two.txt").c_str(), FILE_ATTRIBUTE_READONLY);
+
+  CFileFind finder;
+  BOOL more = finder.FindFile((dir.Path() + "\\*.*").c_str());
+  ASSERT_TRUE(more);
+  std::set<std::string> files, dirs;
+  while (more) {
+    more = finder.FindNextFile();
+    if (finder.IsDots()) continue;
+    std::string name = (LPCTSTR)finder.GetFileName();
+    EXPECT_STREQ((dir.Path() + "\\" + name).c_str(), finder.GetFilePath());
+    if (finder.IsDirectory()) {
+      dirs.insert(name);
+      continue;
+    }
+    files.insert(name);
+    if (name == "two.txt") {
+      EXPECT_TRUE(finder.IsReadOnly());
+      EXPECT_EQ(2u, finder.GetLength());
+      EXPECT_STREQ("two", finder.GetFileTitle());
+    } else {
+      EXPECT_FALSE(finder.IsReadOnly());
+    }
+    CTime written;
+    EXPECT_TRUE(finder.GetLastWriteTime(written));
+    EXPECT_LT((CTime::GetCurrentTime() - written).GetTotalSeconds(), 600);
+    FILETIME ft;
+    EXPECT_TRUE(finder.GetCreationTime(&ft));
+  }
+  EXPECT_EQ((std::set<std::string>{"one.txt", "three.dat", "two.txt"}), files);
+  EXPECT_EQ((std::set<std::string>{"sub"}), dirs);
+  EXPECT_STREQ(dir.Path().c_str(), finder.GetRoot());
+  SetFileAttributesA(dir.File("two.txt").c_str(), FILE_ATTRIBUTE_NORMAL);
+
+  EXPECT_TRUE(finder.FindFile((dir.Path() + "\\*.txt").c_str()));
+  int n = 0;
+  for (BOOL go = TRUE; go;) {
+    go = finder.FindNextFile();
+    ++n;
+  }
+  EXPECT_EQ(2, n);
+  EXPECT_FALSE(finder.FindFile((dir.Path() + "\\*.none").c_str()));
+  EXPECT_FALSE(finder.FindNextFile());
+  EXPECT_STREQ("", finder.GetFileName());
+}
+
+TEST(Time, PartsArithmeticAndFormat) {
+  CTime t(2009, 7, 14, 13, 5, 9);
+  EXPECT_EQ(2009, t.GetYear());
+  EXPECT_EQ(7, t.GetMonth());
+  EXPECT_EQ(14, t.GetDay());
+  EXPECT_EQ(13, t.GetHour());
+  EXPECT_EQ(5, t.GetMinute());
+  EXPECT_EQ(9, t.GetSecond());
+  EXPECT_EQ(3, t.GetDayOfWeek()); // a Tuesday
+  EXPECT_STREQ("2009-07-14 13:05:09", t.Format("%Y-%m-%d %H:%M:%S"));
+  EXPECT_STREQ("", t.Format("%Q")); // unknown code
+
+  CTimeSpan span(1, 2, 3, 4);
+  EXPECT_EQ(93784, span.GetTotalSeconds());
+  EXPECT_STREQ("1 days 02:03:04", span.Format("%D days %H:%M:%S"));
+  CTime later = t + span;
+  EXPECT_EQ(15, later.GetDay());
+  EXPECT_TRUE(later - t == span);
+  EXPECT_TRUE(t < later);
+
+  CTime epoch((__time64_t)86400 * 365);
+  EXPECT_STREQ("1971-01-01 00:00", epoch.FormatGmt("%Y-%m-%d %H:%M"));
+
+  SYSTEMTIME st = {2010, 3, 0, 5, 6, 7, 8, 0};
+  CTime fromSys(st);
+  SYSTEMTIME back;
+  ASSERT_TRUE(fromSys.GetAsSystemTime(back));
+  EXPECT_EQ(2010, back.wYear);
+  EXPECT_EQ(8, back.wSecond);
+
+  FILETIME ft = {0, 0};
+  EXPECT_FALSE(CTime::IsValidFILETIME(ft));
+  bool thrown = false;
+  try {
+    CTime bad(2009, 13, 1, 0, 0, 0);
+  } catch (CInvalidArgException* e) {
+    thrown = true;
+    e->Delete();
+  }
+  EXPECT_TRUE(thrown);
+}

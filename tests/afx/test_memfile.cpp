@@ -1,0 +1,209 @@
+// CMemFile and CSharedFile: growth, caller buffers, direct buffer access and
+// global memory handles.
+#include <afx.h>
+#include <afxadv.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+// Records each allocation request so that the growth rule can be checked.
+class CCountingMemFile : public CMemFile {
+public:
+  explicit CCountingMemFile(UINT nGrowBytes) : CMemFile(nGrowBytes) {}
+  ~CCountingMemFile() { Close(); }
+  SIZE_T BufferSize() const { return m_nBufferSize; }
+  SIZE_T lastRequest = 0;
+
+protected:
+  BYTE* Alloc(SIZE_T nBytes) override {
+    lastRequest = nBytes;
+    return CMemFile::Alloc(nBytes);
+  }
+  BYTE* Realloc(BYTE* p, SIZE_T nBytes) override {
+    lastRequest = nBytes;
+    return CMemFile::Realloc(p, nBytes);
+  }
+};
+
+template <class E, class F> int CauseOf(F fn) {
+  try {
+    fn();
+  } catch (E* e) {
+    int cause = e->m_cause;
+    e->Delete();
+    return cause;
+  }
+  return -1;
+}
+
+} // namespace
+
+TEST(MemFile, GrowsInWholeStepsOfGrowBytes) {
+  CCountingMemFile file(100);
+  file.Write("a", 1);
+  EXPECT_EQ(100u, file.lastRequest);
+  std::string block(150, 'b');
+  file.Write(block.data(), (UINT)block.size());
+  EXPECT_EQ(200u, file.lastRequest); // 151 bytes: two steps
+  file.Write(block.data(), 49);
+  EXPECT_EQ(200u, file.BufferSize()); // exactly full: no growth
+  file.Write("c", 1);
+  EXPECT_EQ(300u, file.BufferSize());
+  EXPECT_EQ(201u, file.GetLength());
+
+  CMemFile byDefault;
+  byDefault.Write("x", 1);
+  BYTE* start;
+  BYTE* max;
+  byDefault.SeekToBegin();
+  byDefault.GetBufferPtr(CFile::bufferWrite, 5000, (void**)&start, (void**)&max);
+  EXPECT_EQ(5000, max - start); // grew to 5120 (five steps of 1024)
+}
+
+TEST(MemFile, ReadWriteSeekAndLength) {
+  CMemFile file;
+  file.Write("hello world", 11);
+  EXPECT_EQ(11u, file.GetPosition());
+  EXPECT_EQ(6u, file.Seek(-5, CFile::end));
+  char buf[16] = {0};
+  EXPECT_EQ(5u, file.Read(buf, 10)); // short at the end
+  EXPECT_STREQ("world", buf);
+  EXPECT_EQ(0u, file.Read(buf, 10));
+
+  // Past the end, then writing: the gap reads as zeros.
+  EXPECT_EQ(14u, file.Seek(3, CFile::current));
+  file.Write("!", 1);
+  EXPECT_EQ(15u, file.GetLength());
+  file.Seek(11, CFile::begin);
+  EXPECT_EQ(4u, file.Read(buf, 4));
+  EXPECT_EQ(std::string("\0\0\0!", 4), std::string(buf, 4));
+
+  file.SetLength(5);
+  EXPECT_EQ(5u, file.GetPosition()); // pulled back to the new end
+  file.SetLength(8);
+  file.SeekToBegin();
+  EXPECT_EQ(8u, file.Read(buf, 16));
+  EXPECT_EQ(std::string("hello\0\0\0", 8), std::string(buf, 8));
+
+  EXPECT_EQ(CFileException::badSeek, CauseOf<CFileException>([&] { file.Seek(-1, CFile::begin); }));
+  CFileStatus status;
+  EXPECT_TRUE(file.GetStatus(status));
+  EXPECT_EQ(8u, status.m_size);
+}
+
+TEST(MemFile, CallerBufferFixedOrGrowing) {
+  BYTE data[8] = {'a', 'b', 'c', 'd', 'e', 'f', 'g', 'h'};
+  CMemFile fixed(data, sizeof(data));
+  EXPECT_EQ(8u, fixed.GetLength()); // the whole buffer is the file
+  fixed.Seek(6, CFile::begin);
+  fixed.Write("XY", 2);
+  EXPECT_EQ('Y', data[7]);
+  EXPECT_EQ(CFileException::diskFull, CauseOf<CFileException>([&] { fixed.Write("Z", 1); }));
+  EXPECT_EQ(data, fixed.Detach());
+  EXPECT_EQ(0u, fixed.GetLength());
+
+  BYTE* owned = (BYTE*)malloc(4);
+  CMemFile growing;
+  growing.Attach(owned, 4, 16);
+  EXPECT_EQ(0u, growing.GetLength()); // a growable buffer starts empty
+  growing.Write("0123456789", 10);
+  EXPECT_EQ(10u, growing.GetLength());
+  BYTE* p = growing.Detach();
+  EXPECT_EQ(0, memcmp(p, "0123456789", 10));
+  free(p);
+}
+
+TEST(MemFile, DirectBufferProtocol) {
+  CMemFile file(16);
+  EXPECT_EQ((UINT)CFile::bufferDirect, file.GetBufferPtr(CFile::bufferCheck));
+  void* start;
+  void* max;
+  EXPECT_EQ(10u, file.GetBufferPtr(CFile::bufferWrite, 10, &start, &max));
+  memcpy(start, "0123456789", 10);
+  EXPECT_EQ(0u, file.GetLength()); // not yet committed
+  file.GetBufferPtr(CFile::bufferCommit, 10);
+  EXPECT_EQ(10u, file.GetLength());
+  EXPECT_EQ(10u, file.GetPosition());
+
+  file.Seek(4, CFile::begin);
+  EXPECT_EQ(6u, file.GetBufferPtr(CFile::bufferRead, 100, &start, &max));
+  EXPECT_EQ(0, memcmp(start, "456789", 6));
+  EXPECT_EQ(10u, file.GetPosition()); // reading moves past the window
+
+  CFile plain;
+  EXPECT_EQ(0u, plain.GetBufferPtr(CFile::bufferCheck));
+}
+
+TEST(MemFile, UnsupportedOperations) {
+  CMemFile file;
+  bool thrown = false;
+  try {
+    file.Duplicate();
+  } catch (CNotSupportedException* e) {
+    thrown = true;
+    e->Delete();
+  }
+  EXPECT_TRUE(thrown);
+}
+
+TEST(SharedFile, WritesIntoAGlobalBlockAndHandsItOver) {
+  CSharedFile file;
+  file.Write("clipboard", 9);
+  EXPECT_EQ(9u, file.GetLength());
+  HGLOBAL h = file.Detach();
+  ASSERT_TRUE(h != NULL);
+  EXPECT_GE(GlobalSize(h), 9u);
+  EXPECT_EQ(0u, file.GetLength());
+  const char* p = (const char*)GlobalLock(h);
+  EXPECT_EQ(0, memcmp(p, "clipboard", 9));
+  GlobalUnlock(h);
+
+  // Taken back: its whole size is the file.
+  CSharedFile again;
+  again.SetHandle(h);
+  EXPECT_EQ(GlobalSize(h), again.GetLength());
+  char buf[9];
+  EXPECT_EQ(9u, again.Read(buf, 9));
+  EXPECT_EQ(0, memcmp(buf, "clipboard", 9));
+  again.SeekToEnd();
+  again.Write("+more", 5); // may grow: the block moves
+  HGLOBAL h2 = again.Detach();
+  EXPECT_GE(GlobalSize(h2), 14u);
+  GlobalFree(h2);
+}
+
+TEST(SharedFile, FixedBlockRefusesToGrow) {
+  HGLOBAL h = GlobalAlloc(GMEM_MOVEABLE, 4);
+  ASSERT_TRUE(h != NULL);
+  CSharedFile file;
+  file.SetHandle(h, FALSE);
+  SIZE_T size = GlobalSize(h);
+  file.Seek((LONGLONG)size, CFile::begin);
+  bool thrown = false;
+  try {
+    file.Write("x", 1);
+  } catch (CMemoryException* e) {
+    thrown = true;
+    e->Delete();
+  }
+  EXPECT_TRUE(thrown);
+  EXPECT_EQ(size, file.GetLength());
+  // The file owns the block: closing frees it.
+}
+
+TEST(SharedFile, ArchiveRoundTrip) {
+  CSharedFile file;
+  {
+    CArchive ar(&file, CArchive::store);
+    ar << CString("shared") << (LONG)42;
+  }
+  file.SeekToBegin();
+  CArchive ar(&file, CArchive::load);
+  CString s;
+  LONG l;
+  ar >> s >> l;
+  EXPECT_STREQ("shared", s);
+  EXPECT_EQ(42, l);
+}
