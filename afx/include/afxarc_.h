@@ -132,6 +132,12 @@ protected:
   UINT m_nHashSize;
 
 private:
+  friend CArchive& AFXAPI operator<<(CArchive& ar, const CString& str);
+  friend CArchive& AFXAPI operator>>(CArchive& ar, CString& str);
+  // The string operators' general paths: long, wide or straddling the buffer.
+  void StoreCString(const CString& str);
+  void LoadCString(CString& str);
+
   CArchive(const CArchive&);
   void operator=(const CArchive&);
 
@@ -141,18 +147,27 @@ private:
 
   // The inline fast path: one bounds check and a copy into the buffer.
   template <class T> CArchive& _Store(T value) {
-    if (m_nMode & CArchive::load) ThrowReadOnly(this);
-    if ((size_t)(m_lpBufMax - m_lpBufCur) < sizeof(T)) Flush();
-    memcpy(m_lpBufCur, &value, sizeof(T));
-    m_lpBufCur += sizeof(T);
+    BYTE* p = m_lpBufCur;
+    if (__builtin_expect((m_nMode & CArchive::load) != 0 || (size_t)(m_lpBufMax - p) < sizeof(T),
+                         0)) {
+      if (m_nMode & CArchive::load) ThrowReadOnly(this);
+      Flush();
+      p = m_lpBufCur;
+    }
+    memcpy(p, &value, sizeof(T));
+    m_lpBufCur = p + sizeof(T);
     return *this;
   }
   template <class T> CArchive& _Load(T& value) {
-    if (!(m_nMode & CArchive::load)) ThrowWriteOnly(this);
-    if ((size_t)(m_lpBufMax - m_lpBufCur) < sizeof(T))
+    BYTE* p = m_lpBufCur;
+    if (__builtin_expect((m_nMode & CArchive::load) == 0 || (size_t)(m_lpBufMax - p) < sizeof(T),
+                         0)) {
+      if (!(m_nMode & CArchive::load)) ThrowWriteOnly(this);
       FillBuffer((UINT)(sizeof(T) - (m_lpBufMax - m_lpBufCur)));
-    memcpy(&value, m_lpBufCur, sizeof(T));
-    m_lpBufCur += sizeof(T);
+      p = m_lpBufCur;
+    }
+    memcpy(&value, p, sizeof(T));
+    m_lpBufCur = p + sizeof(T);
     return *this;
   }
   template <class TStored, class T> CArchive& _LoadAs(T& value) {
@@ -171,8 +186,30 @@ AFX_API CArchive& AFXAPI operator>>(CArchive& ar, const CObject*& pOb);
 // Strings with MFC's length prefix: a BYTE below 0xFF; else 0xFF and a WORD
 // below 0xFFFE; else 0xFF 0xFFFF and a DWORD. Loading also accepts the 0xFFFE
 // marker of a wide string and converts it to the ANSI code page.
-AFX_API CArchive& AFXAPI operator<<(CArchive& ar, const CString& str);
-AFX_API CArchive& AFXAPI operator>>(CArchive& ar, CString& str);
+// Short strings wholly inside the buffer take the inline path.
+inline CArchive& AFXAPI operator<<(CArchive& ar, const CString& str) {
+  UINT n = (UINT)str.GetLength();
+  if (n < 0xFF && !(ar.m_nMode & CArchive::load) && (size_t)(ar.m_lpBufMax - ar.m_lpBufCur) > n) {
+    *ar.m_lpBufCur++ = (BYTE)n;
+    memcpy(ar.m_lpBufCur, str.GetString(), n);
+    ar.m_lpBufCur += n;
+    return ar;
+  }
+  ar.StoreCString(str);
+  return ar;
+}
+inline CArchive& AFXAPI operator>>(CArchive& ar, CString& str) {
+  if ((ar.m_nMode & CArchive::load) && ar.m_lpBufCur < ar.m_lpBufMax) {
+    UINT n = *ar.m_lpBufCur;
+    if (n < 0xFF && (size_t)(ar.m_lpBufMax - ar.m_lpBufCur) > n) {
+      str.SetString((const char*)ar.m_lpBufCur + 1, (int)n);
+      ar.m_lpBufCur += 1 + n;
+      return ar;
+    }
+  }
+  ar.LoadCString(str);
+  return ar;
+}
 
 // The length prefix on its own; *pnCharSize gets 1 or 2 (wide) when reading.
 AFX_API void AFXAPI AfxWriteStringLength(CArchive& ar, UINT_PTR nLength, BOOL bUnicode);

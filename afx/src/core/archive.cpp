@@ -405,11 +405,10 @@ UINT_PTR AFXAPI AfxReadStringLength(CArchive& ar, int& nCharSize) {
   return qwLength > 0xFFFFFFFEULL ? (UINT_PTR)0xFFFFFFFF : (UINT_PTR)qwLength;
 }
 
-CArchive& AFXAPI operator<<(CArchive& ar, const CString& str) {
+void CArchive::StoreCString(const CString& str) {
   UINT nLength = (UINT)str.GetLength();
-  AfxWriteStringLength(ar, nLength, FALSE);
-  ar.Write(str.GetString(), nLength);
-  return ar;
+  AfxWriteStringLength(*this, nLength, FALSE);
+  Write(str.GetString(), nLength);
 }
 
 namespace {
@@ -419,9 +418,11 @@ namespace {
 const UINT kStringChunk = 64 * 1024;
 
 // Refuses a length the rest of the file cannot hold (endOfFile) or a string
-// cannot represent (CMemoryException), before anything is allocated.
+// cannot represent (CMemoryException), before anything is allocated. Lengths
+// within one chunk need no check: reading them allocates at most a chunk.
 void CheckStringLength(CArchive& ar, UINT_PTR nLength, int nCharSize) {
   ULONGLONG nBytes = (ULONGLONG)nLength * (ULONGLONG)nCharSize;
+  if (nBytes <= kStringChunk) return;
   ULONGLONG nAvail = ar.GetBytesAvailable();
   if (nAvail != (ULONGLONG)-1 && nBytes > nAvail)
     AfxThrowArchiveException(CArchiveException::endOfFile, ar.m_strFileName);
@@ -468,16 +469,26 @@ void ReadWide(CArchive& ar, CString& str, UINT nLength) {
 
 } // namespace
 
-CArchive& AFXAPI operator>>(CArchive& ar, CString& str) {
+void CArchive::LoadCString(CString& str) {
+  CArchive& ar = *this;
   int nCharSize;
   UINT_PTR nLength = AfxReadStringLength(ar, nCharSize);
-  str.Empty();
   CheckStringLength(ar, nLength, nCharSize);
+  if (nCharSize == (int)sizeof(char) && nLength <= kStringChunk) {
+    // The common case: one buffer, reusing the string's own when it fits.
+    LPTSTR p = str.GetBufferSetLength((int)nLength);
+    if (ar.Read(p, (UINT)nLength) != nLength) {
+      str.Empty();
+      AfxThrowArchiveException(CArchiveException::endOfFile, ar.m_strFileName);
+    }
+    str.ReleaseBuffer((int)nLength);
+    return;
+  }
+  str.Empty();
   if (nCharSize == (int)sizeof(char))
     ReadAnsi(ar, str, (UINT)nLength);
   else
     ReadWide(ar, str, (UINT)nLength);
-  return ar;
 }
 
 // ---- classes and objects ---------------------------------------------------
