@@ -1,5 +1,103 @@
+// Run-time classes: kinds, dynamic creation, the registry of serial classes,
+// and the order of CObject's virtual operations.
 #include <afx.h>
 #include <gtest/gtest.h>
-class CShape : public CObject { DECLARE_DYNAMIC(CShape) };
+
+#include <string>
+
+class CShape : public CObject {
+  DECLARE_DYNAMIC(CShape)
+};
 IMPLEMENT_DYNAMIC(CShape, CObject)
-TEST(Object, Kind) { CShape s; EXPECT_TRUE(s.IsKindOf(RUNTIME_CLASS(CObject))); }
+
+class CCircle : public CShape {
+  DECLARE_DYNCREATE(CCircle)
+public:
+  int m_radius = 7;
+};
+IMPLEMENT_DYNCREATE(CCircle, CShape)
+
+class CLabel : public CObject {
+  DECLARE_SERIAL(CLabel)
+public:
+  std::string m_calls;
+  void Serialize(CArchive&) override { m_calls += "Serialize;"; }
+  void AssertValid() const override { const_cast<CLabel*>(this)->m_calls += "AssertValid;"; }
+  void Dump(CDumpContext& dc) const override { dc << "label"; }
+};
+IMPLEMENT_SERIAL(CLabel, CObject, VERSIONABLE_SCHEMA | 3)
+
+TEST(RuntimeClass, KindsFollowTheBaseChain) {
+  CCircle circle;
+  EXPECT_TRUE(circle.IsKindOf(RUNTIME_CLASS(CCircle)));
+  EXPECT_TRUE(circle.IsKindOf(RUNTIME_CLASS(CShape)));
+  EXPECT_TRUE(circle.IsKindOf(RUNTIME_CLASS(CObject)));
+  EXPECT_FALSE(circle.IsKindOf(RUNTIME_CLASS(CLabel)));
+  EXPECT_FALSE(RUNTIME_CLASS(CShape)->IsDerivedFrom(RUNTIME_CLASS(CCircle)));
+  EXPECT_EQ(RUNTIME_CLASS(CCircle), circle.GetRuntimeClass());
+  EXPECT_STREQ("CCircle", circle.GetRuntimeClass()->m_lpszClassName);
+  EXPECT_EQ((int)sizeof(CCircle), RUNTIME_CLASS(CCircle)->m_nObjectSize);
+
+  CObject* pAsObject = &circle;
+  EXPECT_EQ(&circle, DYNAMIC_DOWNCAST(CShape, pAsObject));
+  EXPECT_EQ(NULL, DYNAMIC_DOWNCAST(CLabel, pAsObject));
+}
+
+TEST(RuntimeClass, SerializableOnlyWithASchema) {
+  CCircle circle;
+  CLabel label;
+  EXPECT_FALSE(circle.IsSerializable());
+  EXPECT_TRUE(label.IsSerializable());
+  EXPECT_EQ(VERSIONABLE_SCHEMA | 3, RUNTIME_CLASS(CLabel)->m_wSchema);
+  EXPECT_EQ(0xFFFFu, RUNTIME_CLASS(CShape)->m_wSchema);
+}
+
+TEST(RuntimeClass, CreatesOnlyCreatableClasses) {
+  CObject* pObject = RUNTIME_CLASS(CCircle)->CreateObject();
+  ASSERT_NE(nullptr, pObject);
+  EXPECT_TRUE(pObject->IsKindOf(RUNTIME_CLASS(CCircle)));
+  EXPECT_EQ(7, static_cast<CCircle*>(pObject)->m_radius);
+  delete pObject;
+  EXPECT_EQ(nullptr, RUNTIME_CLASS(CShape)->CreateObject());
+}
+
+TEST(RuntimeClass, FindsSerialClassesByName) {
+  EXPECT_EQ(RUNTIME_CLASS(CLabel), CRuntimeClass::FromName("CLabel"));
+  EXPECT_EQ(RUNTIME_CLASS(CLabel), CRuntimeClass::FromName(L"CLabel"));
+  // Only IMPLEMENT_SERIAL registers a class by name.
+  EXPECT_EQ(nullptr, CRuntimeClass::FromName("CCircle"));
+  EXPECT_EQ(nullptr, CRuntimeClass::FromName("clabel"));
+  EXPECT_EQ(nullptr, CRuntimeClass::FromName((LPCSTR)NULL));
+
+  CObject* pObject = CRuntimeClass::CreateObject("CLabel");
+  ASSERT_NE(nullptr, pObject);
+  EXPECT_TRUE(pObject->IsKindOf(RUNTIME_CLASS(CLabel)));
+  delete pObject;
+  EXPECT_EQ(nullptr, CRuntimeClass::CreateObject("NoSuchClass"));
+}
+
+// Code built against MFC calls CObject's virtual operations by slot. With the
+// Itanium ABI the destructor takes two slots, so Serialize follows at 3.
+TEST(RuntimeClass, VirtualSlotsInMfcOrder) {
+  CLabel label;
+  void** vtable = *reinterpret_cast<void***>(&label);
+  typedef CRuntimeClass*(__thiscall * GetClassSlot)(const CObject*);
+  typedef void(__thiscall * SerializeSlot)(CObject*, CArchive&);
+  typedef void(__thiscall * AssertSlot)(const CObject*);
+  EXPECT_EQ(RUNTIME_CLASS(CLabel), reinterpret_cast<GetClassSlot>(vtable[0])(&label));
+  reinterpret_cast<SerializeSlot>(vtable[3])(&label, *static_cast<CArchive*>(nullptr));
+  reinterpret_cast<AssertSlot>(vtable[4])(&label);
+  EXPECT_EQ("Serialize;AssertValid;", label.m_calls);
+}
+
+TEST(DumpContext, WritesObjectsAndNumbersToAFile) {
+  CMemFile file;
+  CDumpContext dc(&file);
+  CLabel label;
+  dc << "n=" << 42 << " " << &label << " " << (const CObject*)NULL;
+  dc.Flush();
+  ULONGLONG length = file.GetLength();
+  BYTE* data = file.Detach();
+  EXPECT_EQ(std::string("n=42 label NULL"), std::string((char*)data, (size_t)length));
+  free(data);
+}

@@ -20,7 +20,7 @@ CObject::~CObject() {}
 
 void* PASCAL CObject::operator new(size_t nSize) {
   void* p = ::operator new(nSize, std::nothrow);
-  if (p == NULL) { void AFX_API AFXAPI AfxThrowMemoryException(); AfxThrowMemoryException(); }
+  if (p == NULL) AfxThrowMemoryException();
   return p;
 }
 
