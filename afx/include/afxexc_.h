@@ -170,14 +170,15 @@ public:
 
 // ---- Throwing --------------------------------------------------------------
 
-AFX_API void AFXAPI AfxThrowMemoryException();
-AFX_API void AFXAPI AfxThrowNotSupportedException();
-AFX_API void AFXAPI AfxThrowInvalidArgException();
-AFX_API void AFXAPI AfxThrowResourceException();
-AFX_API void AFXAPI AfxThrowUserException();
-AFX_API void AFXAPI AfxThrowFileException(int cause, LONG lOsError = -1,
-                                          LPCTSTR lpszFileName = NULL);
-AFX_API void AFXAPI AfxThrowArchiveException(int cause, LPCTSTR lpszArchiveName = NULL);
+__declspec(noreturn) AFX_API void AFXAPI AfxThrowMemoryException();
+__declspec(noreturn) AFX_API void AFXAPI AfxThrowNotSupportedException();
+__declspec(noreturn) AFX_API void AFXAPI AfxThrowInvalidArgException();
+__declspec(noreturn) AFX_API void AFXAPI AfxThrowResourceException();
+__declspec(noreturn) AFX_API void AFXAPI AfxThrowUserException();
+__declspec(noreturn) AFX_API void AFXAPI
+    AfxThrowFileException(int cause, LONG lOsError = -1, LPCTSTR lpszFileName = NULL);
+__declspec(noreturn) AFX_API void AFXAPI
+    AfxThrowArchiveException(int cause, LPCTSTR lpszArchiveName = NULL);
 
 // ---- TRY / CATCH -----------------------------------------------------------
 
