@@ -4,6 +4,7 @@
 #include <afxres.h>
 #include <gtest/gtest.h>
 
+#include <limits.h>
 #include <mbctype.h>
 
 #include <string>
@@ -198,6 +199,8 @@ TEST(StringExtract, MidLeftRightClampTheirArguments) {
   CString s("abcdef");
   EXPECT_STREQ("cd", s.Mid(2, 2));
   EXPECT_STREQ("cdef", s.Mid(2));
+  EXPECT_STREQ("abcdef", s.Mid(INT_MIN));
+  EXPECT_STREQ("", s.Mid(INT_MAX, INT_MAX));
   EXPECT_STREQ("ab", s.Mid(-3, 2));
   EXPECT_STREQ("ef", s.Mid(4, 100));
   EXPECT_STREQ("", s.Mid(10, 2));

@@ -445,7 +445,10 @@ int CString::CollateNoCase(PCXSTR psz) const {
 
 // ---- Extraction ------------------------------------------------------------
 
-CString CString::Mid(int iFirst) const { return Mid(iFirst, GetLength() - iFirst); }
+CString CString::Mid(int iFirst) const {
+  if (iFirst < 0) iFirst = 0; // keeps GetLength() - iFirst from overflowing
+  return Mid(iFirst, GetLength() - iFirst);
+}
 
 CString CString::Mid(int iFirst, int nCount) const {
   int nLength = GetLength();
