@@ -7,6 +7,8 @@
 class CWinApp;
 class CWinThread;
 class CDynLinkLibrary;
+class CWnd;
+class CHandleMap;
 
 // One module state serves the whole process: afx.dll is shared by the host
 // and its extension modules, so they share the application object, the
@@ -44,6 +46,20 @@ public:
   // The CWinThread running on this thread (the application object on the
   // thread that constructed it), or NULL.
   CWinThread* m_pCurrentWinThread;
+
+  // The message that afx's window procedure is handling now
+  // (AfxGetCurrentMessage); saved and restored around each nested send.
+  MSG m_lastSentMsg;
+  // The window that CWnd::CreateEx is creating: its first messages attach
+  // the handle to it through the CBT hook below.
+  CWnd* m_pWndInit;
+  HHOOK m_hHookOldCbtFilter;
+  // The thread's handle maps (CWnd, CMenu, CDC, CGdiObject, CImageList) and
+  // the lock count that keeps temporary objects alive while non-zero.
+  CHandleMap* m_pHandleMaps[8];
+  int m_nTempMapLock;
+  // afx's window-procedure message-map cache (private to afx.dll).
+  void* m_pMsgCache;
 
 private:
   _AFX_THREAD_STATE(const _AFX_THREAD_STATE&);

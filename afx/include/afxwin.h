@@ -154,6 +154,18 @@ AFX_API HINSTANCE AFXAPI AfxFindResourceHandle(LPCTSTR lpszName, LPCTSTR lpszTyp
 // the length, 0 when no module in the chain has the string.
 AFX_API int AFXAPI AfxLoadString(UINT nID, LPTSTR lpszBuf, UINT nMaxBuf = 256);
 
+// ---- Handle maps and the current message ------------------------------------
+
+// While locked, temporary objects made by FromHandle (CWnd, CMenu, CDC, GDI
+// objects) are kept; the last unlock deletes them when bDeleteTemps is set
+// and returns TRUE. CWinThread::OnIdle does both.
+AFX_API void AFXAPI AfxLockTempMaps();
+AFX_API BOOL AFXAPI AfxUnlockTempMaps(BOOL bDeleteTemps = TRUE);
+
+// The message afx's window procedure is handling now on this thread (its
+// window, number, parameters, time and point).
+AFX_API MSG* AFXAPI AfxGetCurrentMessage();
+
 // ---- Message boxes ----------------------------------------------------------
 
 AFX_API int AFXAPI AfxMessageBox(LPCTSTR lpszText, UINT nType = MB_OK, UINT nIDHelp = 0);

@@ -8,4 +8,9 @@
 // (called when an extension module is terminated).
 void AfxRemoveModuleClasses(HMODULE hModule);
 
+class _AFX_THREAD_STATE;
+// Frees the thread's handle maps (with their temporary objects) and its
+// message-map cache; called as the thread state is destroyed.
+void AfxFreeThreadWindowState(_AFX_THREAD_STATE* pState);
+
 #endif // AFXIMPL_H

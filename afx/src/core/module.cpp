@@ -58,8 +58,13 @@ static DWORD ThreadStateSlot() {
   return dwNew;
 }
 
-_AFX_THREAD_STATE::_AFX_THREAD_STATE() : m_pCurrentWinThread(NULL) {}
-_AFX_THREAD_STATE::~_AFX_THREAD_STATE() {}
+_AFX_THREAD_STATE::_AFX_THREAD_STATE()
+    : m_pCurrentWinThread(NULL), m_pWndInit(NULL), m_hHookOldCbtFilter(NULL), m_nTempMapLock(0),
+      m_pMsgCache(NULL) {
+  memset(&m_lastSentMsg, 0, sizeof(m_lastSentMsg));
+  memset(m_pHandleMaps, 0, sizeof(m_pHandleMaps));
+}
+_AFX_THREAD_STATE::~_AFX_THREAD_STATE() { AfxFreeThreadWindowState(this); }
 
 _AFX_THREAD_STATE* AFXAPI AfxGetThreadState() {
   DWORD dwIndex = ThreadStateSlot();

@@ -103,8 +103,15 @@ BOOL CWinThread::PumpMessage() {
   return TRUE;
 }
 
-// No idle work of its own yet: the base asks for no further idle calls.
-BOOL CWinThread::OnIdle(LONG lCount) { return lCount < 0; }
+// From the first idle call on, temporary handle-map objects are deleted (unless
+// someone holds the temporary-map lock); the base asks for no further calls.
+BOOL CWinThread::OnIdle(LONG lCount) {
+  if (lCount >= 0 && AfxGetThreadState()->m_nTempMapLock == 0) {
+    AfxLockTempMaps();
+    AfxUnlockTempMaps(TRUE);
+  }
+  return lCount < 0;
+}
 
 BOOL CWinThread::IsIdleMessage(MSG* pMsg) {
   return pMsg->message != WM_PAINT && pMsg->message != kSysTimer;
