@@ -5,6 +5,8 @@
 
 #include <afx.h>
 
+#include "exception_probe.h"
+
 // Runs f; true when it throws an E* (which is deleted). Any other CException
 // is deleted and counts as a failure.
 template <class E, class F> bool ThrowsMfc(F f) {
@@ -18,20 +20,6 @@ template <class E, class F> bool ThrowsMfc(F f) {
     return false;
   }
   return false;
-}
-
-// The cause of the CArchiveException f throws; -1 for none or another kind.
-template <class F> int ArchiveCause(F f) {
-  try {
-    f();
-  } catch (CArchiveException* e) {
-    int cause = e->m_cause;
-    e->Delete();
-    return cause;
-  } catch (CException* e) {
-    e->Delete();
-  }
-  return -1;
 }
 
 // Counts live instances; copies and assignments keep the value.

@@ -2,6 +2,7 @@
 // each failure's CArchiveException cause.
 #include <afx.h>
 #include <gtest/gtest.h>
+#include "exception_probe.h"
 
 #include <string>
 #include <vector>
@@ -93,22 +94,6 @@ struct Loading {
   CMemFile file;
   CArchive ar;
 };
-
-// The cause of the CArchiveException fn throws; -1 for none, -2 for another
-// kind of exception.
-template <class F> int ArchiveCause(F fn) {
-  try {
-    fn();
-  } catch (CArchiveException* e) {
-    int cause = e->m_cause;
-    e->Delete();
-    return cause;
-  } catch (CException* e) {
-    e->Delete();
-    return -2;
-  }
-  return -1;
-}
 
 std::string ClassRecord(WORD schema, const std::string& name) {
   std::string s("\xFF\xFF", 2);

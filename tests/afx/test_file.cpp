@@ -1,26 +1,12 @@
 // CFile, CStdioFile, CFileFind, CFileStatus and CTime on real files.
 #include <afx.h>
 #include <gtest/gtest.h>
+#include "exception_probe.h"
 
 #include <set>
 #include <string>
 
 #include "temp_dir.h"
-
-namespace {
-
-template <class F> int FileCause(F fn) {
-  try {
-    fn();
-  } catch (CFileException* e) {
-    int cause = e->m_cause;
-    e->Delete();
-    return cause;
-  }
-  return -1;
-}
-
-} // namespace
 
 TEST(File, OpenFlagValuesAreMfcs) {
   EXPECT_EQ(0x0000, CFile::modeRead);

@@ -2,6 +2,7 @@
 // waits across threads.
 #include <afxmt.h>
 #include <gtest/gtest.h>
+#include "exception_probe.h"
 
 #include <process.h>
 
@@ -29,18 +30,6 @@ void OnOtherThread(std::function<void()> fn) {
   ASSERT_NE(h, (HANDLE)NULL);
   WaitForSingleObject(h, INFINITE);
   CloseHandle(h);
-}
-
-// The kind of exception a call raised (NULL when none).
-template <class Fn> CRuntimeClass* ThrownClass(Fn fn) {
-  try {
-    fn();
-  } catch (CException* e) {
-    CRuntimeClass* pClass = e->GetRuntimeClass();
-    e->Delete();
-    return pClass;
-  }
-  return NULL;
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 // auto-delete and the per-thread state.
 #include <afxwin.h>
 #include <gtest/gtest.h>
+#include "exception_probe.h"
 
 #include <process.h>
 
@@ -43,17 +44,6 @@ public:
   ~CTrackedThread() { SetEvent(m_hDeleted); }
   HANDLE m_hDeleted;
 };
-
-template <class Fn> CRuntimeClass* ThrownClass(Fn fn) {
-  try {
-    fn();
-  } catch (CException* e) {
-    CRuntimeClass* pClass = e->GetRuntimeClass();
-    e->Delete();
-    return pClass;
-  }
-  return NULL;
-}
 
 } // namespace
 
