@@ -3,6 +3,7 @@
 // version words, the user's locale acronyms and the platform flags.
 #include "vrk_frame.h"
 
+#include <mbstring.h>
 #include <stdlib.h>
 #include <string.h>
 
@@ -50,8 +51,16 @@ VrkModuleData::VrkModuleData() : m_bWin9x(0), m_bMajorVersion4(0), m_lcid(0) {
   _splitpath(szPath, szDrive, szDir, szName, szExt);
   m_strExePath = szDrive;
   m_strExePath += szDir;
+  // The last character, found with the multibyte functions: in a DBCS path a
+  // trail byte may have the value of a backslash.
   int nPathLen = m_strExePath.GetLength();
-  if (nPathLen > 0 && m_strExePath[nPathLen - 1] == '\\') m_strExePath.Truncate(nPathLen - 1);
+  if (nPathLen > 0) {
+    const unsigned char* pBegin =
+        reinterpret_cast<const unsigned char*>(static_cast<const char*>(m_strExePath));
+    const unsigned char* pLast = _mbsdec(pBegin, pBegin + nPathLen);
+    if (pLast != NULL && pLast == pBegin + nPathLen - 1 && *pLast == '\\')
+      m_strExePath.Truncate(nPathLen - 1);
+  }
   m_strExeName = szName;
   m_strExeName += szExt;
 
