@@ -89,7 +89,8 @@ TEST(Rect, InflateAndDeflateForms) {
   r.DeflateRect(&margins);
   ExpectRect(r, 10, 10, 20, 20);
   ExpectRect(r + &margins, 9, 8, 23, 24);
-  ExpectRect(r - &margins, 11, 12, 17, 16);
+  const CRect& cr = r; // a non-const CRect would also convert to a pointer
+  ExpectRect(cr - &margins, 11, 12, 17, 16);
   r += &margins;
   ExpectRect(r, 9, 8, 23, 24);
   r -= &margins;

@@ -1,0 +1,95 @@
+// CImageList: images added from bitmaps with a mask colour, drawn onto a
+// memory DC pixel by pixel, and the handle map of image lists.
+#include <gtest/gtest.h>
+
+#include <afxwin.h>
+#include <afxgdi_.h>
+
+#include "gdi_canvas.h"
+
+static const COLORREF kWhite = RGB(255, 255, 255);
+static const COLORREF kRed = RGB(255, 0, 0);
+static const COLORREF kGreen = RGB(0, 255, 0);
+static const COLORREF kMagenta = RGB(255, 0, 255);
+
+// A strip of two 4 x 4 images: red, then green; each has a magenta top-left
+// pixel that the mask makes transparent.
+class ImageListTest : public ::testing::Test {
+protected:
+  void SetUp() override {
+    Canvas strip(8, 4);
+    strip.DC().FillSolidRect(0, 0, 4, 4, kRed);
+    strip.DC().FillSolidRect(4, 0, 4, 4, kGreen);
+    strip.DC().SetPixelV(0, 0, kMagenta);
+    strip.DC().SetPixelV(4, 0, kMagenta);
+    // A copy not selected into any DC, as image lists need.
+    ASSERT_TRUE(m_strip.CreateBitmap(8, 4, 1, 32, NULL));
+    CDC dc;
+    dc.CreateCompatibleDC(NULL);
+    CBitmap* pOld = dc.SelectObject(&m_strip);
+    dc.BitBlt(0, 0, 8, 4, &strip.DC(), 0, 0, SRCCOPY);
+    dc.SelectObject(pOld);
+    ASSERT_TRUE(m_list.Create(4, 4, ILC_COLOR32 | ILC_MASK, 0, 2));
+  }
+  CBitmap m_strip;
+  CImageList m_list;
+};
+
+TEST_F(ImageListTest, AddCutsTheStripAndMasksTheColour) {
+  EXPECT_EQ(0, m_list.Add(&m_strip, kMagenta));
+  EXPECT_EQ(2, m_list.GetImageCount());
+  int cx = 0, cy = 0;
+  EXPECT_TRUE(m_list.GetIconSize(&cx, &cy));
+  EXPECT_EQ(4, cx);
+  EXPECT_EQ(4, cy);
+
+  Canvas canvas(10, 10);
+  EXPECT_TRUE(m_list.Draw(&canvas.DC(), 1, CPoint(3, 3), ILD_NORMAL));
+  EXPECT_EQ(kWhite, canvas.At(3, 3)); // the masked pixel lets the canvas through
+  EXPECT_EQ(15, canvas.Count(kGreen, CRect(3, 3, 7, 7)));
+  EXPECT_EQ(15, canvas.Count(kGreen));
+  EXPECT_EQ(0, canvas.Count(kRed));
+  EXPECT_FALSE(m_list.Draw(NULL, 0, CPoint(0, 0), ILD_NORMAL));
+  EXPECT_FALSE(m_list.Draw(&canvas.DC(), 5, CPoint(0, 0), ILD_NORMAL)); // no such image
+}
+
+TEST_F(ImageListTest, RemoveReplaceAndCopyKeepTheOrder) {
+  m_list.Add(&m_strip, kMagenta);
+  EXPECT_TRUE(m_list.Remove(0));
+  ASSERT_EQ(1, m_list.GetImageCount());
+  Canvas canvas(4, 4);
+  m_list.Draw(&canvas.DC(), 0, CPoint(0, 0), ILD_NORMAL);
+  EXPECT_EQ(15, canvas.Count(kGreen)); // the green image moved to the front
+
+  CImageList copy;
+  ASSERT_TRUE(copy.Create(&m_list));
+  EXPECT_EQ(1, copy.GetImageCount());
+  EXPECT_NE(copy.m_hImageList, m_list.m_hImageList);
+
+  HICON hIcon = m_list.ExtractIcon(0);
+  ASSERT_TRUE(hIcon != NULL);
+  EXPECT_EQ(1, m_list.Add(hIcon));
+  ::DestroyIcon(hIcon);
+  EXPECT_EQ(2, m_list.GetImageCount());
+}
+
+TEST_F(ImageListTest, HandleMapAndOwnership) {
+  EXPECT_EQ(&m_list, CImageList::FromHandle(m_list.m_hImageList));
+  EXPECT_EQ(&m_list, CImageList::FromHandlePermanent(m_list.m_hImageList));
+
+  HIMAGELIST hLoose = ImageList_Create(2, 2, ILC_COLOR32, 1, 1);
+  EXPECT_EQ(NULL, CImageList::FromHandlePermanent(hLoose));
+  CImageList* pTemp = CImageList::FromHandle(hLoose);
+  ASSERT_TRUE(pTemp != NULL);
+  EXPECT_EQ(hLoose, pTemp->m_hImageList);
+  CImageList::DeleteTempMap();
+  EXPECT_EQ(0, ImageList_GetImageCount(hLoose)); // still a valid list
+  EXPECT_TRUE(ImageList_Destroy(hLoose));
+
+  HIMAGELIST hOwned = m_list.Detach();
+  EXPECT_EQ(NULL, m_list.m_hImageList);
+  EXPECT_EQ(NULL, CImageList::FromHandlePermanent(hOwned));
+  EXPECT_FALSE(m_list.DeleteImageList());
+  EXPECT_TRUE(m_list.Attach(hOwned));
+  EXPECT_EQ(-1, CImageList().Add(&m_strip, kMagenta)); // no list: nothing to add to
+}
