@@ -1,0 +1,110 @@
+// VRegArchive: a profile archive on a key under HKEY_CURRENT_USER.
+#include "vrk_profile.h"
+
+#include <string.h>
+
+VRegArchive::VRegArchive() : m_hKey(NULL) {}
+
+// Copies share the handle: whichever closes first closes it for both.
+VRegArchive::VRegArchive(const VRegArchive& other) : VProfileArchive(), m_hKey(other.m_hKey) {}
+
+VRegArchive& VRegArchive::operator=(const VRegArchive& other) {
+  // Our own earlier key is closed rather than leaked (a shared copy of it
+  // keeps a dead handle, as after any Close of a shared key).
+  if (m_hKey != NULL && m_hKey != other.m_hKey) RegCloseKey(m_hKey);
+  m_hKey = other.m_hKey;
+  return *this;
+}
+
+VRegArchive::~VRegArchive() {
+  if (m_hKey != NULL) RegCloseKey(m_hKey);
+}
+
+int VRegArchive::Open(const char* section, const char* root, DWORD flags) {
+  Close(); // reopening must not leak a key; a failed Open leaves it closed
+  CString path = VrkRegMakeKey(section, root, flags);
+  if (path.IsEmpty()) return 0;
+  DWORD access = (flags & VRK_PROFILE_READONLY) ? KEY_READ : KEY_ALL_ACCESS;
+  HKEY hKey = NULL;
+  if (!VrkRegCreateKeyEx(HKEY_CURRENT_USER, path, &hKey, access)) return 0;
+  m_hKey = hKey;
+  return 1;
+}
+
+int VRegArchive::Open(VREGOPENSTANDARDS which) {
+  // "Environment\" or "\": the key path of an empty section under the root.
+  return Open("", which == VREG_OPEN_ENVIRONMENT ? "Environment" : "", 0);
+}
+
+int VRegArchive::Open(HKEY parent, const char* subkey, DWORD flags) {
+  Close();
+  HKEY hKey = NULL;
+  int ok;
+  if (flags & VRK_PROFILE_CREATE)
+    ok = VrkRegCreateKeyEx(parent, subkey, &hKey, KEY_ALL_ACCESS);
+  else
+    ok = RegOpenKeyExA(parent, subkey, 0, KEY_ALL_ACCESS, &hKey) == ERROR_SUCCESS;
+  if (!ok) return 0;
+  m_hKey = hKey;
+  return 1;
+}
+
+int VRegArchive::Read(const char* name, void* buffer, DWORD size) {
+  if (m_hKey == NULL || buffer == NULL) return 0;
+  DWORD cb = size;
+  return RegQueryValueExA(m_hKey, name, NULL, NULL, (BYTE*)buffer, &cb) == ERROR_SUCCESS;
+}
+
+int VRegArchive::Read(const char* name, CString& value, const char* defaultValue) {
+  if (m_hKey == NULL) {
+    value = defaultValue != NULL ? defaultValue : "";
+    return 0;
+  }
+  value = VrkRegQueryString(m_hKey, name, defaultValue);
+  return 1;
+}
+
+// The stored type is not checked. The query goes through a copy of the
+// default because the system leaves the buffer undefined when it fails
+// (a value longer than 4 bytes), and the default must then survive.
+int VRegArchive::Read(const char* name, DWORD& value, DWORD defaultValue) {
+  value = defaultValue;
+  if (m_hKey == NULL) return 0;
+  DWORD data = defaultValue, cb = sizeof(data);
+  if (RegQueryValueExA(m_hKey, name, NULL, NULL, (BYTE*)&data, &cb) == ERROR_SUCCESS) value = data;
+  return 1;
+}
+
+int VRegArchive::Read(const char* name, int& value, int defaultValue) {
+  DWORD data;
+  int ok = Read(name, data, (DWORD)defaultValue);
+  value = (int)data;
+  return ok;
+}
+
+int VRegArchive::Write(const char* name, void* buffer, DWORD size) {
+  if (m_hKey == NULL || buffer == NULL) return 0;
+  // Success whatever the system said, unlike the integer write.
+  RegSetValueExA(m_hKey, name, 0, REG_BINARY, (const BYTE*)buffer, size);
+  return 1;
+}
+
+int VRegArchive::Write(const char* name, const char* value) {
+  if (m_hKey == NULL || value == NULL) return 0;
+  // Success whatever the system said, unlike the integer write.
+  RegSetValueExA(m_hKey, name, 0, REG_SZ, (const BYTE*)value, (DWORD)strlen(value) + 1);
+  return 1;
+}
+
+int VRegArchive::Write(const char* name, DWORD value) {
+  if (m_hKey == NULL) return 0;
+  return RegSetValueExA(m_hKey, name, 0, REG_DWORD, (const BYTE*)&value, sizeof(value)) ==
+         ERROR_SUCCESS;
+}
+
+int VRegArchive::Close() {
+  if (m_hKey == NULL) return 0;
+  LONG rc = RegCloseKey(m_hKey);
+  m_hKey = NULL;
+  return rc == ERROR_SUCCESS;
+}
