@@ -1,0 +1,191 @@
+// Archive helpers: the slim number bytes, carriage-return lines and a
+// document serialised through its own archive.
+#include <vrk_mru.h>
+#include <vrk_exception.h>
+#include <afxwin.h>
+#include <gtest/gtest.h>
+
+#include "settings_testing.h"
+
+#include <string.h>
+
+namespace {
+
+std::string Slim(unsigned long value) {
+  return Stored([=](CArchive& ar) { VrkArWriteSlim(ar, value); });
+}
+
+unsigned long ReadSlim(const std::string& bytes) {
+  LoadingArchive ar(bytes);
+  unsigned long value = 0xDEADBEEF;
+  VrkArReadSlim(*ar, value);
+  return value;
+}
+
+TEST(ArSlim, WritesEachFormAtItsBounds) {
+  EXPECT_EQ(std::string("\x00", 1), Slim(0));
+  EXPECT_EQ("\xFE", Slim(254));
+  EXPECT_EQ(std::string("\xFF\xFF\x00", 3), Slim(255));
+  EXPECT_EQ("\xFF\xFD\xFF", Slim(65533));
+  // 65534 already takes the long form although the WORD form could hold it.
+  EXPECT_EQ(std::string("\xFF\xFF\xFF\xFE\xFF\x00\x00", 7), Slim(65534));
+  EXPECT_EQ(std::string("\xFF\xFF\xFF\xFF\xFF\x00\x00", 7), Slim(65535));
+  EXPECT_EQ("\xFF\xFF\xFF\xFF\xFF\xFF\xFF", Slim(0xFFFFFFFFUL));
+}
+
+TEST(ArSlim, ReadsEveryFormAndAcceptsTheShortForm65534) {
+  EXPECT_EQ(254UL, ReadSlim("\xFE"));
+  EXPECT_EQ(255UL, ReadSlim(std::string("\xFF\xFF\x00", 3)));
+  EXPECT_EQ(65534UL, ReadSlim("\xFF\xFE\xFF"));
+  EXPECT_EQ(0x12345678UL, ReadSlim("\xFF\xFF\xFF\x78\x56\x34\x12"));
+  for (unsigned long v : {0UL, 254UL, 255UL, 65533UL, 65534UL, 65535UL, 70000UL, 0xFFFFFFFFUL})
+    EXPECT_EQ(v, ReadSlim(Slim(v))) << v;
+}
+
+TEST(ArSlim, TruncatedInputAndWrongDirectionThrowArchiveExceptions) {
+  EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([] { ReadSlim("\xFF\x01"); }));
+  EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([] { ReadSlim("\xFF\xFF\xFF\x01\x02"); }));
+  EXPECT_EQ(CArchiveException::readOnly, ArchiveCause([] {
+              LoadingArchive ar("x");
+              VrkArWriteSlim(*ar, 1);
+            }));
+  EXPECT_EQ(CArchiveException::writeOnly, ArchiveCause([] {
+              Stored([](CArchive& ar) {
+                unsigned long v;
+                VrkArReadSlim(ar, v);
+              });
+            }));
+}
+
+// ---- lines -------------------------------------------------------------------
+
+std::string ReadLine(const std::string& bytes, int limit) {
+  LoadingArchive ar(bytes);
+  char buffer[64];
+  memset(buffer, '#', sizeof(buffer));
+  EXPECT_EQ(buffer, VrkArReadString(*ar, buffer, (unsigned int)limit));
+  return buffer;
+}
+
+TEST(ArReadString, OnlyCarriageReturnEndsALine) {
+  EXPECT_EQ("abc", ReadLine("abc\r\nnext", 10));
+  EXPECT_EQ("abc\n", ReadLine("abc\r\nnext", -10));
+  // A bare line feed is data; the byte after the carriage return is taken
+  // as the line feed whatever it is, and kept only with a negative limit.
+  EXPECT_EQ("a\nb", ReadLine("a\nb\rX", 10));
+  EXPECT_EQ("a\nbX", ReadLine("a\nb\rX", -10));
+  EXPECT_EQ("", ReadLine("\r\n", 10));
+}
+
+TEST(ArReadString, StopsAtTheLimitAndGoesOnFromThere) {
+  LoadingArchive ar("abcdef\r\n");
+  char buffer[8];
+  memset(buffer, '#', sizeof(buffer));
+  EXPECT_STREQ("abcd", VrkArReadString(*ar, buffer, 4));
+  EXPECT_EQ('#', buffer[5]); // nothing written past the terminator
+  EXPECT_STREQ("ef", VrkArReadString(*ar, buffer, 4));
+  EXPECT_STREQ("", VrkArReadString(*ar, buffer, 0));
+}
+
+TEST(ArReadString, EndOfArchiveAndNullBufferThrow) {
+  EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([] { ReadLine("abc", 10); }));
+  // The line feed after a final carriage return is read too.
+  EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([] { ReadLine("abc\r", 10); }));
+  LoadingArchive ar("abc\r\n");
+  EXPECT_EQ(RUNTIME_CLASS(VInvalidDataException),
+            ThrownClass([&] { VrkArReadString(*ar, (char*)NULL, 10); }));
+}
+
+std::string ReadText(const std::string& bytes, CString* second = NULL) {
+  LoadingArchive ar(bytes);
+  CString text("old");
+  EXPECT_EQ(1, VrkArReadString(*ar, text));
+  if (second != NULL) VrkArReadString(*ar, *second);
+  return std::string(text, text.GetLength());
+}
+
+TEST(ArReadStringText, ReadsLinesOfAnyLengthWithoutTheLineEnd) {
+  const std::string long300(300, 'x');
+  EXPECT_EQ(long300, ReadText(long300 + "\r\n"));
+  // Chunk boundaries: the line end falls inside, at the end of, or just
+  // after a 128-character chunk.
+  for (size_t n : {0, 1, 126, 127, 128, 129, 255, 256, 257}) {
+    const std::string line(n, 'a' + n % 26);
+    CString second;
+    EXPECT_EQ(line, ReadText(line + "\r\nnext\r\n", &second)) << n;
+    EXPECT_STREQ("next", second) << n;
+  }
+}
+
+TEST(ArReadStringText, KeepsBareLineFeedsInside) {
+  EXPECT_EQ("a\nb", ReadText("a\nb\r\n"));
+  EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([] { ReadText("no line end"); }));
+}
+
+// ---- documents -----------------------------------------------------------------
+
+// A document stand-in: the document's Serialize is a CObject virtual, which
+// is all VrkArSerializeDocument uses.
+class TestDocument : public CCmdTarget {
+public:
+  CString text;
+  LONG number = 0;
+  bool failAfterText = false;
+  CDocument* seenDocument = NULL;
+  bool seenStoring = false;
+
+  CDocument* AsDocument() { return reinterpret_cast<CDocument*>(this); }
+
+  void Serialize(CArchive& ar) override {
+    seenDocument = ar.m_pDocument;
+    seenStoring = ar.IsStoring() != FALSE;
+    if (ar.IsStoring()) {
+      ar << text;
+      if (failAfterText) AfxThrowUserException();
+      ar << number;
+    } else {
+      ar >> text >> number;
+    }
+  }
+};
+
+TEST(ArSerializeDocument, StoresAndLoadsThroughAnyFile) {
+  CMemFile file;
+  TestDocument out;
+  out.text = "hello";
+  out.number = 0x01020304;
+  ASSERT_EQ(1, VrkArSerializeDocument(out.AsDocument(), &file, TRUE));
+  EXPECT_TRUE(out.seenStoring);
+  EXPECT_EQ(out.AsDocument(), out.seenDocument);
+  ASSERT_EQ(10u, (unsigned)file.GetLength());
+
+  file.SeekToBegin();
+  TestDocument in;
+  ASSERT_EQ(1, VrkArSerializeDocument(in.AsDocument(), &file, FALSE));
+  EXPECT_FALSE(in.seenStoring);
+  EXPECT_STREQ("hello", in.text);
+  EXPECT_EQ(0x01020304, in.number);
+}
+
+TEST(ArSerializeDocument, NullArgumentsAndExceptions) {
+  CMemFile file;
+  TestDocument doc;
+  EXPECT_EQ(0, VrkArSerializeDocument(NULL, &file, TRUE));
+  EXPECT_EQ(0, VrkArSerializeDocument(doc.AsDocument(), NULL, TRUE));
+
+  // The document's exception reaches the caller, and the archive was
+  // closed first: what was stored before the throw is in the file.
+  doc.text = "abc";
+  doc.failAfterText = true;
+  EXPECT_EQ(RUNTIME_CLASS(CUserException),
+            ThrownClass([&] { VrkArSerializeDocument(doc.AsDocument(), &file, TRUE); }));
+  EXPECT_EQ(4u, (unsigned)file.GetLength());
+
+  // Loading past the end: CArchive's own exception comes through.
+  file.SeekToBegin();
+  TestDocument in;
+  EXPECT_EQ(CArchiveException::endOfFile,
+            ArchiveCause([&] { VrkArSerializeDocument(in.AsDocument(), &file, FALSE); }));
+}
+
+} // namespace

@@ -1,0 +1,162 @@
+// VStringMruList: ordering of additions and removals, range checks, and the
+// exact bytes of its serialisation.
+#include <vrk_mru.h>
+#include <gtest/gtest.h>
+
+#include "settings_testing.h"
+
+#include <vector>
+
+namespace {
+
+std::vector<std::string> Entries(const VStringMruList& list) {
+  std::vector<std::string> entries;
+  for (int i = 0; i < list.GetSize(); i++)
+    entries.push_back((const char*)list.GetAt(i));
+  return entries;
+}
+
+typedef std::vector<std::string> Strings;
+
+// True when fn throws CInvalidArgException.
+template <class Fn> bool ThrowsInvalidArg(Fn fn) {
+  return ThrownClass(fn) == RUNTIME_CLASS(CInvalidArgException);
+}
+
+TEST(StringMruList, StartsWithEmptyPlaces) {
+  VStringMruList list(3);
+  EXPECT_EQ(3, list.GetSize());
+  EXPECT_EQ(Strings({"", "", ""}), Entries(list));
+}
+
+TEST(StringMruList, AddMovesDuplicatesToTheFrontAndDropsTheOldest) {
+  VStringMruList list(3);
+  list.Add("A");
+  list.Add("B");
+  list.Add("A");
+  EXPECT_EQ(Strings({"A", "B", ""}), Entries(list));
+
+  VStringMruList full(3);
+  full.Add("C");
+  full.Add("B");
+  full.Add("A");
+  full.Add("D");
+  EXPECT_EQ(Strings({"D", "A", "B"}), Entries(full));
+  full.Add("B"); // a duplicate in the last place falls off like the oldest
+  EXPECT_EQ(Strings({"B", "D", "A"}), Entries(full));
+  full.Add("b"); // case-sensitive
+  EXPECT_EQ(Strings({"b", "B", "D"}), Entries(full));
+  full.Add(NULL);
+  EXPECT_EQ(Strings({"b", "B", "D"}), Entries(full));
+  full.Add(full[2]); // an entry of the list itself
+  EXPECT_EQ(Strings({"D", "b", "B"}), Entries(full));
+}
+
+TEST(StringMruList, SmallCapacities) {
+  VStringMruList one(1);
+  one.Add("A");
+  one.Add("B");
+  EXPECT_EQ(Strings({"B"}), Entries(one));
+  VStringMruList none(0);
+  EXPECT_TRUE(ThrowsInvalidArg([&] { none.Add("A"); }));
+  EXPECT_EQ(0, none.GetSize());
+}
+
+TEST(StringMruList, RemoveClosesTheGap) {
+  VStringMruList list(4);
+  for (const char* s : {"D", "C", "B", "A"})
+    list.Add(s);
+  list.Remove(1);
+  EXPECT_EQ(Strings({"A", "C", "D", ""}), Entries(list));
+  list.Remove(2);
+  EXPECT_EQ(Strings({"A", "C", "", ""}), Entries(list));
+  list.Remove(3);
+  EXPECT_EQ(Strings({"A", "C", "", ""}), Entries(list));
+  list.Remove(0);
+  EXPECT_EQ(Strings({"C", "", "", ""}), Entries(list));
+}
+
+TEST(StringMruList, IndexesOutsideTheCapacityThrow) {
+  VStringMruList list(2);
+  EXPECT_TRUE(ThrowsInvalidArg([&] { list.Remove(2); }));
+  EXPECT_TRUE(ThrowsInvalidArg([&] { list.Remove(-1); }));
+  EXPECT_TRUE(ThrowsInvalidArg([&] { list[2]; }));
+  EXPECT_TRUE(ThrowsInvalidArg([&] { list[-1]; }));
+  EXPECT_TRUE(ThrowsInvalidArg([&] { list.GetAt(2); }));
+  EXPECT_TRUE(ThrowsInvalidArg([&] { list.SetSize(-1); }));
+  EXPECT_EQ(2, list.GetSize());
+  list[1] = "set";
+  EXPECT_STREQ("set", list.GetAt(1));
+}
+
+TEST(StringMruList, SetSizeCutsOrExtendsAndAssignmentCopies) {
+  VStringMruList list(3);
+  for (const char* s : {"C", "B", "A"})
+    list.Add(s);
+  list.SetSize(2);
+  EXPECT_EQ(Strings({"A", "B"}), Entries(list));
+  list.SetSize(4);
+  EXPECT_EQ(Strings({"A", "B", "", ""}), Entries(list));
+
+  VStringMruList copy(1);
+  copy = list;
+  EXPECT_EQ(Entries(list), Entries(copy));
+  copy.Add("Z"); // the copy is independent
+  EXPECT_EQ(Strings({"A", "B", "", ""}), Entries(list));
+  EXPECT_EQ(Strings({"Z", "A", "B", ""}), Entries(copy));
+}
+
+TEST(StringMruListSerialize, WritesTheEntriesThenTheCapacity) {
+  VStringMruList list(3);
+  list.Add("B");
+  list.Add("Ab");
+  const std::string bytes = Stored([&](CArchive& ar) { list.Serialize(ar); });
+  EXPECT_EQ(std::string("\x03\x00"
+                        "\x02"
+                        "Ab"
+                        "\x01"
+                        "B"
+                        "\x00"
+                        "\x03\x00\x00\x00",
+                        12),
+            bytes);
+
+  VStringMruList loaded(1);
+  LoadingArchive ar(bytes);
+  loaded.Serialize(*ar);
+  EXPECT_EQ(3, loaded.GetSize());
+  EXPECT_EQ(Strings({"Ab", "B", ""}), Entries(loaded));
+}
+
+TEST(StringMruListSerialize, RoundTripsAsAnObjectByItsRunTimeClass) {
+  VStringMruList list(2);
+  list.Add("path\\one.txt");
+  const std::string bytes = Stored([&](CArchive& ar) { ar << &list; });
+  LoadingArchive ar(bytes);
+  CObject* object = NULL;
+  *ar >> object;
+  ASSERT_TRUE(object != NULL);
+  ASSERT_TRUE(object->IsKindOf(RUNTIME_CLASS(VStringMruList)));
+  VStringMruList* loaded = static_cast<VStringMruList*>(object);
+  EXPECT_EQ(Strings({"path\\one.txt", ""}), Entries(*loaded));
+  delete loaded;
+}
+
+TEST(StringMruListSerialize, CorruptArchivesLeaveTheListAlone) {
+  VStringMruList list(2);
+  list.Add("keep");
+  // The capacity disagrees with the number of entries.
+  const std::string mismatch("\x01\x00\x01x\x05\x00\x00\x00", 8);
+  EXPECT_EQ(CArchiveException::badIndex, ArchiveCause([&] {
+              LoadingArchive ar(mismatch);
+              list.Serialize(*ar);
+            }));
+  // Cut short before the capacity.
+  EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([&] {
+              LoadingArchive ar(std::string("\x01\x00\x01x\x01\x00", 6));
+              list.Serialize(*ar);
+            }));
+  EXPECT_EQ(Strings({"keep", ""}), Entries(list));
+}
+
+} // namespace
