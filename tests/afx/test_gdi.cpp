@@ -496,3 +496,19 @@ TEST(DCClip, ClippingLimitsOutput) {
   dc.FillSolidRect(0, 0, 10, 10, kBlue);
   EXPECT_EQ(96, canvas.Count(kBlue));
 }
+
+TEST(DCBadInput, NullArgumentsFailWithoutDrawing) {
+  Canvas canvas(4, 4);
+  CDC& dc = canvas.DC();
+  dc.Draw3dRect(NULL, kRed, kBlue);
+  EXPECT_FALSE(dc.Rectangle((LPCRECT)NULL));
+  EXPECT_FALSE(dc.Ellipse((LPCRECT)NULL));
+  EXPECT_EQ(ERROR, dc.IntersectClipRect((LPCRECT)NULL));
+  dc.DPtoLP((LPSIZE)NULL);
+  dc.FillSolidRect(NULL, kRed);
+  dc.FillRect(CRect(0, 0, 4, 4), NULL);
+  EXPECT_EQ(0, dc.DrawText("abc", 3, NULL, 0));
+  EXPECT_EQ(CSize(0, 0), dc.GetTextExtent(NULL, 5));
+  EXPECT_EQ(NULL, dc.SelectObject((CPen*)NULL));
+  EXPECT_EQ(16, canvas.Count(kWhite));
+}

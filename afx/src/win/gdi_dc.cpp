@@ -365,6 +365,7 @@ void CDC::DPtoLP(LPRECT lpRect) const { ::DPtoLP(m_hAttribDC, (LPPOINT)lpRect, 2
 
 // A size has no origin: only the ratio of the extents applies.
 void CDC::DPtoLP(LPSIZE lpSize) const {
+  if (lpSize == NULL) return;
   CSize sizeWinExt = GetWindowExt();
   CSize sizeVpExt = GetViewportExt();
   if (sizeVpExt.cx == 0 || sizeVpExt.cy == 0) return;
@@ -377,6 +378,7 @@ void CDC::LPtoDP(LPPOINT lpPoints, int nCount) const { ::LPtoDP(m_hAttribDC, lpP
 void CDC::LPtoDP(LPRECT lpRect) const { ::LPtoDP(m_hAttribDC, (LPPOINT)lpRect, 2); }
 
 void CDC::LPtoDP(LPSIZE lpSize) const {
+  if (lpSize == NULL) return;
   CSize sizeWinExt = GetWindowExt();
   CSize sizeVpExt = GetViewportExt();
   if (sizeWinExt.cx == 0 || sizeWinExt.cy == 0) return;
@@ -388,6 +390,7 @@ void CDC::LPtoDP(LPSIZE lpSize) const {
 static const int HIMETRIC_INCH = 2540;
 
 void CDC::DPtoHIMETRIC(LPSIZE lpSize) const {
+  if (lpSize == NULL) return;
   int cxPerInch = GetDeviceCaps(LOGPIXELSX);
   int cyPerInch = GetDeviceCaps(LOGPIXELSY);
   if (cxPerInch == 0 || cyPerInch == 0) return;
@@ -396,6 +399,7 @@ void CDC::DPtoHIMETRIC(LPSIZE lpSize) const {
 }
 
 void CDC::HIMETRICtoDP(LPSIZE lpSize) const {
+  if (lpSize == NULL) return;
   int cxPerInch = GetDeviceCaps(LOGPIXELSX);
   int cyPerInch = GetDeviceCaps(LOGPIXELSY);
   lpSize->cx = ::MulDiv(lpSize->cx, cxPerInch, HIMETRIC_INCH);
@@ -411,6 +415,9 @@ void CDC::HIMETRICtoLP(LPSIZE lpSize) const {
   HIMETRICtoDP(lpSize);
   DPtoLP(lpSize);
 }
+
+// Members taking a rectangle or size by pointer do nothing with NULL (MFC
+// would fault): a clear failure rather than a crash.
 
 // ---- Regions and clipping ---------------------------------------------------
 
@@ -459,6 +466,7 @@ int CDC::ExcludeClipRect(int x1, int y1, int x2, int y2) {
 }
 
 int CDC::ExcludeClipRect(LPCRECT lpRect) {
+  if (lpRect == NULL) return ERROR;
   return ExcludeClipRect(lpRect->left, lpRect->top, lpRect->right, lpRect->bottom);
 }
 
@@ -470,6 +478,7 @@ int CDC::IntersectClipRect(int x1, int y1, int x2, int y2) {
 }
 
 int CDC::IntersectClipRect(LPCRECT lpRect) {
+  if (lpRect == NULL) return ERROR;
   return IntersectClipRect(lpRect->left, lpRect->top, lpRect->right, lpRect->bottom);
 }
 
@@ -513,6 +522,7 @@ BOOL CDC::Arc(int x1, int y1, int x2, int y2, int x3, int y3, int x4, int y4) {
 }
 
 BOOL CDC::Arc(LPCRECT lpRect, POINT ptStart, POINT ptEnd) {
+  if (lpRect == NULL) return FALSE;
   return ::Arc(m_hDC, lpRect->left, lpRect->top, lpRect->right, lpRect->bottom, ptStart.x,
                ptStart.y, ptEnd.x, ptEnd.y);
 }
@@ -554,6 +564,7 @@ void CDC::FillSolidRect(int x, int y, int cx, int cy, COLORREF clr) {
 }
 
 void CDC::Draw3dRect(LPCRECT lpRect, COLORREF clrTopLeft, COLORREF clrBottomRight) {
+  if (lpRect == NULL) return;
   Draw3dRect(lpRect->left, lpRect->top, lpRect->right - lpRect->left, lpRect->bottom - lpRect->top,
              clrTopLeft, clrBottomRight);
 }
@@ -572,6 +583,7 @@ BOOL CDC::Chord(int x1, int y1, int x2, int y2, int x3, int y3, int x4, int y4) 
 }
 
 BOOL CDC::Chord(LPCRECT lpRect, POINT ptStart, POINT ptEnd) {
+  if (lpRect == NULL) return FALSE;
   return ::Chord(m_hDC, lpRect->left, lpRect->top, lpRect->right, lpRect->bottom, ptStart.x,
                  ptStart.y, ptEnd.x, ptEnd.y);
 }
@@ -579,6 +591,7 @@ BOOL CDC::Chord(LPCRECT lpRect, POINT ptStart, POINT ptEnd) {
 BOOL CDC::Ellipse(int x1, int y1, int x2, int y2) { return ::Ellipse(m_hDC, x1, y1, x2, y2); }
 
 BOOL CDC::Ellipse(LPCRECT lpRect) {
+  if (lpRect == NULL) return FALSE;
   return ::Ellipse(m_hDC, lpRect->left, lpRect->top, lpRect->right, lpRect->bottom);
 }
 
@@ -587,6 +600,7 @@ BOOL CDC::Pie(int x1, int y1, int x2, int y2, int x3, int y3, int x4, int y4) {
 }
 
 BOOL CDC::Pie(LPCRECT lpRect, POINT ptStart, POINT ptEnd) {
+  if (lpRect == NULL) return FALSE;
   return ::Pie(m_hDC, lpRect->left, lpRect->top, lpRect->right, lpRect->bottom, ptStart.x,
                ptStart.y, ptEnd.x, ptEnd.y);
 }
@@ -600,6 +614,7 @@ BOOL CDC::PolyPolygon(const POINT* lpPoints, const INT* lpPolyCounts, int nCount
 BOOL CDC::Rectangle(int x1, int y1, int x2, int y2) { return ::Rectangle(m_hDC, x1, y1, x2, y2); }
 
 BOOL CDC::Rectangle(LPCRECT lpRect) {
+  if (lpRect == NULL) return FALSE;
   return ::Rectangle(m_hDC, lpRect->left, lpRect->top, lpRect->right, lpRect->bottom);
 }
 
@@ -608,6 +623,7 @@ BOOL CDC::RoundRect(int x1, int y1, int x2, int y2, int x3, int y3) {
 }
 
 BOOL CDC::RoundRect(LPCRECT lpRect, POINT point) {
+  if (lpRect == NULL) return FALSE;
   return ::RoundRect(m_hDC, lpRect->left, lpRect->top, lpRect->right, lpRect->bottom, point.x,
                      point.y);
 }
