@@ -60,6 +60,10 @@ public:
   int m_nTempMapLock;
   // afx's window-procedure message-map cache (private to afx.dll).
   void* m_pMsgCache;
+  // While UpdateData runs, control notifications to this window are dropped.
+  HWND m_hLockoutNotifyWindow;
+  // The message AfxPumpMessage took last (modal loops read it).
+  MSG m_msgCur;
 
 private:
   _AFX_THREAD_STATE(const _AFX_THREAD_STATE&);

@@ -6,23 +6,1060 @@
 
 #include "afx.h"
 
+#include "atltypes.h"
+
 class CWnd;
 class CCmdTarget;
+class CCmdUI;
 class CWinThread;
 class CWinApp;
 class CDynLinkLibrary;
+class CMenu;
+class CScrollBar;
+class CDataExchange;
+// CCreateContext is completed by the document/view classes.
+struct CCreateContext;
+
+// Marks the message handlers of a class.
+#define afx_msg
 
 #include "afxstat_.h"
+#include "afxgdi_.h"
+
+// ---- Message maps -------------------------------------------------------------
+
+#define AFX_MSG_CALL
+typedef void (AFX_MSG_CALL CCmdTarget::*AFX_PMSG)(void);
+typedef void (AFX_MSG_CALL CWnd::*AFX_PMSGW)(void);
+
+struct AFX_MSGMAP_ENTRY {
+  UINT nMessage; // the window message
+  UINT nCode;    // the control code or WM_NOTIFY code
+  UINT nID;      // the control id (or 0 for window messages)
+  UINT nLastID;  // the last id of a range
+  UINT_PTR nSig; // the handler signature (AfxSig), or a registered message's variable
+  AFX_PMSG pfn;  // the handler
+};
+
+struct AFX_MSGMAP {
+  const AFX_MSGMAP*(PASCAL* pfnGetBaseMap)();
+  const AFX_MSGMAP_ENTRY* lpEntries;
+};
+
+#define DECLARE_MESSAGE_MAP()                                                                      \
+protected:                                                                                         \
+  static const AFX_MSGMAP* PASCAL GetThisMessageMap();                                             \
+  virtual const AFX_MSGMAP* GetMessageMap() const;
+
+#define BEGIN_MESSAGE_MAP(theClass, baseClass)                                                     \
+  const AFX_MSGMAP* theClass::GetMessageMap() const { return GetThisMessageMap(); }                \
+  const AFX_MSGMAP* PASCAL theClass::GetThisMessageMap() {                                         \
+    typedef theClass ThisClass;                                                                    \
+    typedef baseClass TheBaseClass;                                                                \
+    static const AFX_MSGMAP_ENTRY _messageEntries[] = {
+
+#define END_MESSAGE_MAP()                                                                          \
+  { 0, 0, 0, 0, AfxSig_end, (AFX_PMSG)0 }                                                          \
+  }                                                                                                \
+  ;                                                                                                \
+  static const AFX_MSGMAP messageMap = {&TheBaseClass::GetThisMessageMap, &_messageEntries[0]};    \
+  return &messageMap;                                                                              \
+  }
+
+// The entry of lpEntry's table (ending with AfxSig_end) for the message, code
+// and id, or NULL.
+AFX_API const AFX_MSGMAP_ENTRY* AFXAPI AfxFindMessageEntry(const AFX_MSGMAP_ENTRY* lpEntry,
+                                                           UINT nMsg, UINT nCode, UINT nID);
+
+// What OnCmdMsg reports instead of calling, when asked with a handler info.
+struct AFX_CMDHANDLERINFO {
+  CCmdTarget* pTarget;
+  AFX_PMSG pmf;
+};
+
+// The extra argument of OnCmdMsg for WM_NOTIFY.
+struct AFX_NOTIFY {
+  LRESULT* pResult;
+  NMHDR* pNMHDR;
+};
+
+// WM_CTLCOLOR's parameters as afx passes them to OnCtlColor entries.
+struct AFX_CTLCOLOR {
+  HWND hWnd;
+  HDC hDC;
+  UINT nCtlType;
+};
 
 // ---- CCmdTarget -------------------------------------------------------------
 
-// The base of every class that receives commands (message maps come with the
-// window classes).
+// The base of every class that receives commands: OnCmdMsg searches the
+// class's message map, then its base classes' maps.
 class AFX_API CCmdTarget : public CObject {
   DECLARE_DYNAMIC(CCmdTarget)
 public:
   CCmdTarget();
   virtual ~CCmdTarget();
+
+  // Routes a command (nCode CN_COMMAND, CN_UPDATE_COMMAND_UI or a control
+  // code; the high word may carry a message such as WM_NOTIFY). With
+  // pHandlerInfo, only reports whether a handler exists.
+  virtual BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo);
+
+  void BeginWaitCursor();
+  void EndWaitCursor();
+  void RestoreWaitCursor();
+
+protected:
+  static const AFX_MSGMAP* PASCAL GetThisMessageMap();
+  virtual const AFX_MSGMAP* GetMessageMap() const;
+};
+
+#include "afxmsg_.h"
+
+// ---- CCmdUI -------------------------------------------------------------------
+
+// The user-interface item of one command being updated (a menu item or a
+// control); handlers of ON_UPDATE_COMMAND_UI set its state.
+class AFX_API CCmdUI {
+public:
+  CCmdUI();
+  virtual ~CCmdUI() {}
+
+  UINT m_nID;
+  UINT m_nIndex;     // the menu item's position
+  CMenu* m_pMenu;    // the menu, or NULL
+  CMenu* m_pSubMenu; // the popup the item opens, or NULL
+  CMenu* m_pParentMenu;
+  CWnd* m_pOther; // the control, or NULL
+  BOOL m_bEnableChanged;
+  BOOL m_bContinueRouting;
+  UINT m_nIndexMax;
+
+  virtual void Enable(BOOL bOn = TRUE);
+  virtual void SetCheck(int nCheck = 1); // 0 clear, 1 checked, 2 indeterminate
+  virtual void SetRadio(BOOL bOn = TRUE);
+  virtual void SetText(LPCTSTR lpszText);
+  void ContinueRouting() { m_bContinueRouting = TRUE; }
+
+  // Sends the update through pTarget; with bDisableIfNoHndler an item that
+  // has no command handler is disabled.
+  BOOL DoUpdate(CCmdTarget* pTarget, BOOL bDisableIfNoHndler);
+};
+
+// The bitmap of the radio dot that CCmdUI::SetRadio puts in menu items,
+// shared by the whole process.
+AFX_API HBITMAP AFXAPI AfxGetRadioDotBitmap();
+
+// ---- CWnd -----------------------------------------------------------------------
+
+// The window class names afx registers (AfxRegisterWndClass makes more).
+#define AFX_WND "AfxWnd90s"
+#define AFX_WNDCONTROLBAR "AfxControlBar90s"
+#define AFX_WNDMDIFRAME "AfxMDIFrame90s"
+#define AFX_WNDFRAMEORVIEW "AfxFrameOrView90s"
+
+// Sent to a window to learn whether its procedure is afx's (it answers 1).
+#define WM_QUERYAFXWNDPROC 0x0360
+// Sent by UpdateDialogControls / idle processing to update controls.
+#define WM_IDLEUPDATECMDUI 0x0363
+// Sent to a dialog's owner as a dialog opens (afx's kick-idle message).
+#define WM_KICKIDLE 0x036A
+
+// Flags of CWnd::RepositionBars, RunModalLoop and the WM_QUERYAFXWNDPROC family.
+#define MLF_NOIDLEMSG 0x0001
+#define MLF_NOKICKIDLE 0x0002
+#define MLF_SHOWONIDLE 0x0004
+
+// winuser.h names these as macros; CWnd has members of the same names.
+#undef GetNextWindow
+
+class AFX_API CWnd : public CCmdTarget {
+  DECLARE_DYNCREATE(CWnd)
+public:
+  HWND m_hWnd;
+
+  CWnd();
+  explicit CWnd(HWND hWnd); // attached temporarily, as in MFC's CWnd(HWND)
+  // Destroys the window if it is still attached.
+  virtual ~CWnd();
+
+  operator HWND() const { return AfxIsNullObject(this) ? NULL : m_hWnd; }
+  HWND GetSafeHwnd() const { return AfxIsNullObject(this) ? NULL : m_hWnd; }
+  BOOL operator==(const CWnd& wnd) const { return wnd.m_hWnd == m_hWnd; }
+  BOOL operator!=(const CWnd& wnd) const { return wnd.m_hWnd != m_hWnd; }
+
+  // ---- Handle map
+  static CWnd* PASCAL FromHandle(HWND hWnd);
+  static CWnd* PASCAL FromHandlePermanent(HWND hWnd);
+  static void PASCAL DeleteTempMap();
+  BOOL Attach(HWND hWndNew);
+  HWND Detach();
+
+  // ---- Subclassing
+  BOOL SubclassWindow(HWND hWnd);
+  BOOL SubclassDlgItem(UINT nID, CWnd* pParent);
+  HWND UnsubclassWindow();
+
+  // ---- Creation
+  virtual BOOL Create(LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle,
+                      const RECT& rect, CWnd* pParentWnd, UINT nID,
+                      CCreateContext* pContext = NULL);
+  virtual BOOL CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName,
+                        DWORD dwStyle, int x, int y, int nWidth, int nHeight, HWND hWndParent,
+                        HMENU nIDorHMenu, LPVOID lpParam = NULL);
+  virtual BOOL CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName,
+                        DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID,
+                        LPVOID lpParam = NULL);
+  virtual BOOL DestroyWindow();
+
+  // ---- Styles
+  DWORD GetStyle() const { return (DWORD)::GetWindowLong(m_hWnd, GWL_STYLE); }
+  DWORD GetExStyle() const { return (DWORD)::GetWindowLong(m_hWnd, GWL_EXSTYLE); }
+  BOOL ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT nFlags = 0);
+  BOOL ModifyStyleEx(DWORD dwRemove, DWORD dwAdd, UINT nFlags = 0);
+  static BOOL PASCAL ModifyStyle(HWND hWnd, DWORD dwRemove, DWORD dwAdd, UINT nFlags);
+  static BOOL PASCAL ModifyStyleEx(HWND hWnd, DWORD dwRemove, DWORD dwAdd, UINT nFlags);
+
+  // ---- Messages
+  LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+    return ::SendMessage(m_hWnd, message, wParam, lParam);
+  }
+  BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+    return ::PostMessage(m_hWnd, message, wParam, lParam);
+  }
+  BOOL SendNotifyMessage(UINT message, WPARAM wParam, LPARAM lParam) const {
+    return ::SendNotifyMessage(m_hWnd, message, wParam, lParam);
+  }
+  // Sends the message to every descendant (bDeep) or child; with bOnlyPerm
+  // only to windows that have a permanent CWnd.
+  void SendMessageToDescendants(UINT message, WPARAM wParam = 0, LPARAM lParam = 0,
+                                BOOL bDeep = TRUE, BOOL bOnlyPerm = FALSE);
+  static void PASCAL SendMessageToDescendants(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam,
+                                              BOOL bDeep, BOOL bOnlyPerm);
+  // The message now being handled (the thread's last sent message).
+  static const MSG* PASCAL GetCurrentMessage();
+
+  // ---- Text and font
+  void SetWindowText(LPCTSTR lpszString) { ::SetWindowText(m_hWnd, lpszString); }
+  int GetWindowText(LPTSTR lpszStringBuf, int nMaxCount) const {
+    return ::GetWindowText(m_hWnd, lpszStringBuf, nMaxCount);
+  }
+  void GetWindowText(CString& rString) const;
+  int GetWindowTextLength() const { return ::GetWindowTextLength(m_hWnd); }
+  void SetFont(CFont* pFont, BOOL bRedraw = TRUE) {
+    ::SendMessage(m_hWnd, WM_SETFONT, (WPARAM)pFont->GetSafeHandle(), bRedraw);
+  }
+  CFont* GetFont() const {
+    return CFont::FromHandle((HFONT)::SendMessage(m_hWnd, WM_GETFONT, 0, 0));
+  }
+
+  // ---- Size and position
+  void GetWindowRect(LPRECT lpRect) const { ::GetWindowRect(m_hWnd, lpRect); }
+  void GetClientRect(LPRECT lpRect) const { ::GetClientRect(m_hWnd, lpRect); }
+  void ClientToScreen(LPPOINT lpPoint) const { ::ClientToScreen(m_hWnd, lpPoint); }
+  void ClientToScreen(LPRECT lpRect) const;
+  void ScreenToClient(LPPOINT lpPoint) const { ::ScreenToClient(m_hWnd, lpPoint); }
+  void ScreenToClient(LPRECT lpRect) const;
+  void MapWindowPoints(CWnd* pwndTo, LPPOINT lpPoint, UINT nCount) const {
+    ::MapWindowPoints(m_hWnd, pwndTo->GetSafeHwnd(), lpPoint, nCount);
+  }
+  void MapWindowPoints(CWnd* pwndTo, LPRECT lpRect) const {
+    ::MapWindowPoints(m_hWnd, pwndTo->GetSafeHwnd(), (LPPOINT)lpRect, 2);
+  }
+  void MoveWindow(int x, int y, int nWidth, int nHeight, BOOL bRepaint = TRUE) {
+    ::MoveWindow(m_hWnd, x, y, nWidth, nHeight, bRepaint);
+  }
+  void MoveWindow(LPCRECT lpRect, BOOL bRepaint = TRUE) {
+    MoveWindow(lpRect->left, lpRect->top, lpRect->right - lpRect->left,
+               lpRect->bottom - lpRect->top, bRepaint);
+  }
+  BOOL SetWindowPos(const CWnd* pWndInsertAfter, int x, int y, int cx, int cy, UINT nFlags) {
+    return ::SetWindowPos(m_hWnd, pWndInsertAfter->GetSafeHwnd(), x, y, cx, cy, nFlags);
+  }
+  void CenterWindow(CWnd* pAlternateOwner = NULL);
+  BOOL GetWindowPlacement(WINDOWPLACEMENT* lpwndpl) const {
+    lpwndpl->length = sizeof(WINDOWPLACEMENT);
+    return ::GetWindowPlacement(m_hWnd, lpwndpl);
+  }
+  BOOL SetWindowPlacement(const WINDOWPLACEMENT* lpwndpl) {
+    return ::SetWindowPlacement(m_hWnd, lpwndpl);
+  }
+
+  // ---- State
+  BOOL ShowWindow(int nCmdShow) { return ::ShowWindow(m_hWnd, nCmdShow); }
+  BOOL IsWindowVisible() const { return ::IsWindowVisible(m_hWnd); }
+  BOOL EnableWindow(BOOL bEnable = TRUE) { return ::EnableWindow(m_hWnd, bEnable); }
+  BOOL IsWindowEnabled() const { return ::IsWindowEnabled(m_hWnd); }
+  BOOL IsIconic() const { return ::IsIconic(m_hWnd); }
+  BOOL IsZoomed() const { return ::IsZoomed(m_hWnd); }
+  BOOL IsChild(const CWnd* pWnd) const { return ::IsChild(m_hWnd, pWnd->GetSafeHwnd()); }
+  int GetDlgCtrlID() const { return ::GetDlgCtrlID(m_hWnd); }
+  int SetDlgCtrlID(int nID) { return (int)::SetWindowLong(m_hWnd, GWL_ID, nID); }
+
+  // ---- Focus, capture, activation
+  static CWnd* PASCAL GetFocus() { return FromHandle(::GetFocus()); }
+  CWnd* SetFocus() { return FromHandle(::SetFocus(m_hWnd)); }
+  static CWnd* PASCAL GetCapture() { return FromHandle(::GetCapture()); }
+  CWnd* SetCapture() { return FromHandle(::SetCapture(m_hWnd)); }
+  static CWnd* PASCAL GetActiveWindow() { return FromHandle(::GetActiveWindow()); }
+  CWnd* SetActiveWindow() { return FromHandle(::SetActiveWindow(m_hWnd)); }
+  BOOL SetForegroundWindow() { return ::SetForegroundWindow(m_hWnd); }
+  static CWnd* PASCAL GetForegroundWindow() { return FromHandle(::GetForegroundWindow()); }
+  static CWnd* PASCAL GetDesktopWindow() { return FromHandle(::GetDesktopWindow()); }
+  static CWnd* PASCAL WindowFromPoint(POINT point) { return FromHandle(::WindowFromPoint(point)); }
+  static CWnd* PASCAL FindWindow(LPCTSTR lpszClassName, LPCTSTR lpszWindowName) {
+    return FromHandle(::FindWindow(lpszClassName, lpszWindowName));
+  }
+
+  // ---- Timers
+  UINT_PTR SetTimer(UINT_PTR nIDEvent, UINT nElapse,
+                    void(CALLBACK* lpfnTimer)(HWND, UINT, UINT_PTR, DWORD) = NULL) {
+    return ::SetTimer(m_hWnd, nIDEvent, nElapse, lpfnTimer);
+  }
+  BOOL KillTimer(UINT_PTR nIDEvent) { return ::KillTimer(m_hWnd, nIDEvent); }
+
+  // ---- Painting
+  CDC* GetDC() { return CDC::FromHandle(::GetDC(m_hWnd)); }
+  CDC* GetWindowDC() { return CDC::FromHandle(::GetWindowDC(m_hWnd)); }
+  int ReleaseDC(CDC* pDC) { return ::ReleaseDC(m_hWnd, pDC->GetSafeHdc()); }
+  CDC* BeginPaint(LPPAINTSTRUCT lpPaint) { return CDC::FromHandle(::BeginPaint(m_hWnd, lpPaint)); }
+  void EndPaint(LPPAINTSTRUCT lpPaint) { ::EndPaint(m_hWnd, lpPaint); }
+  void Invalidate(BOOL bErase = TRUE) { ::InvalidateRect(m_hWnd, NULL, bErase); }
+  void InvalidateRect(LPCRECT lpRect, BOOL bErase = TRUE) {
+    ::InvalidateRect(m_hWnd, lpRect, bErase);
+  }
+  void InvalidateRgn(CRgn* pRgn, BOOL bErase = TRUE) {
+    ::InvalidateRgn(m_hWnd, (HRGN)pRgn->GetSafeHandle(), bErase);
+  }
+  void ValidateRect(LPCRECT lpRect) { ::ValidateRect(m_hWnd, lpRect); }
+  void UpdateWindow() { ::UpdateWindow(m_hWnd); }
+  BOOL RedrawWindow(LPCRECT lpRectUpdate = NULL, CRgn* prgnUpdate = NULL,
+                    UINT flags = RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE) {
+    return ::RedrawWindow(m_hWnd, lpRectUpdate, (HRGN)prgnUpdate->GetSafeHandle(), flags);
+  }
+  void SetRedraw(BOOL bRedraw = TRUE) { ::SendMessage(m_hWnd, WM_SETREDRAW, bRedraw, 0); }
+  BOOL GetUpdateRect(LPRECT lpRect, BOOL bErase = FALSE) {
+    return ::GetUpdateRect(m_hWnd, lpRect, bErase);
+  }
+
+  // ---- Relatives
+  CWnd* GetParent() const { return FromHandle(::GetParent(m_hWnd)); }
+  CWnd* SetParent(CWnd* pWndNewParent) {
+    return FromHandle(::SetParent(m_hWnd, pWndNewParent->GetSafeHwnd()));
+  }
+  CWnd* GetOwner() const;
+  void SetOwner(CWnd* pOwnerWnd) { m_hWndOwner = pOwnerWnd != NULL ? pOwnerWnd->m_hWnd : NULL; }
+  CWnd* GetWindow(UINT nCmd) const { return FromHandle(::GetWindow(m_hWnd, nCmd)); }
+  CWnd* GetTopWindow() const { return FromHandle(::GetTopWindow(m_hWnd)); }
+  CWnd* GetNextWindow(UINT nFlag = GW_HWNDNEXT) const {
+    return FromHandle(::GetWindow(m_hWnd, nFlag));
+  }
+  CWnd* GetLastActivePopup() const { return FromHandle(::GetLastActivePopup(m_hWnd)); }
+  // The first frame window (CFrameWnd) among the ancestors, or NULL.
+  class CFrameWnd* GetParentFrame() const;
+  class CFrameWnd* GetTopLevelFrame() const;
+  // The top-level ancestor (the window itself when it is not a child).
+  CWnd* GetTopLevelParent() const;
+  CWnd* GetTopLevelOwner() const;
+  CWnd* GetDescendantWindow(int nID, BOOL bOnlyPerm = FALSE) const;
+  static BOOL PASCAL WalkPreTranslateTree(HWND hWndStop, MSG* pMsg);
+
+  // ---- Dialog items
+  CWnd* GetDlgItem(int nID) const { return FromHandle(::GetDlgItem(m_hWnd, nID)); }
+  void GetDlgItem(int nID, HWND* phWnd) const { *phWnd = ::GetDlgItem(m_hWnd, nID); }
+  void SetDlgItemText(int nID, LPCTSTR lpszString) { ::SetDlgItemText(m_hWnd, nID, lpszString); }
+  int GetDlgItemText(int nID, LPTSTR lpStr, int nMaxCount) const {
+    return ::GetDlgItemText(m_hWnd, nID, lpStr, nMaxCount);
+  }
+  int GetDlgItemText(int nID, CString& rString) const;
+  void SetDlgItemInt(int nID, UINT nValue, BOOL bSigned = TRUE) {
+    ::SetDlgItemInt(m_hWnd, nID, nValue, bSigned);
+  }
+  UINT GetDlgItemInt(int nID, BOOL* lpTrans = NULL, BOOL bSigned = TRUE) const {
+    return ::GetDlgItemInt(m_hWnd, nID, lpTrans, bSigned);
+  }
+  void CheckDlgButton(int nIDButton, UINT nCheck) { ::CheckDlgButton(m_hWnd, nIDButton, nCheck); }
+  UINT IsDlgButtonChecked(int nIDButton) const { return ::IsDlgButtonChecked(m_hWnd, nIDButton); }
+  void CheckRadioButton(int nIDFirst, int nIDLast, int nIDCheck) {
+    ::CheckRadioButton(m_hWnd, nIDFirst, nIDLast, nIDCheck);
+  }
+  LRESULT SendDlgItemMessage(int nID, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+    return ::SendDlgItemMessage(m_hWnd, nID, message, wParam, lParam);
+  }
+  CWnd* GetNextDlgTabItem(CWnd* pWndCtl, BOOL bPrevious = FALSE) const {
+    return FromHandle(::GetNextDlgTabItem(m_hWnd, pWndCtl->GetSafeHwnd(), bPrevious));
+  }
+  CWnd* GetNextDlgGroupItem(CWnd* pWndCtl, BOOL bPrevious = FALSE) const {
+    return FromHandle(::GetNextDlgGroupItem(m_hWnd, pWndCtl->GetSafeHwnd(), bPrevious));
+  }
+  // Reads the controls into members (TRUE) or writes them (FALSE) through
+  // DoDataExchange; FALSE when a validation failed.
+  BOOL UpdateData(BOOL bSaveAndValidate = TRUE);
+  // Sends WM_IDLEUPDATECMDUI's update to the child controls (pTarget's handlers).
+  void UpdateDialogControls(CCmdTarget* pTarget, BOOL bDisableIfNoHndler);
+
+  // ---- Menus
+  CMenu* GetMenu() const;
+  BOOL SetMenu(CMenu* pMenu);
+  void DrawMenuBar() { ::DrawMenuBar(m_hWnd); }
+  CMenu* GetSystemMenu(BOOL bRevert) const;
+
+  // ---- Scrolling
+  int GetScrollPos(int nBar) const { return ::GetScrollPos(m_hWnd, nBar); }
+  int SetScrollPos(int nBar, int nPos, BOOL bRedraw = TRUE) {
+    return ::SetScrollPos(m_hWnd, nBar, nPos, bRedraw);
+  }
+  void SetScrollRange(int nBar, int nMinPos, int nMaxPos, BOOL bRedraw = TRUE) {
+    ::SetScrollRange(m_hWnd, nBar, nMinPos, nMaxPos, bRedraw);
+  }
+  BOOL GetScrollInfo(int nBar, LPSCROLLINFO lpScrollInfo, UINT nMask = SIF_ALL);
+  BOOL SetScrollInfo(int nBar, LPSCROLLINFO lpScrollInfo, BOOL bRedraw = TRUE);
+  void ShowScrollBar(UINT nBar, BOOL bShow = TRUE) { ::ShowScrollBar(m_hWnd, nBar, bShow); }
+
+  // ---- Message boxes and help
+  int MessageBox(LPCTSTR lpszText, LPCTSTR lpszCaption = NULL, UINT nType = MB_OK);
+  BOOL SetWindowContextHelpId(DWORD dwContextHelpId) {
+    return ::SetWindowContextHelpId(m_hWnd, dwContextHelpId);
+  }
+  DWORD GetWindowContextHelpId() const { return ::GetWindowContextHelpId(m_hWnd); }
+
+  // ---- Overridables
+  virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+  virtual BOOL OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+  virtual LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+  virtual BOOL PreCreateWindow(CREATESTRUCT& cs);
+  virtual void PreSubclassWindow();
+  virtual BOOL PreTranslateMessage(MSG* pMsg);
+  virtual void PostNcDestroy();
+  virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
+  virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+  // A notification of this control's parent, offered to the control first;
+  // TRUE when the control handled it (reflection).
+  virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+  virtual void DoDataExchange(CDataExchange* pDX);
+  virtual BOOL ContinueModal();
+  virtual void EndModalLoop(int nResult);
+  virtual WNDPROC* GetSuperWndProcAddr();
+  virtual BOOL OnToolHitTest(CPoint point, void* pTI) const {
+    (void)point, (void)pTI;
+    return FALSE;
+  }
+  virtual BOOL DestroyWindowOnDetach() { return TRUE; }
+  virtual void CalcWindowRect(LPRECT lpClientRect, UINT nAdjustType = 0);
+
+  // Passes the message being handled on to the default procedure.
+  LRESULT Default();
+  // Offers the message being handled to the child control hWndChild.
+  static BOOL PASCAL ReflectLastMsg(HWND hWndChild, LRESULT* pResult = NULL);
+  BOOL SendChildNotifyLastMsg(LRESULT* pResult = NULL);
+  BOOL ReflectChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+  // Runs a modal message loop until EndModalLoop; returns its result.
+  int RunModalLoop(DWORD dwFlags = 0);
+  BOOL ExecuteDlgInit(LPCTSTR lpszResourceName);
+
+  // ---- Message handlers that derived classes may put in their maps
+  // (each passes the message on to the default procedure).
+  afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
+  afx_msg void OnDestroy();
+  afx_msg void OnNcDestroy();
+  afx_msg void OnClose();
+  afx_msg void OnPaint();
+  afx_msg BOOL OnEraseBkgnd(CDC* pDC);
+  afx_msg HBRUSH OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor);
+  afx_msg void OnDrawItem(int nIDCtl, LPDRAWITEMSTRUCT lpDrawItemStruct);
+  afx_msg void OnMeasureItem(int nIDCtl, LPMEASUREITEMSTRUCT lpMeasureItemStruct);
+  afx_msg void OnDeleteItem(int nIDCtl, LPDELETEITEMSTRUCT lpDeleteItemStruct);
+  afx_msg int OnCompareItem(int nIDCtl, LPCOMPAREITEMSTRUCT lpCompareItemStruct);
+  afx_msg void OnSysColorChange();
+  afx_msg void OnSettingChange(UINT uFlags, LPCTSTR lpszSection);
+  afx_msg void OnCancelMode();
+  afx_msg UINT OnGetDlgCode();
+  afx_msg void OnMouseMove(UINT nFlags, CPoint point);
+  afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
+  afx_msg void OnLButtonUp(UINT nFlags, CPoint point);
+  afx_msg void OnLButtonDblClk(UINT nFlags, CPoint point);
+  afx_msg void OnRButtonDown(UINT nFlags, CPoint point);
+  afx_msg void OnRButtonUp(UINT nFlags, CPoint point);
+  afx_msg void OnRButtonDblClk(UINT nFlags, CPoint point);
+  afx_msg void OnMButtonDown(UINT nFlags, CPoint point);
+  afx_msg void OnMButtonUp(UINT nFlags, CPoint point);
+  afx_msg void OnMButtonDblClk(UINT nFlags, CPoint point);
+  afx_msg void OnNcLButtonDown(UINT nHitTest, CPoint point);
+  afx_msg void OnNcLButtonUp(UINT nHitTest, CPoint point);
+  afx_msg void OnNcLButtonDblClk(UINT nHitTest, CPoint point);
+  afx_msg void OnNcRButtonDown(UINT nHitTest, CPoint point);
+  afx_msg void OnNcRButtonDblClk(UINT nHitTest, CPoint point);
+  afx_msg void OnNcMouseMove(UINT nHitTest, CPoint point);
+  afx_msg BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint pt);
+  afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+  afx_msg void OnKeyUp(UINT nChar, UINT nRepCnt, UINT nFlags);
+  afx_msg void OnChar(UINT nChar, UINT nRepCnt, UINT nFlags);
+  afx_msg void OnSysKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+  afx_msg void OnSysKeyUp(UINT nChar, UINT nRepCnt, UINT nFlags);
+  afx_msg void OnSysChar(UINT nChar, UINT nRepCnt, UINT nFlags);
+  afx_msg void OnSetFocus(CWnd* pOldWnd);
+  afx_msg void OnKillFocus(CWnd* pNewWnd);
+  afx_msg void OnCaptureChanged(CWnd* pWnd);
+  afx_msg void OnContextMenu(CWnd* pWnd, CPoint pos);
+  afx_msg void OnSize(UINT nType, int cx, int cy);
+  afx_msg void OnMove(int x, int y);
+  afx_msg void OnTimer(UINT_PTR nIDEvent);
+  afx_msg void OnEnable(BOOL bEnable);
+  afx_msg void OnEnterMenuLoop(BOOL bIsTrackPopupMenu);
+  afx_msg void OnExitMenuLoop(BOOL bIsTrackPopupMenu);
+  afx_msg void OnShowWindow(BOOL bShow, UINT nStatus);
+  afx_msg BOOL OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT message);
+  afx_msg void OnInitMenuPopup(CMenu* pPopupMenu, UINT nIndex, BOOL bSysMenu);
+  afx_msg LRESULT OnMenuChar(UINT nChar, UINT nFlags, CMenu* pMenu);
+  afx_msg void OnMenuSelect(UINT nItemID, UINT nFlags, HMENU hSysMenu);
+  afx_msg void OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
+  afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
+  afx_msg void OnActivate(UINT nState, CWnd* pWndOther, BOOL bMinimized);
+  afx_msg void OnSysCommand(UINT nID, LPARAM lParam);
+  afx_msg LRESULT OnNcHitTest(CPoint point);
+  afx_msg void OnWindowPosChanged(WINDOWPOS* lpwndpos);
+  afx_msg void OnGetMinMaxInfo(MINMAXINFO* lpMMI);
+  afx_msg BOOL OnHelpInfo(HELPINFO* pHelpInfo);
+  afx_msg void OnDropFiles(HDROP hDropInfo);
+  afx_msg LRESULT OnNTCtlColor(WPARAM wParam, LPARAM lParam);
+
+  HWND m_hWndOwner;   // the owner given to SetOwner (else the Windows owner)
+  UINT m_nFlags;      // WF_... state flags
+  WNDPROC m_pfnSuper; // the procedure afx's window procedure passes unhandled messages to
+  int m_nModalResult; // the result of RunModalLoop
+
+protected:
+  DECLARE_MESSAGE_MAP()
+
+private:
+  CWnd(const CWnd&);
+  void operator=(const CWnd&);
+};
+
+// CWnd::m_nFlags.
+#define WF_TOOLTIPS 0x0001
+#define WF_TEMPHIDE 0x0002
+#define WF_STAYDISABLED 0x0004
+#define WF_MODALLOOP 0x0008
+#define WF_CONTINUEMODAL 0x0010
+#define WF_OLECTLCONTAINER 0x0100
+#define WF_TRACKINGTOOLTIPS 0x0400
+#define WF_STAYACTIVE 0x0020
+#define WF_NOPOPMSG 0x0040
+#define WF_MODALDISABLE 0x0200
+#define WF_KEEPMINIACTIVE 0x0800
+
+// afx's window procedure: every CWnd's window is subclassed to it.
+AFX_API LRESULT CALLBACK AfxWndProc(HWND hWnd, UINT nMsg, WPARAM wParam, LPARAM lParam);
+AFX_API WNDPROC AFXAPI AfxGetAfxWndProc();
+// Calls pWnd's WindowProc with the thread's last-sent-message record set,
+// turning an exception into the message's failure result.
+AFX_API LRESULT AFXAPI AfxCallWndProc(CWnd* pWnd, HWND hWnd, UINT nMsg, WPARAM wParam,
+                                      LPARAM lParam);
+
+// A window class name for the style, cursor, brush and icon, registered on
+// first use ("Afx:<instance>:<style>:<cursor>:<brush>:<icon>" in hex).
+AFX_API LPCTSTR AFXAPI AfxRegisterWndClass(UINT nClassStyle, HCURSOR hCursor = 0,
+                                           HBRUSH hbrBackground = 0, HICON hIcon = 0);
+// Registers lpWndClass unless a class of that name is registered already.
+AFX_API BOOL AFXAPI AfxRegisterClass(WNDCLASS* lpWndClass);
+
+// The thread's message pump used by modal loops: the current CWinThread's
+// PumpMessage, or a plain one (with pre-translation through the windows)
+// on a thread without one. FALSE on WM_QUIT.
+AFX_API BOOL AFXAPI AfxPumpMessage();
+
+// ---- CMenu --------------------------------------------------------------------
+
+class AFX_API CMenu : public CObject {
+  DECLARE_DYNCREATE(CMenu)
+public:
+  HMENU m_hMenu;
+
+  CMenu() : m_hMenu(NULL) {}
+  // Destroys the menu it owns.
+  virtual ~CMenu();
+
+  operator HMENU() const { return AfxIsNullObject(this) ? NULL : m_hMenu; }
+  HMENU GetSafeHmenu() const { return AfxIsNullObject(this) ? NULL : m_hMenu; }
+  BOOL operator==(const CMenu& menu) const { return menu.m_hMenu == m_hMenu; }
+  BOOL operator!=(const CMenu& menu) const { return menu.m_hMenu != m_hMenu; }
+
+  static CMenu* PASCAL FromHandle(HMENU hMenu);
+  static CMenu* PASCAL FromHandlePermanent(HMENU hMenu);
+  static void PASCAL DeleteTempMap();
+  BOOL Attach(HMENU hMenu);
+  HMENU Detach();
+
+  BOOL CreateMenu();
+  BOOL CreatePopupMenu();
+  // From the resource chain (AfxFindResourceHandle, RT_MENU).
+  BOOL LoadMenu(LPCTSTR lpszResourceName);
+  BOOL LoadMenu(UINT nIDResource) { return LoadMenu(MAKEINTRESOURCE(nIDResource)); }
+  BOOL LoadMenuIndirect(const void* lpMenuTemplate);
+  BOOL DestroyMenu();
+
+  BOOL DeleteMenu(UINT nPosition, UINT nFlags) { return ::DeleteMenu(m_hMenu, nPosition, nFlags); }
+  BOOL AppendMenu(UINT nFlags, UINT_PTR nIDNewItem = 0, LPCTSTR lpszNewItem = NULL) {
+    return ::AppendMenu(m_hMenu, nFlags, nIDNewItem, lpszNewItem);
+  }
+  BOOL AppendMenu(UINT nFlags, UINT_PTR nIDNewItem, const CBitmap* pBmp) {
+    return ::AppendMenu(m_hMenu, nFlags | MF_BITMAP, nIDNewItem, (LPCTSTR)pBmp->GetSafeHandle());
+  }
+  BOOL InsertMenu(UINT nPosition, UINT nFlags, UINT_PTR nIDNewItem = 0,
+                  LPCTSTR lpszNewItem = NULL) {
+    return ::InsertMenu(m_hMenu, nPosition, nFlags, nIDNewItem, lpszNewItem);
+  }
+  BOOL ModifyMenu(UINT nPosition, UINT nFlags, UINT_PTR nIDNewItem = 0,
+                  LPCTSTR lpszNewItem = NULL) {
+    return ::ModifyMenu(m_hMenu, nPosition, nFlags, nIDNewItem, lpszNewItem);
+  }
+  BOOL RemoveMenu(UINT nPosition, UINT nFlags) { return ::RemoveMenu(m_hMenu, nPosition, nFlags); }
+  UINT CheckMenuItem(UINT nIDCheckItem, UINT nCheck) {
+    return (UINT)::CheckMenuItem(m_hMenu, nIDCheckItem, nCheck);
+  }
+  UINT EnableMenuItem(UINT nIDEnableItem, UINT nEnable) {
+    return ::EnableMenuItem(m_hMenu, nIDEnableItem, nEnable);
+  }
+  BOOL CheckMenuRadioItem(UINT nIDFirst, UINT nIDLast, UINT nIDItem, UINT nFlags) {
+    return ::CheckMenuRadioItem(m_hMenu, nIDFirst, nIDLast, nIDItem, nFlags);
+  }
+  BOOL SetMenuItemBitmaps(UINT nPosition, UINT nFlags, const CBitmap* pBmpUnchecked,
+                          const CBitmap* pBmpChecked) {
+    return ::SetMenuItemBitmaps(m_hMenu, nPosition, nFlags, (HBITMAP)pBmpUnchecked->GetSafeHandle(),
+                                (HBITMAP)pBmpChecked->GetSafeHandle());
+  }
+  UINT GetMenuItemCount() const { return (UINT)::GetMenuItemCount(m_hMenu); }
+  UINT GetMenuItemID(int nPos) const { return ::GetMenuItemID(m_hMenu, nPos); }
+  UINT GetMenuState(UINT nID, UINT nFlags) const { return ::GetMenuState(m_hMenu, nID, nFlags); }
+  int GetMenuString(UINT nIDItem, LPTSTR lpString, int nMaxCount, UINT nFlags) const {
+    return ::GetMenuString(m_hMenu, nIDItem, lpString, nMaxCount, nFlags);
+  }
+  int GetMenuString(UINT nIDItem, CString& rString, UINT nFlags) const;
+  BOOL GetMenuItemInfo(UINT uItem, LPMENUITEMINFO lpMenuItemInfo, BOOL fByPos = FALSE) {
+    return ::GetMenuItemInfo(m_hMenu, uItem, fByPos, lpMenuItemInfo);
+  }
+  BOOL SetMenuItemInfo(UINT uItem, LPMENUITEMINFO lpMenuItemInfo, BOOL fByPos = FALSE) {
+    return ::SetMenuItemInfo(m_hMenu, uItem, fByPos, lpMenuItemInfo);
+  }
+  BOOL InsertMenuItem(UINT uItem, LPMENUITEMINFO lpMenuItemInfo, BOOL fByPos = FALSE) {
+    return ::InsertMenuItem(m_hMenu, uItem, fByPos, lpMenuItemInfo);
+  }
+  UINT GetDefaultItem(UINT gmdiFlags, BOOL fByPos = FALSE) {
+    return ::GetMenuDefaultItem(m_hMenu, fByPos, gmdiFlags);
+  }
+  BOOL SetDefaultItem(UINT uItem, BOOL fByPos = FALSE) {
+    return ::SetMenuDefaultItem(m_hMenu, uItem, fByPos);
+  }
+  CMenu* GetSubMenu(int nPos) const { return FromHandle(::GetSubMenu(m_hMenu, nPos)); }
+  BOOL TrackPopupMenu(UINT nFlags, int x, int y, CWnd* pWnd, LPCRECT lpRect = NULL);
+  BOOL TrackPopupMenuEx(UINT fuFlags, int x, int y, CWnd* pWnd, LPTPMPARAMS lptpm);
+
+  // Owner-drawn items.
+  virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
+  virtual void MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct);
+
+private:
+  CMenu(const CMenu&);
+  void operator=(const CMenu&);
+};
+
+// Resource type of a dialog's initial list and combo box strings.
+#ifndef RT_DLGINIT
+#define RT_DLGINIT MAKEINTRESOURCE(240)
+#endif
+
+// ---- Accelerators -----------------------------------------------------------------
+
+// Loads an accelerator table from the resource chain; NULL when none has it.
+AFX_API HACCEL AFXAPI AfxLoadAccelerators(LPCTSTR lpszResourceName);
+
+// rString := string nIDS with %1 (and %2) replaced by the arguments.
+AFX_API void AFXAPI AfxFormatString1(CString& rString, UINT nIDS, LPCTSTR lpsz1);
+AFX_API void AFXAPI AfxFormatString2(CString& rString, UINT nIDS, LPCTSTR lpsz1, LPCTSTR lpsz2);
+
+// ---- CDataExchange ------------------------------------------------------------------
+
+// The state of one UpdateData pass: the direction and the control being
+// exchanged, so that Fail can put the focus back on it.
+class AFX_API CDataExchange {
+public:
+  CDataExchange(CWnd* pDlgWnd, BOOL bSaveAndValidate);
+
+  BOOL m_bSaveAndValidate; // TRUE: controls to members (and validation)
+  CWnd* m_pDlgWnd;         // the dialog (or window) whose controls are exchanged
+  HWND m_hWndLastControl;  // the last control prepared
+  BOOL m_bEditLastControl; // whether it is an edit control
+
+  HWND PrepareCtrl(int nIDC);
+  HWND PrepareEditCtrl(int nIDC);
+  // Gives the focus back to the last control (an edit's text selected) and
+  // throws CUserException; it never returns.
+  __declspec(noreturn) void Fail();
+};
+
+AFX_API void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, CString& value);
+AFX_API void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, int& value);
+AFX_API void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, UINT& value);
+AFX_API void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, long& value);
+AFX_API void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, DWORD& value);
+AFX_API void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, double& value);
+AFX_API void AFXAPI DDX_Text(CDataExchange* pDX, int nIDC, LPTSTR value, int nMaxLen);
+AFX_API void AFXAPI DDX_Check(CDataExchange* pDX, int nIDC, int& value);
+AFX_API void AFXAPI DDX_Radio(CDataExchange* pDX, int nIDC, int& value);
+AFX_API void AFXAPI DDX_Control(CDataExchange* pDX, int nIDC, CWnd& rControl);
+AFX_API void AFXAPI DDX_CBIndex(CDataExchange* pDX, int nIDC, int& index);
+AFX_API void AFXAPI DDX_LBIndex(CDataExchange* pDX, int nIDC, int& index);
+AFX_API void AFXAPI DDX_CBString(CDataExchange* pDX, int nIDC, CString& value);
+AFX_API void AFXAPI DDX_LBString(CDataExchange* pDX, int nIDC, CString& value);
+AFX_API void AFXAPI DDV_MaxChars(CDataExchange* pDX, CString const& value, int nChars);
+AFX_API void AFXAPI DDV_MinMaxInt(CDataExchange* pDX, int value, int minVal, int maxVal);
+AFX_API void AFXAPI DDV_MinMaxUInt(CDataExchange* pDX, UINT value, UINT minVal, UINT maxVal);
+AFX_API void AFXAPI DDV_MinMaxLong(CDataExchange* pDX, long value, long minVal, long maxVal);
+AFX_API void AFXAPI DDV_MinMaxDWord(CDataExchange* pDX, DWORD value, DWORD minVal, DWORD maxVal);
+AFX_API void AFXAPI DDV_MinMaxDouble(CDataExchange* pDX, double const& value, double minVal,
+                                     double maxVal);
+
+// ---- CDialog -------------------------------------------------------------------------
+
+class AFX_API CDialog : public CWnd {
+  DECLARE_DYNAMIC(CDialog)
+public:
+  CDialog();
+  explicit CDialog(LPCTSTR lpszTemplateName, CWnd* pParentWnd = NULL);
+  explicit CDialog(UINT nIDTemplate, CWnd* pParentWnd = NULL);
+  virtual ~CDialog();
+
+  // Modeless: the template from the resource chain.
+  virtual BOOL Create(LPCTSTR lpszTemplateName, CWnd* pParentWnd = NULL);
+  virtual BOOL Create(UINT nIDTemplate, CWnd* pParentWnd = NULL);
+  virtual BOOL CreateIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd = NULL,
+                              void* lpDialogInit = NULL);
+  BOOL InitModalIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd = NULL,
+                         void* lpDialogInit = NULL);
+
+  // Modal: runs until EndDialog; IDOK, IDCANCEL or EndDialog's result, -1
+  // when the dialog could not be created.
+  virtual INT_PTR DoModal();
+  void EndDialog(int nResult);
+
+  virtual BOOL OnInitDialog();
+  virtual void OnSetFont(CFont* pFont);
+  virtual void OnOK();
+  virtual void OnCancel();
+  virtual BOOL PreTranslateMessage(MSG* pMsg);
+  virtual BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo);
+  virtual BOOL CheckAutoCenter();
+
+  void MapDialogRect(LPRECT lpRect) const { ::MapDialogRect(m_hWnd, lpRect); }
+  void NextDlgCtrl() const { ::SendMessage(m_hWnd, WM_NEXTDLGCTL, 0, 0); }
+  void PrevDlgCtrl() const { ::SendMessage(m_hWnd, WM_NEXTDLGCTL, 1, 0); }
+  void GotoDlgCtrl(CWnd* pWndCtrl);
+  void SetDefID(UINT nID) { ::SendMessage(m_hWnd, DM_SETDEFID, nID, 0); }
+  DWORD GetDefID() const { return (DWORD)::SendMessage(m_hWnd, DM_GETDEFID, 0, 0); }
+  void SetHelpID(UINT nIDR) { m_nIDHelp = nIDR; }
+
+  LPCTSTR m_lpszTemplateName;        // the template's name or MAKEINTRESOURCE id
+  HGLOBAL m_hDialogTemplate;         // an indirect template (handle)
+  LPCDLGTEMPLATE m_lpDialogTemplate; // an indirect template (pointer)
+  void* m_lpDialogInit;
+  CWnd* m_pParentWnd;
+  HWND m_hWndTop;
+  UINT m_nIDHelp;
+
+  afx_msg LRESULT HandleInitDialog(WPARAM, LPARAM);
+  afx_msg LRESULT HandleSetFont(WPARAM, LPARAM);
+
+protected:
+  HWND PreModal();
+  void PostModal();
+  BOOL CreateDlgIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd, HINSTANCE hInst);
+  DECLARE_MESSAGE_MAP()
+};
+
+// ---- Controls -------------------------------------------------------------------------
+
+class AFX_API CStatic : public CWnd {
+  DECLARE_DYNAMIC(CStatic)
+public:
+  CStatic() {}
+  virtual ~CStatic();
+  virtual BOOL Create(LPCTSTR lpszText, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd,
+                      UINT nID = 0xffff);
+  HICON SetIcon(HICON hIcon) { return (HICON)::SendMessage(m_hWnd, STM_SETICON, (WPARAM)hIcon, 0); }
+  HICON GetIcon() const { return (HICON)::SendMessage(m_hWnd, STM_GETICON, 0, 0); }
+  HBITMAP SetBitmap(HBITMAP hBitmap) {
+    return (HBITMAP)::SendMessage(m_hWnd, STM_SETIMAGE, IMAGE_BITMAP, (LPARAM)hBitmap);
+  }
+  HBITMAP GetBitmap() const {
+    return (HBITMAP)::SendMessage(m_hWnd, STM_GETIMAGE, IMAGE_BITMAP, 0);
+  }
+  virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
+  virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+};
+
+class AFX_API CButton : public CWnd {
+  DECLARE_DYNAMIC(CButton)
+public:
+  CButton() {}
+  virtual ~CButton();
+  virtual BOOL Create(LPCTSTR lpszCaption, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd,
+                      UINT nID);
+  UINT GetState() const { return (UINT)::SendMessage(m_hWnd, BM_GETSTATE, 0, 0); }
+  void SetState(BOOL bHighlight) { ::SendMessage(m_hWnd, BM_SETSTATE, bHighlight, 0); }
+  int GetCheck() const { return (int)::SendMessage(m_hWnd, BM_GETCHECK, 0, 0); }
+  void SetCheck(int nCheck) { ::SendMessage(m_hWnd, BM_SETCHECK, nCheck, 0); }
+  UINT GetButtonStyle() const { return (UINT)::GetWindowLong(m_hWnd, GWL_STYLE) & 0xFFFF; }
+  void SetButtonStyle(UINT nStyle, BOOL bRedraw = TRUE) {
+    ::SendMessage(m_hWnd, BM_SETSTYLE, nStyle, (LPARAM)bRedraw);
+  }
+  HBITMAP SetBitmap(HBITMAP hBitmap) {
+    return (HBITMAP)::SendMessage(m_hWnd, BM_SETIMAGE, IMAGE_BITMAP, (LPARAM)hBitmap);
+  }
+  HICON SetIcon(HICON hIcon) {
+    return (HICON)::SendMessage(m_hWnd, BM_SETIMAGE, IMAGE_ICON, (LPARAM)hIcon);
+  }
+  virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
+  virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+};
+
+class AFX_API CEdit : public CWnd {
+  DECLARE_DYNAMIC(CEdit)
+public:
+  CEdit() {}
+  virtual ~CEdit();
+  virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+  BOOL CanUndo() const { return (BOOL)::SendMessage(m_hWnd, EM_CANUNDO, 0, 0); }
+  int GetLineCount() const { return (int)::SendMessage(m_hWnd, EM_GETLINECOUNT, 0, 0); }
+  BOOL GetModify() const { return (BOOL)::SendMessage(m_hWnd, EM_GETMODIFY, 0, 0); }
+  void SetModify(BOOL bModified = TRUE) { ::SendMessage(m_hWnd, EM_SETMODIFY, bModified, 0); }
+  void GetRect(LPRECT lpRect) const { ::SendMessage(m_hWnd, EM_GETRECT, 0, (LPARAM)lpRect); }
+  DWORD GetSel() const { return (DWORD)::SendMessage(m_hWnd, EM_GETSEL, 0, 0); }
+  void GetSel(int& nStartChar, int& nEndChar) const {
+    ::SendMessage(m_hWnd, EM_GETSEL, (WPARAM)&nStartChar, (LPARAM)&nEndChar);
+  }
+  void SetSel(DWORD dwSelection, BOOL bNoScroll = FALSE) {
+    ::SendMessage(m_hWnd, EM_SETSEL, LOWORD(dwSelection), HIWORD(dwSelection));
+    if (!bNoScroll) ::SendMessage(m_hWnd, EM_SCROLLCARET, 0, 0);
+  }
+  void SetSel(int nStartChar, int nEndChar, BOOL bNoScroll = FALSE) {
+    ::SendMessage(m_hWnd, EM_SETSEL, nStartChar, nEndChar);
+    if (!bNoScroll) ::SendMessage(m_hWnd, EM_SCROLLCARET, 0, 0);
+  }
+  void ReplaceSel(LPCTSTR lpszNewText, BOOL bCanUndo = FALSE) {
+    ::SendMessage(m_hWnd, EM_REPLACESEL, bCanUndo, (LPARAM)lpszNewText);
+  }
+  void SetLimitText(UINT nMax) { ::SendMessage(m_hWnd, EM_SETLIMITTEXT, nMax, 0); }
+  void LimitText(int nChars = 0) { ::SendMessage(m_hWnd, EM_LIMITTEXT, nChars, 0); }
+  UINT GetLimitText() const { return (UINT)::SendMessage(m_hWnd, EM_GETLIMITTEXT, 0, 0); }
+  int GetLine(int nIndex, LPTSTR lpszBuffer, int nMaxLength) const;
+  int LineIndex(int nLine = -1) const { return (int)::SendMessage(m_hWnd, EM_LINEINDEX, nLine, 0); }
+  int LineLength(int nLine = -1) const {
+    return (int)::SendMessage(m_hWnd, EM_LINELENGTH, nLine, 0);
+  }
+  int LineFromChar(int nIndex = -1) const {
+    return (int)::SendMessage(m_hWnd, EM_LINEFROMCHAR, nIndex, 0);
+  }
+  void LineScroll(int nLines, int nChars = 0) {
+    ::SendMessage(m_hWnd, EM_LINESCROLL, nChars, nLines);
+  }
+  BOOL SetReadOnly(BOOL bReadOnly = TRUE) {
+    return (BOOL)::SendMessage(m_hWnd, EM_SETREADONLY, bReadOnly, 0);
+  }
+  void SetPasswordChar(TCHAR ch) { ::SendMessage(m_hWnd, EM_SETPASSWORDCHAR, (BYTE)ch, 0); }
+  TCHAR GetPasswordChar() const { return (TCHAR)::SendMessage(m_hWnd, EM_GETPASSWORDCHAR, 0, 0); }
+  void EmptyUndoBuffer() { ::SendMessage(m_hWnd, EM_EMPTYUNDOBUFFER, 0, 0); }
+  BOOL Undo() { return (BOOL)::SendMessage(m_hWnd, EM_UNDO, 0, 0); }
+  void Clear() { ::SendMessage(m_hWnd, WM_CLEAR, 0, 0); }
+  void Copy() { ::SendMessage(m_hWnd, WM_COPY, 0, 0); }
+  void Cut() { ::SendMessage(m_hWnd, WM_CUT, 0, 0); }
+  void Paste() { ::SendMessage(m_hWnd, WM_PASTE, 0, 0); }
+  void SetMargins(UINT nLeft, UINT nRight) {
+    ::SendMessage(m_hWnd, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELONG(nLeft, nRight));
+  }
+  DWORD GetMargins() const { return (DWORD)::SendMessage(m_hWnd, EM_GETMARGINS, 0, 0); }
+};
+
+class AFX_API CScrollBar : public CWnd {
+  DECLARE_DYNAMIC(CScrollBar)
+public:
+  CScrollBar() {}
+  virtual ~CScrollBar();
+  virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+  int GetScrollPos() const { return ::GetScrollPos(m_hWnd, SB_CTL); }
+  int SetScrollPos(int nPos, BOOL bRedraw = TRUE) {
+    return ::SetScrollPos(m_hWnd, SB_CTL, nPos, bRedraw);
+  }
+  void GetScrollRange(LPINT lpMinPos, LPINT lpMaxPos) const {
+    ::GetScrollRange(m_hWnd, SB_CTL, lpMinPos, lpMaxPos);
+  }
+  void SetScrollRange(int nMinPos, int nMaxPos, BOOL bRedraw = TRUE) {
+    ::SetScrollRange(m_hWnd, SB_CTL, nMinPos, nMaxPos, bRedraw);
+  }
+};
+
+class AFX_API CListBox : public CWnd {
+  DECLARE_DYNAMIC(CListBox)
+public:
+  CListBox() {}
+  virtual ~CListBox();
+  virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+
+  int GetCount() const { return (int)::SendMessage(m_hWnd, LB_GETCOUNT, 0, 0); }
+  int GetHorizontalExtent() const {
+    return (int)::SendMessage(m_hWnd, LB_GETHORIZONTALEXTENT, 0, 0);
+  }
+  void SetHorizontalExtent(int cxExtent) {
+    ::SendMessage(m_hWnd, LB_SETHORIZONTALEXTENT, cxExtent, 0);
+  }
+  int GetTopIndex() const { return (int)::SendMessage(m_hWnd, LB_GETTOPINDEX, 0, 0); }
+  int SetTopIndex(int nIndex) { return (int)::SendMessage(m_hWnd, LB_SETTOPINDEX, nIndex, 0); }
+  DWORD_PTR GetItemData(int nIndex) const {
+    return (DWORD_PTR)::SendMessage(m_hWnd, LB_GETITEMDATA, nIndex, 0);
+  }
+  int SetItemData(int nIndex, DWORD_PTR dwItemData) {
+    return (int)::SendMessage(m_hWnd, LB_SETITEMDATA, nIndex, (LPARAM)dwItemData);
+  }
+  void* GetItemDataPtr(int nIndex) const { return (void*)GetItemData(nIndex); }
+  int SetItemDataPtr(int nIndex, void* pData) { return SetItemData(nIndex, (DWORD_PTR)pData); }
+  int GetItemRect(int nIndex, LPRECT lpRect) const {
+    return (int)::SendMessage(m_hWnd, LB_GETITEMRECT, nIndex, (LPARAM)lpRect);
+  }
+  int GetSel(int nIndex) const { return (int)::SendMessage(m_hWnd, LB_GETSEL, nIndex, 0); }
+  int GetText(int nIndex, LPTSTR lpszBuffer) const {
+    return (int)::SendMessage(m_hWnd, LB_GETTEXT, nIndex, (LPARAM)lpszBuffer);
+  }
+  void GetText(int nIndex, CString& rString) const;
+  int GetTextLen(int nIndex) const { return (int)::SendMessage(m_hWnd, LB_GETTEXTLEN, nIndex, 0); }
+  int GetItemHeight(int nIndex) const {
+    return (int)::SendMessage(m_hWnd, LB_GETITEMHEIGHT, nIndex, 0);
+  }
+  int SetItemHeight(int nIndex, UINT cyItemHeight) {
+    return (int)::SendMessage(m_hWnd, LB_SETITEMHEIGHT, nIndex, MAKELONG(cyItemHeight, 0));
+  }
+  int GetCurSel() const { return (int)::SendMessage(m_hWnd, LB_GETCURSEL, 0, 0); }
+  int SetCurSel(int nSelect) { return (int)::SendMessage(m_hWnd, LB_SETCURSEL, nSelect, 0); }
+  int SetSel(int nIndex, BOOL bSelect = TRUE) {
+    return (int)::SendMessage(m_hWnd, LB_SETSEL, bSelect, nIndex);
+  }
+  int GetSelCount() const { return (int)::SendMessage(m_hWnd, LB_GETSELCOUNT, 0, 0); }
+  int GetSelItems(int nMaxItems, LPINT rgIndex) const {
+    return (int)::SendMessage(m_hWnd, LB_GETSELITEMS, nMaxItems, (LPARAM)rgIndex);
+  }
+  int GetCaretIndex() const { return (int)::SendMessage(m_hWnd, LB_GETCARETINDEX, 0, 0); }
+  int SetCaretIndex(int nIndex, BOOL bScroll = TRUE) {
+    return (int)::SendMessage(m_hWnd, LB_SETCARETINDEX, nIndex, MAKELONG(bScroll, 0));
+  }
+  int AddString(LPCTSTR lpszItem) {
+    return (int)::SendMessage(m_hWnd, LB_ADDSTRING, 0, (LPARAM)lpszItem);
+  }
+  int DeleteString(UINT nIndex) { return (int)::SendMessage(m_hWnd, LB_DELETESTRING, nIndex, 0); }
+  int InsertString(int nIndex, LPCTSTR lpszItem) {
+    return (int)::SendMessage(m_hWnd, LB_INSERTSTRING, nIndex, (LPARAM)lpszItem);
+  }
+  void ResetContent() { ::SendMessage(m_hWnd, LB_RESETCONTENT, 0, 0); }
+  int FindString(int nStartAfter, LPCTSTR lpszItem) const {
+    return (int)::SendMessage(m_hWnd, LB_FINDSTRING, nStartAfter, (LPARAM)lpszItem);
+  }
+  int FindStringExact(int nIndexStart, LPCTSTR lpszFind) const {
+    return (int)::SendMessage(m_hWnd, LB_FINDSTRINGEXACT, nIndexStart, (LPARAM)lpszFind);
+  }
+  int SelectString(int nStartAfter, LPCTSTR lpszItem) {
+    return (int)::SendMessage(m_hWnd, LB_SELECTSTRING, nStartAfter, (LPARAM)lpszItem);
+  }
+  int ItemFromPoint(CPoint pt, BOOL& bOutside) const;
+
+  // Owner-draw overridables, reached through reflection.
+  virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
+  virtual void MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct);
+  virtual int CompareItem(LPCOMPAREITEMSTRUCT lpCompareItemStruct);
+  virtual void DeleteItem(LPDELETEITEMSTRUCT lpDeleteItemStruct);
+  virtual int VKeyToItem(UINT nKey, UINT nIndex);
+  virtual int CharToItem(UINT nKey, UINT nIndex);
+  virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
+};
+
+class AFX_API CComboBox : public CWnd {
+  DECLARE_DYNAMIC(CComboBox)
+public:
+  CComboBox() {}
+  virtual ~CComboBox();
+  virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+
+  int GetCount() const { return (int)::SendMessage(m_hWnd, CB_GETCOUNT, 0, 0); }
+  int GetCurSel() const { return (int)::SendMessage(m_hWnd, CB_GETCURSEL, 0, 0); }
+  int SetCurSel(int nSelect) { return (int)::SendMessage(m_hWnd, CB_SETCURSEL, nSelect, 0); }
+  DWORD GetEditSel() const { return (DWORD)::SendMessage(m_hWnd, CB_GETEDITSEL, 0, 0); }
+  BOOL LimitText(int nMaxChars) { return (BOOL)::SendMessage(m_hWnd, CB_LIMITTEXT, nMaxChars, 0); }
+  BOOL SetEditSel(int nStartChar, int nEndChar) {
+    return (BOOL)::SendMessage(m_hWnd, CB_SETEDITSEL, 0, MAKELONG(nStartChar, nEndChar));
+  }
+  DWORD_PTR GetItemData(int nIndex) const {
+    return (DWORD_PTR)::SendMessage(m_hWnd, CB_GETITEMDATA, nIndex, 0);
+  }
+  int SetItemData(int nIndex, DWORD_PTR dwItemData) {
+    return (int)::SendMessage(m_hWnd, CB_SETITEMDATA, nIndex, (LPARAM)dwItemData);
+  }
+  void* GetItemDataPtr(int nIndex) const { return (void*)GetItemData(nIndex); }
+  int SetItemDataPtr(int nIndex, void* pData) { return SetItemData(nIndex, (DWORD_PTR)pData); }
+  int GetLBText(int nIndex, LPTSTR lpszText) const {
+    return (int)::SendMessage(m_hWnd, CB_GETLBTEXT, nIndex, (LPARAM)lpszText);
+  }
+  void GetLBText(int nIndex, CString& rString) const;
+  int GetLBTextLen(int nIndex) const {
+    return (int)::SendMessage(m_hWnd, CB_GETLBTEXTLEN, nIndex, 0);
+  }
+  int SetItemHeight(int nIndex, UINT cyItemHeight) {
+    return (int)::SendMessage(m_hWnd, CB_SETITEMHEIGHT, nIndex, MAKELONG(cyItemHeight, 0));
+  }
+  int GetItemHeight(int nIndex) const {
+    return (int)::SendMessage(m_hWnd, CB_GETITEMHEIGHT, nIndex, 0);
+  }
+  int FindStringExact(int nIndexStart, LPCTSTR lpszFind) const {
+    return (int)::SendMessage(m_hWnd, CB_FINDSTRINGEXACT, nIndexStart, (LPARAM)lpszFind);
+  }
+  int SetExtendedUI(BOOL bExtended = TRUE) {
+    return (int)::SendMessage(m_hWnd, CB_SETEXTENDEDUI, bExtended, 0);
+  }
+  BOOL GetExtendedUI() const { return (BOOL)::SendMessage(m_hWnd, CB_GETEXTENDEDUI, 0, 0); }
+  void GetDroppedControlRect(LPRECT lprect) const {
+    ::SendMessage(m_hWnd, CB_GETDROPPEDCONTROLRECT, 0, (LPARAM)lprect);
+  }
+  BOOL GetDroppedState() const { return (BOOL)::SendMessage(m_hWnd, CB_GETDROPPEDSTATE, 0, 0); }
+  void ShowDropDown(BOOL bShowIt = TRUE) { ::SendMessage(m_hWnd, CB_SHOWDROPDOWN, bShowIt, 0); }
+  int GetDroppedWidth() const { return (int)::SendMessage(m_hWnd, CB_GETDROPPEDWIDTH, 0, 0); }
+  int SetDroppedWidth(UINT nWidth) {
+    return (int)::SendMessage(m_hWnd, CB_SETDROPPEDWIDTH, nWidth, 0);
+  }
+  int GetTopIndex() const { return (int)::SendMessage(m_hWnd, CB_GETTOPINDEX, 0, 0); }
+  int SetTopIndex(int nIndex) { return (int)::SendMessage(m_hWnd, CB_SETTOPINDEX, nIndex, 0); }
+  int AddString(LPCTSTR lpszString) {
+    return (int)::SendMessage(m_hWnd, CB_ADDSTRING, 0, (LPARAM)lpszString);
+  }
+  int DeleteString(UINT nIndex) { return (int)::SendMessage(m_hWnd, CB_DELETESTRING, nIndex, 0); }
+  int InsertString(int nIndex, LPCTSTR lpszString) {
+    return (int)::SendMessage(m_hWnd, CB_INSERTSTRING, nIndex, (LPARAM)lpszString);
+  }
+  void ResetContent() { ::SendMessage(m_hWnd, CB_RESETCONTENT, 0, 0); }
+  int Dir(UINT attr, LPCTSTR lpszWildCard) {
+    return (int)::SendMessage(m_hWnd, CB_DIR, attr, (LPARAM)lpszWildCard);
+  }
+  int FindString(int nStartAfter, LPCTSTR lpszString) const {
+    return (int)::SendMessage(m_hWnd, CB_FINDSTRING, nStartAfter, (LPARAM)lpszString);
+  }
+  int SelectString(int nStartAfter, LPCTSTR lpszString) {
+    return (int)::SendMessage(m_hWnd, CB_SELECTSTRING, nStartAfter, (LPARAM)lpszString);
+  }
+  void Clear() { ::SendMessage(m_hWnd, WM_CLEAR, 0, 0); }
+  void Copy() { ::SendMessage(m_hWnd, WM_COPY, 0, 0); }
+  void Cut() { ::SendMessage(m_hWnd, WM_CUT, 0, 0); }
+  void Paste() { ::SendMessage(m_hWnd, WM_PASTE, 0, 0); }
+
+  virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
+  virtual void MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct);
+  virtual int CompareItem(LPCOMPAREITEMSTRUCT lpCompareItemStruct);
+  virtual void DeleteItem(LPDELETEITEMSTRUCT lpDeleteItemStruct);
+  virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
 };
 
 // ---- CWinThread -------------------------------------------------------------
@@ -123,6 +1160,8 @@ public:
   BOOL WriteProfileBinary(LPCTSTR lpszSection, LPCTSTR lpszEntry, LPBYTE pData, UINT nBytes);
 
   virtual BOOL InitApplication();
+  // Idle calls 0 and 1 do the thread's idle work; more are not asked for.
+  virtual BOOL OnIdle(LONG lCount);
   virtual BOOL InitInstance();
   virtual int Run();
   virtual int ExitInstance();
@@ -141,6 +1180,11 @@ AFX_API CWnd* AFXAPI AfxGetMainWnd();
 // application object (called once at start-up, before InitInstance).
 AFX_API BOOL AFXAPI AfxWinInit(HINSTANCE hInstance, HINSTANCE hPrevInstance, LPTSTR lpCmdLine,
                                int nCmdShow);
+
+// Called by WinMain: AfxWinInit, InitApplication, InitInstance and Run (or
+// ExitInstance when InitInstance fails); returns the exit code.
+AFX_API int AFXAPI AfxWinMain(HINSTANCE hInstance, HINSTANCE hPrevInstance, LPTSTR lpCmdLine,
+                              int nCmdShow);
 
 // ---- Module resources -------------------------------------------------------
 

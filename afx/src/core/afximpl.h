@@ -13,4 +13,10 @@ class _AFX_THREAD_STATE;
 // message-map cache; called as the thread state is destroyed.
 void AfxFreeThreadWindowState(_AFX_THREAD_STATE* pState);
 
+// CWnd creation: the CBT hook that attaches the next window created on this
+// thread to pWnd; the unhook returns FALSE when it never saw the window.
+class CWnd;
+void AfxHookWindowCreate(CWnd* pWnd);
+BOOL AfxUnhookWindowCreate();
+
 #endif // AFXIMPL_H
