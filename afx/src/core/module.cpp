@@ -60,8 +60,9 @@ static DWORD ThreadStateSlot() {
 
 _AFX_THREAD_STATE::_AFX_THREAD_STATE()
     : m_pCurrentWinThread(NULL), m_pWndInit(NULL), m_hHookOldCbtFilter(NULL), m_nTempMapLock(0),
-      m_pMsgCache(NULL) {
+      m_pMsgCache(NULL), m_hLockoutNotifyWindow(NULL) {
   memset(&m_lastSentMsg, 0, sizeof(m_lastSentMsg));
+  memset(&m_msgCur, 0, sizeof(m_msgCur));
   memset(m_pHandleMaps, 0, sizeof(m_pHandleMaps));
 }
 _AFX_THREAD_STATE::~_AFX_THREAD_STATE() { AfxFreeThreadWindowState(this); }

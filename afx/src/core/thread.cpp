@@ -91,7 +91,19 @@ CWnd* CWinThread::GetMainWnd() { return m_pActiveWnd != NULL ? m_pActiveWnd : m_
 
 BOOL CWinThread::InitInstance() { return FALSE; } // by default, no message loop
 
-BOOL CWinThread::PreTranslateMessage(MSG*) { return FALSE; }
+// A window's message goes up its parent chain (to the main window) through
+// PreTranslateMessage; a message for a window outside the main window's tree
+// (a modeless dialog, say) gets a last chance through the main window.
+BOOL CWinThread::PreTranslateMessage(MSG* pMsg) {
+  if (pMsg->hwnd == NULL) return FALSE; // a thread message
+  CWnd* pMainWnd = AfxGetMainWnd();
+  if (CWnd::WalkPreTranslateTree(pMainWnd->GetSafeHwnd(), pMsg)) return TRUE;
+  if (pMainWnd != NULL) {
+    CWnd* pWnd = CWnd::FromHandle(pMsg->hwnd);
+    if (pWnd->GetTopLevelParent() != pMainWnd) return pMainWnd->PreTranslateMessage(pMsg);
+  }
+  return FALSE;
+}
 
 BOOL CWinThread::PumpMessage() {
   // 0 is WM_QUIT, -1 an error: both end the loop.
@@ -103,9 +115,18 @@ BOOL CWinThread::PumpMessage() {
   return TRUE;
 }
 
-// From the first idle call on, temporary handle-map objects are deleted (unless
-// someone holds the temporary-map lock); the base asks for no further calls.
+// The first idle call updates the visible main window's user-interface
+// objects (WM_IDLEUPDATECMDUI to it and its permanent descendants); every
+// idle call then deletes the temporary handle-map objects unless someone holds
+// the temporary-map lock. The base asks for no further calls.
 BOOL CWinThread::OnIdle(LONG lCount) {
+  if (lCount <= 0) {
+    CWnd* pMainWnd = m_pMainWnd;
+    if (pMainWnd != NULL && pMainWnd->m_hWnd != NULL && pMainWnd->IsWindowVisible()) {
+      AfxCallWndProc(pMainWnd, pMainWnd->m_hWnd, WM_IDLEUPDATECMDUI, (WPARAM)TRUE, 0);
+      pMainWnd->SendMessageToDescendants(WM_IDLEUPDATECMDUI, (WPARAM)TRUE, 0, TRUE, TRUE);
+    }
+  }
   if (lCount >= 0 && AfxGetThreadState()->m_nTempMapLock == 0) {
     AfxLockTempMaps();
     AfxUnlockTempMaps(TRUE);
