@@ -1,0 +1,240 @@
+// The exception family thrown in VRK.dll and caught here, the error texts of
+// system codes, and strings built from the resource module's texts.
+#include <vrk_exception.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "msgbox_catcher.h"
+
+namespace {
+
+const UINT kIdErrorCode = 5013;  // "Error code: %lu"
+const UINT kIdPrintStart = 5014; // "The print job could not be started."
+
+std::string SystemText(DWORD dwError) {
+  char* pszBuffer = NULL;
+  DWORD n = ::FormatMessageA(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM, NULL,
+                             dwError, 0x400, reinterpret_cast<LPSTR>(&pszBuffer), 0, NULL);
+  std::string strText(n != 0 ? std::string(pszBuffer, n) : std::string());
+  if (pszBuffer != NULL) ::LocalFree(pszBuffer);
+  return strText;
+}
+
+// ---- Run-time classes -------------------------------------------------------------
+
+TEST(VrkExceptionClasses, AreDynamicUnderTheirOwnNames) {
+  CRuntimeClass* classes[] = {RUNTIME_CLASS(VException), RUNTIME_CLASS(VNullException),
+                              RUNTIME_CLASS(VInvalidDataException)};
+  const char* names[] = {"VException", "VNullException", "VInvalidDataException"};
+  for (int i = 0; i < 3; i++) {
+    SCOPED_TRACE(names[i]);
+    EXPECT_STREQ(names[i], classes[i]->m_lpszClassName);
+    EXPECT_EQ(0xFFFFu, classes[i]->m_wSchema);
+    EXPECT_TRUE(classes[i]->m_pfnCreateObject == NULL);
+    EXPECT_TRUE(classes[i]->IsDerivedFrom(RUNTIME_CLASS(CException)));
+    for (int j = 0; j < 3; j++) {
+      if (j == i) continue;
+      EXPECT_FALSE(classes[i]->IsDerivedFrom(classes[j]));
+    }
+  }
+}
+
+// ---- VException ---------------------------------------------------------------------
+
+TEST(VException, ThrownFromTextAndCaughtInTheHost) {
+  MsgBoxCatcher catcher(IDNO);
+  try {
+    VrkThrowException("Disk full");
+    FAIL() << "no exception";
+  } catch (CException* e) {
+    ASSERT_TRUE(e->IsKindOf(RUNTIME_CLASS(VException)));
+    EXPECT_STREQ("Disk full", static_cast<VException*>(e)->m_strMessage);
+    // The box type is passed on, the message id ignored.
+    EXPECT_EQ(IDNO, e->ReportError(MB_YESNO, 4711));
+    ASSERT_EQ(1u, catcher.Count());
+    EXPECT_EQ("Disk full", catcher.Last().text);
+    EXPECT_TRUE(catcher.Last().HasButton(IDYES));
+    // No text of its own for GetErrorMessage.
+    char szText[32] = "x";
+    EXPECT_FALSE(e->GetErrorMessage(szText, sizeof(szText)));
+    e->Delete();
+  }
+}
+
+TEST(VException, ThrownFromAStringResource) {
+  try {
+    VrkThrowException(kIdPrintStart);
+    FAIL() << "no exception";
+  } catch (CException* e) {
+    ASSERT_TRUE(e->IsKindOf(RUNTIME_CLASS(VException)));
+    EXPECT_STREQ("The print job could not be started.", static_cast<VException*>(e)->m_strMessage);
+    e->Delete();
+  }
+  // A string no module holds leaves the message empty.
+  VException missing(static_cast<UINT>(4999));
+  EXPECT_TRUE(missing.m_strMessage.IsEmpty());
+}
+
+TEST(VException, NullTextReportsAnEmptyBox) {
+  MsgBoxCatcher catcher;
+  VException e(static_cast<const char*>(NULL));
+  EXPECT_TRUE(e.m_strMessage.IsEmpty());
+  EXPECT_EQ(IDOK, e.ReportError());
+  ASSERT_EQ(1u, catcher.Count());
+  EXPECT_EQ("", catcher.Last().text);
+}
+
+TEST(VNullException, ReportsNothing) {
+  MsgBoxCatcher catcher;
+  VNullException* e = new VNullException;
+  EXPECT_TRUE(e->m_bAutoDelete);
+  EXPECT_EQ(1, e->ReportError(MB_YESNO, 5));
+  EXPECT_EQ(0u, catcher.Count());
+  e->Delete();
+}
+
+// ---- VInvalidDataException ------------------------------------------------------------
+
+TEST(VInvalidDataException, FormatsFileLineAndTheCurrentMessage) {
+  MSG* pMsg = AfxGetCurrentMessage();
+  ASSERT_TRUE(pMsg != NULL);
+  MSG saved = *pMsg;
+  pMsg->message = 0x111;
+  pMsg->wParam = 0xBEEF;
+  pMsg->lParam = 0x12345678;
+  pMsg->pt.x = -3;
+  pMsg->pt.y = 44;
+  pMsg->time = 987654;
+  CException* pFirst = NULL;
+  try {
+    VrkThrowInvalidDataException(".\\vrk_bitarray.cpp", 123);
+  } catch (CException* e) {
+    pFirst = e; // the static object: never deleted
+  }
+  *pMsg = saved;
+  ASSERT_TRUE(pFirst != NULL);
+  ASSERT_TRUE(pFirst->IsKindOf(RUNTIME_CLASS(VInvalidDataException)));
+  VInvalidDataException* pInvalid = static_cast<VInvalidDataException*>(pFirst);
+  EXPECT_STREQ("Invalid data detected in .\\vrk_bitarray.cpp, line 123.\n\n"
+               "Message 0x0111 (wParam 0x0000BEEF, lParam 0x12345678) at -3, 44, time 987654.",
+               pInvalid->GetMessage());
+
+  // The same object every time; a null file keeps the previous text.
+  CException* pSecond = NULL;
+  try {
+    VrkThrowInvalidDataException(NULL, 5);
+  } catch (CException* e) {
+    pSecond = e;
+  }
+  EXPECT_EQ(pFirst, pSecond);
+  EXPECT_TRUE(strstr(pInvalid->GetMessage(), "vrk_bitarray.cpp, line 123.") != NULL);
+  try {
+    VrkThrowInvalidDataException(".\\vrk_combobox.cpp", 7);
+  } catch (CException* e) {
+    pSecond = e;
+  }
+  EXPECT_EQ(pFirst, pSecond);
+  EXPECT_TRUE(strncmp(pInvalid->GetMessage(),
+                      "Invalid data detected in .\\vrk_combobox.cpp, line 7.", 52) == 0)
+      << pInvalid->GetMessage();
+}
+
+TEST(VInvalidDataException, ReportIsAlwaysAPlainOkBox) {
+  MsgBoxCatcher catcher;
+  VInvalidDataException e;
+  e.FormatMessage(".\\vrk_colorctrl.cpp", 99);
+  EXPECT_EQ(IDOK, e.ReportError(MB_YESNOCANCEL | MB_ICONSTOP, 77));
+  ASSERT_EQ(1u, catcher.Count());
+  EXPECT_EQ(std::vector<int>(1, IDOK), catcher.Last().buttons);
+  EXPECT_EQ(0u,
+            catcher.Last().text.find("Invalid data detected in .\\vrk_colorctrl.cpp, line 99."));
+}
+
+TEST(VInvalidDataException, LongTextIsCutAt511Characters) {
+  VInvalidDataException e;
+  EXPECT_STREQ("", e.GetMessage());
+  std::string strFile(700, 'f');
+  e.FormatMessage(strFile.c_str(), 1);
+  std::string strExpected = "Invalid data detected in " + strFile;
+  EXPECT_EQ(511u, strlen(e.GetMessage()));
+  EXPECT_EQ(strExpected.substr(0, 511), e.GetMessage());
+  // A shorter text afterwards leaves nothing of the longer one behind.
+  e.FormatMessage("a", 2);
+  EXPECT_EQ(0u, std::string(e.GetMessage()).find("Invalid data detected in a, line 2."));
+  EXPECT_LT(strlen(e.GetMessage()), 200u);
+}
+
+// ---- System error texts ---------------------------------------------------------------
+
+TEST(VrkGetErrorMsg, GivesTheSystemTextWithItsLineBreak) {
+  std::string strExpected = SystemText(ERROR_FILE_NOT_FOUND);
+  ASSERT_FALSE(strExpected.empty());
+  CString strText;
+  EXPECT_EQ(static_cast<int>(strExpected.size()), VrkGetErrorMsg(strText, ERROR_FILE_NOT_FOUND));
+  EXPECT_EQ(strExpected, static_cast<const char*>(strText));
+  EXPECT_EQ('\n', strText[strText.GetLength() - 1]);
+
+  ::SetLastError(ERROR_ACCESS_DENIED);
+  EXPECT_EQ(static_cast<int>(SystemText(ERROR_ACCESS_DENIED).size()), VrkGetLastErrorMsg(strText));
+  EXPECT_EQ(SystemText(ERROR_ACCESS_DENIED), static_cast<const char*>(strText));
+}
+
+TEST(VrkGetErrorMsg, UnknownCodeLeavesTheTextAlone) {
+  CString strText("kept");
+  EXPECT_EQ(0, VrkGetErrorMsg(strText, 0x2FFFFFF0));
+  EXPECT_STREQ("kept", strText);
+}
+
+TEST(VrkReportError, BuildsPrefixSystemTextAndCodeLine) {
+  MsgBoxCatcher catcher;
+  std::string strSystem = SystemText(ERROR_FILE_NOT_FOUND);
+  EXPECT_EQ(static_cast<int>(strSystem.size()),
+            VrkReportError(ERROR_FILE_NOT_FOUND, "Opening c:\\x.dat", 1));
+  ASSERT_EQ(1u, catcher.Count());
+  EXPECT_EQ("Opening c:\\x.dat\n" + strSystem + "Error code: 2", catcher.Last().text);
+  EXPECT_EQ(std::vector<int>(1, IDOK), catcher.Last().buttons);
+
+  EXPECT_EQ(static_cast<int>(strSystem.size()), VrkReportError(ERROR_FILE_NOT_FOUND, NULL, 0));
+  EXPECT_EQ(strSystem, catcher.Last().text);
+
+  ::SetLastError(ERROR_ACCESS_DENIED);
+  EXPECT_EQ(static_cast<int>(SystemText(ERROR_ACCESS_DENIED).size()), VrkReportLastError());
+  EXPECT_EQ(SystemText(ERROR_ACCESS_DENIED), catcher.Last().text);
+  EXPECT_EQ(3u, catcher.Count());
+}
+
+TEST(VrkReportError, UnknownCodeShowsNothing) {
+  MsgBoxCatcher catcher;
+  EXPECT_EQ(0, VrkReportError(0x2FFFFFF0, "prefix", 1));
+  EXPECT_EQ(0u, catcher.Count());
+}
+
+// ---- VTempStr and VMsgBoxStr ------------------------------------------------------------
+
+TEST(VTempStr, FormatsTextsAndResources) {
+  EXPECT_STREQ("7-abc-0x1F", VTempStr("%d-%s-0x%X", 7, "abc", 31));
+  EXPECT_STREQ("", VTempStr(static_cast<const char*>(NULL)));
+  EXPECT_STREQ("Error code: 4294967295", VTempStr(kIdErrorCode, 0xFFFFFFFFu));
+  EXPECT_STREQ("", VTempStr(static_cast<UINT>(4999), 1));
+
+  VTempStr copy(VTempStr("%s", "first"));
+  VTempStr other("second");
+  copy = other;
+  EXPECT_STREQ("second", copy);
+  std::string strLong(5000, 'L');
+  EXPECT_EQ(strLong, static_cast<const char*>(VTempStr("%s", strLong.c_str())));
+}
+
+TEST(VMsgBoxStr, ShowsItsTextWithTheGivenType) {
+  MsgBoxCatcher catcher(IDCANCEL);
+  VMsgBoxStr msg(kIdErrorCode, 42);
+  EXPECT_EQ(kIdErrorCode, msg.m_nID);
+  EXPECT_STREQ("Error code: 42", msg.m_str);
+  EXPECT_EQ(IDCANCEL, VrkMessageBox(msg, MB_OKCANCEL));
+  ASSERT_EQ(1u, catcher.Count());
+  EXPECT_EQ("Error code: 42", catcher.Last().text);
+  EXPECT_TRUE(catcher.Last().HasButton(IDCANCEL));
+}
+
+} // namespace

@@ -1,0 +1,215 @@
+// VRK.dll's start-up: the language chosen from HKCU\Software\Tamrix\PEL\Settings
+// and its fallbacks, watched in a fresh process (the load host) for each
+// registry state, and the module data of this test program.
+#include <vrk_frame.h>
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "scratch_registry.h"
+#include "temp_dir.h"
+
+namespace {
+
+const char kSettings[] = "Software\\Tamrix\\PEL\\Settings";
+
+typedef std::map<std::string, std::vector<std::string>> Report;
+
+std::string BinDir() {
+  char szExe[MAX_PATH];
+  ::GetModuleFileNameA(NULL, szExe, MAX_PATH);
+  std::string strDir(szExe);
+  return strDir.substr(0, strDir.rfind('\\'));
+}
+
+// Runs the load host with the given options and parses its report.
+Report RunLoadHost(const std::string& strOptions) {
+  TempDir dir;
+  std::string strReport = dir.File("report.txt");
+  std::string strCmd =
+      "\"" + BinDir() + "\\vrk_frame_loadhost.exe\" \"" + strReport + "\" " + strOptions;
+  STARTUPINFOA si;
+  memset(&si, 0, sizeof(si));
+  si.cb = sizeof(si);
+  PROCESS_INFORMATION pi;
+  std::vector<char> cmd(strCmd.begin(), strCmd.end());
+  cmd.push_back('\0');
+  Report report;
+  if (!::CreateProcessA(NULL, &cmd[0], NULL, NULL, FALSE, 0, NULL, BinDir().c_str(), &si, &pi)) {
+    ADD_FAILURE() << "cannot start the load host: " << ::GetLastError();
+    return report;
+  }
+  EXPECT_EQ(WAIT_OBJECT_0, ::WaitForSingleObject(pi.hProcess, 60000));
+  DWORD dwExit = 99;
+  ::GetExitCodeProcess(pi.hProcess, &dwExit);
+  EXPECT_EQ(0u, dwExit);
+  ::CloseHandle(pi.hThread);
+  ::CloseHandle(pi.hProcess);
+  std::string strText = TempDir::ReadBytes(strReport);
+  size_t nPos = 0;
+  while (nPos < strText.size()) {
+    size_t nEnd = strText.find('\n', nPos);
+    if (nEnd == std::string::npos) nEnd = strText.size();
+    std::string strLine = strText.substr(nPos, nEnd - nPos);
+    size_t nEq = strLine.find('=');
+    if (nEq != std::string::npos) report[strLine.substr(0, nEq)].push_back(strLine.substr(nEq + 1));
+    nPos = nEnd + 1;
+  }
+  return report;
+}
+
+std::string One(const Report& report, const std::string& strKey) {
+  Report::const_iterator it = report.find(strKey);
+  return it == report.end() || it->second.empty() ? "<missing>" : it->second.front();
+}
+
+size_t BoxCount(const Report& report) {
+  Report::const_iterator it = report.find("box");
+  return it == report.end() ? 0 : it->second.size();
+}
+
+bool EndsWith(const std::string& s, const std::string& tail) {
+  return s.size() >= tail.size() && _stricmp(s.c_str() + s.size() - tail.size(), tail.c_str()) == 0;
+}
+
+const char kEnglishText[] = "Error code: %lu";
+const char kGermanText[] = "Fehlercode: %lu";
+
+class StartupTest : public ::testing::Test {
+protected:
+  void SetUp() override { ScratchRegistry::DeleteTree(kSettings); }
+  ScratchRegistry m_registry;
+};
+
+TEST_F(StartupTest, NoSettingsGivesEnglishAndCreatesTheKey) {
+  Report report = RunLoadHost("anchor");
+  EXPECT_EQ("1", One(report, "loaded"));
+  EXPECT_EQ(kEnglishText, One(report, "text"));
+  EXPECT_EQ("", One(report, "deu"));
+  EXPECT_EQ(0u, BoxCount(report));
+  EXPECT_TRUE(ScratchRegistry::KeyExists(kSettings));
+}
+
+TEST_F(StartupTest, WithoutUseSystemTheLanguageIsNotRead) {
+  ASSERT_TRUE(ScratchRegistry::WriteString(kSettings, "Language", "DEU"));
+  Report report = RunLoadHost("anchor");
+  EXPECT_EQ("1", One(report, "loaded"));
+  EXPECT_EQ(kEnglishText, One(report, "text"));
+  EXPECT_EQ("", One(report, "deu"));
+  EXPECT_EQ(0u, BoxCount(report));
+}
+
+TEST_F(StartupTest, UseSystemIgnoresTheConfiguredLanguage) {
+  ASSERT_TRUE(ScratchRegistry::WriteDword(kSettings, "UseSystem", 1));
+  ASSERT_TRUE(ScratchRegistry::WriteString(kSettings, "Language", "DEU"));
+  Report report = RunLoadHost("anchor");
+  EXPECT_EQ("1", One(report, "loaded"));
+  EXPECT_EQ(kEnglishText, One(report, "text"));
+  EXPECT_EQ("", One(report, "deu"));
+}
+
+TEST_F(StartupTest, GermanIsFoundBesideTheResourceModule) {
+  ASSERT_TRUE(ScratchRegistry::WriteDword(kSettings, "UseSystem", 0));
+  ASSERT_TRUE(ScratchRegistry::WriteString(kSettings, "Language", "DEU"));
+  Report report = RunLoadHost("anchor init");
+  EXPECT_EQ("1", One(report, "anchor"));
+  EXPECT_EQ("1", One(report, "loaded"));
+  EXPECT_TRUE(EndsWith(One(report, "deu"), "\\lang\\vrk_DEU.dll")) << One(report, "deu");
+  EXPECT_EQ(kGermanText, One(report, "text"));
+  EXPECT_EQ(0u, BoxCount(report));
+  // InitVrkDll initialises English first, then the German module's own entry
+  // (once), so German stays ahead in the resource chain.
+  EXPECT_EQ(kGermanText, One(report, "inittext"));
+  EXPECT_EQ("1", One(report, "deuinit"));
+  ASSERT_EQ(2u, report["enuentries"].size());
+  EXPECT_EQ("1", report["enuentries"][0]); // vrk_enu joined when it loaded
+  EXPECT_EQ("2", report["enuentries"][1]); // and once more, by InitVrkDll
+}
+
+TEST_F(StartupTest, GermanOffTheSearchPathFallsBackToEnglishWithABox) {
+  // Without the anchor the resource module is the host itself, in bin\, and
+  // vrk_DEU.dll lies in bin\lang\.
+  ASSERT_TRUE(ScratchRegistry::WriteDword(kSettings, "UseSystem", 0));
+  ASSERT_TRUE(ScratchRegistry::WriteString(kSettings, "Language", "DEU"));
+  Report report = RunLoadHost("");
+  EXPECT_EQ("1", One(report, "loaded"));
+  EXPECT_EQ("", One(report, "deu"));
+  EXPECT_EQ(kEnglishText, One(report, "text"));
+  if (::GetUserDefaultLCID() == 1033) {
+    ASSERT_EQ(1u, BoxCount(report));
+    EXPECT_EQ("|The dynamic link library vrk_DEU could not be found", One(report, "box"));
+  } else {
+    // The English retry inside the call succeeds: no box.
+    EXPECT_EQ(0u, BoxCount(report));
+  }
+}
+
+TEST_F(StartupTest, MissingLanguageNamesItInTheBoxThenUsesEnglish) {
+  ASSERT_TRUE(ScratchRegistry::WriteDword(kSettings, "UseSystem", 0));
+  ASSERT_TRUE(ScratchRegistry::WriteString(kSettings, "Language", "XYZ"));
+  Report report = RunLoadHost("anchor init");
+  EXPECT_EQ("1", One(report, "loaded"));
+  EXPECT_EQ(kEnglishText, One(report, "text"));
+  EXPECT_EQ(kEnglishText, One(report, "inittext"));
+  // English chosen: InitVrkDll initialises the English module twice.
+  ASSERT_EQ(2u, report["enuentries"].size());
+  EXPECT_EQ("1", report["enuentries"][0]);
+  EXPECT_EQ("3", report["enuentries"][1]);
+  if (::GetUserDefaultLCID() == 1033) {
+    ASSERT_EQ(1u, BoxCount(report));
+    EXPECT_EQ("|The dynamic link library vrk_XYZ could not be found", One(report, "box"));
+  }
+}
+
+TEST_F(StartupTest, LanguageDefaultsToEnglishWhenUseSystemIsZero) {
+  ASSERT_TRUE(ScratchRegistry::WriteDword(kSettings, "UseSystem", 0));
+  Report report = RunLoadHost("anchor");
+  EXPECT_EQ("1", One(report, "loaded"));
+  EXPECT_EQ(kEnglishText, One(report, "text"));
+  EXPECT_EQ(0u, BoxCount(report));
+}
+
+// ---- Module data ----------------------------------------------------------------
+
+TEST(ModuleData, VersionPairsComeFromTheFileVersionWords) {
+  // The load host's file version is 3.14.15.9265 (product version 7.0.0.1).
+  Report report = RunLoadHost("");
+  EXPECT_EQ("3.14", One(report, "major"));
+  EXPECT_EQ("15.9265", One(report, "minor"));
+  EXPECT_EQ("vrk_frame_loadhost.exe", One(report, "exename"));
+}
+
+TEST(ModuleData, HostWithoutVersionResourceHasZeroPairs) {
+  const tagVersionWord zero = {0, 0};
+  EXPECT_TRUE(VrkPrivGetProductMajorVersion() == zero);
+  EXPECT_TRUE(VrkPrivGetProductMinorVersion() == zero);
+}
+
+TEST(ModuleData, ExecutablePathNameAndFolder) {
+  char szExe[MAX_PATH];
+  ::GetModuleFileNameA(NULL, szExe, MAX_PATH);
+  EXPECT_STREQ(szExe, VrkPrivGetFullExePathName());
+  EXPECT_EQ(BinDir(), VrkPrivGetExePath());
+  EXPECT_STREQ("vrk_frame_startup.exe", VrkPrivGetExeName());
+  EXPECT_EQ(::GetModuleHandleA("VRK.dll"), VrkPrivGetInstance());
+}
+
+TEST(ModuleData, LocaleAcronyms) {
+  EXPECT_STREQ("ENU", VrkPrivGetEnglishAcronym());
+  EXPECT_EQ(::GetUserDefaultLCID(), VrkPrivGetLocalLangID());
+  char szLocal[20] = "";
+  ::GetLocaleInfoA(::GetUserDefaultLCID(), LOCALE_SABBREVLANGNAME, szLocal, sizeof(szLocal));
+  EXPECT_STREQ(szLocal, VrkPrivGetLocaleAcronym(0));
+  EXPECT_STREQ(szLocal, VrkPrivGetLocaleAcronym(1));
+
+  CString strName("vrk_");
+  EXPECT_EQ(1, VrkPrivAppendLocaleAcronym(strName, 1));
+  EXPECT_STREQ("vrk_ENU", strName);
+  strName = "x";
+  EXPECT_EQ(1, VrkPrivAppendLocaleAcronym(strName, 0));
+  EXPECT_EQ(std::string("x") + szLocal, static_cast<const char*>(strName));
+}
+
+} // namespace
