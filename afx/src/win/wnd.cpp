@@ -257,13 +257,27 @@ HWND CWnd::UnsubclassWindow() {
 
 // ---- Window procedure ---------------------------------------------------------------
 
-// What an exception thrown by a handler becomes: the user is told (as MFC's
-// CWinApp::ProcessWndProcException does) and the message fails.
+// What an exception thrown by a handler becomes, as in MFC: WM_CREATE fails,
+// WM_PAINT validates; otherwise the user is told ("Command failed." for a menu
+// or accelerator command, else "Internal application error.") unless the
+// exception is a CUserException, whose thrower told the user already.
 static LRESULT ProcessWndProcException(CException* e, const MSG* pMsg) {
-  if (pMsg->message == WM_CREATE) return -1; // the creation fails
-  if (pMsg->message == WM_PAINT) ::ValidateRect(pMsg->hwnd, NULL);
-  e->ReportError(MB_ICONEXCLAMATION | MB_SYSTEMMODAL, AFX_IDP_INTERNAL_FAILURE);
-  return 0;
+  if (pMsg->message == WM_CREATE) return -1;
+  if (pMsg->message == WM_PAINT) {
+    ::ValidateRect(pMsg->hwnd, NULL);
+    return 0;
+  }
+  UINT nIDP = AFX_IDP_INTERNAL_FAILURE;
+  LRESULT lResult = 0;
+  if (pMsg->message == WM_COMMAND) {
+    if ((HWND)pMsg->lParam == NULL) nIDP = AFX_IDP_COMMAND_FAILURE;
+    lResult = TRUE;
+  }
+  if (e->IsKindOf(RUNTIME_CLASS(CMemoryException)))
+    e->ReportError(MB_ICONEXCLAMATION | MB_SYSTEMMODAL, nIDP);
+  else if (!e->IsKindOf(RUNTIME_CLASS(CUserException)))
+    AfxMessageBox(nIDP, MB_ICONSTOP);
+  return lResult;
 }
 
 LRESULT AFXAPI AfxCallWndProc(CWnd* pWnd, HWND hWnd, UINT nMsg, WPARAM wParam, LPARAM lParam) {

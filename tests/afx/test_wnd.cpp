@@ -1,0 +1,527 @@
+// CWnd: creation, the handle maps (permanent and temporary), subclassing,
+// message-map dispatch through base classes, the current-message record,
+// Default, exceptions in handlers and the thread's message loop.
+#include <afxwin.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "msgbox_catcher.h"
+
+namespace {
+
+const UINT WM_BASE_ONLY = WM_APP + 1;
+const UINT WM_OVERRIDDEN = WM_APP + 2;
+const UINT WM_NESTED = WM_APP + 3;
+
+// Three levels: the message handled only by the first class must be found
+// from the third; the one both map is taken from the most derived.
+class CLevel1 : public CWnd {
+public:
+  std::vector<std::string> log;
+  afx_msg LRESULT OnBaseOnly(WPARAM w, LPARAM l) {
+    log.push_back("L1.BaseOnly");
+    return (LRESULT)(w + l);
+  }
+  afx_msg LRESULT OnOverridden(WPARAM, LPARAM) {
+    log.push_back("L1.Overridden");
+    return 1;
+  }
+  DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CLevel1, CWnd)
+ON_MESSAGE(WM_BASE_ONLY, &CLevel1::OnBaseOnly)
+ON_MESSAGE(WM_OVERRIDDEN, &CLevel1::OnOverridden)
+END_MESSAGE_MAP()
+
+class CLevel2 : public CLevel1 {
+public:
+  afx_msg LRESULT OnOverridden2(WPARAM, LPARAM) {
+    log.push_back("L2.Overridden");
+    return 2;
+  }
+  afx_msg void OnSize(UINT nType, int cx, int cy) {
+    log.push_back("L2.Size " + std::to_string(nType) + " " + std::to_string(cx) + " " +
+                  std::to_string(cy));
+  }
+  afx_msg void OnLButtonDown(UINT nFlags, CPoint point) {
+    log.push_back("L2.LButtonDown " + std::to_string(nFlags) + " " + std::to_string(point.x) + " " +
+                  std::to_string(point.y));
+  }
+  DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CLevel2, CLevel1)
+ON_MESSAGE(WM_OVERRIDDEN, &CLevel2::OnOverridden2)
+ON_WM_SIZE()
+ON_WM_LBUTTONDOWN()
+END_MESSAGE_MAP()
+
+class CLevel3 : public CLevel2 {
+public:
+  int nCreates = 0;
+  int nDestroys = 0;
+  MSG seen = {};
+  MSG afterNested = {};
+  afx_msg int OnCreate(LPCREATESTRUCT lpcs) {
+    nCreates++;
+    createName = lpcs->lpszName;
+    return CLevel2::OnCreate(lpcs);
+  }
+  afx_msg void OnDestroy() {
+    nDestroys++;
+    CLevel2::OnDestroy();
+  }
+  // Records the current message, sends another one to itself and records
+  // the current message again: each send must restore its caller's record.
+  afx_msg LRESULT OnNested(WPARAM w, LPARAM l) {
+    seen = *AfxGetCurrentMessage();
+    if (w == 1) SendMessage(WM_NESTED, 2, l + 1);
+    afterNested = *AfxGetCurrentMessage();
+    return 0;
+  }
+  std::string createName;
+  DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CLevel3, CLevel2)
+ON_WM_CREATE()
+ON_WM_DESTROY()
+ON_MESSAGE(WM_NESTED, &CLevel3::OnNested)
+END_MESSAGE_MAP()
+
+// Deletes itself with its window, as frame windows do.
+class CSelfDeleting : public CWnd {
+public:
+  explicit CSelfDeleting(bool* pDeleted) : m_pDeleted(pDeleted) {}
+  ~CSelfDeleting() { *m_pDeleted = true; }
+  virtual void PostNcDestroy() {
+    EXPECT_EQ(NULL, m_hWnd); // detached before PostNcDestroy
+    delete this;
+  }
+  bool* m_pDeleted;
+};
+
+HWND CreatePlainWindow(LPCTSTR lpszClass = "STATIC") {
+  return ::CreateWindow(lpszClass, "plain", WS_POPUP, 0, 0, 50, 50, NULL, NULL, NULL, NULL);
+}
+
+TEST(WndCreate, CreateExAttachesBeforeWmCreateAndDestroyDetaches) {
+  CLevel3 wnd;
+  ASSERT_TRUE(wnd.CreateEx(0, NULL, "Level three", WS_POPUP, 10, 20, 100, 80, NULL, NULL));
+  EXPECT_EQ(1, wnd.nCreates);
+  EXPECT_EQ("Level three", wnd.createName);
+  EXPECT_EQ(&wnd, CWnd::FromHandlePermanent(wnd.m_hWnd));
+  EXPECT_EQ(&wnd, CWnd::FromHandle(wnd.m_hWnd));
+  // The window runs afx's procedure; the default class keeps DefWindowProc behind it.
+  EXPECT_EQ((LONG_PTR)AfxGetAfxWndProc(), ::GetWindowLongPtr(wnd.m_hWnd, GWLP_WNDPROC));
+  EXPECT_EQ(1, ::SendMessage(wnd.m_hWnd, WM_QUERYAFXWNDPROC, 0, 0));
+  TCHAR szClass[64];
+  ::GetClassName(wnd.m_hWnd, szClass, 64);
+  EXPECT_STREQ(AFX_WND, szClass);
+  CString strText;
+  wnd.GetWindowText(strText);
+  EXPECT_STREQ("Level three", strText);
+
+  HWND hWnd = wnd.m_hWnd;
+  EXPECT_TRUE(wnd.DestroyWindow());
+  EXPECT_EQ(1, wnd.nDestroys);
+  EXPECT_EQ(NULL, wnd.m_hWnd);
+  EXPECT_FALSE(::IsWindow(hWnd));
+  EXPECT_EQ(NULL, CWnd::FromHandlePermanent(hWnd));
+}
+
+TEST(WndCreate, PostNcDestroyMayDeleteTheObject) {
+  bool bDeleted = false;
+  CSelfDeleting* pWnd = new CSelfDeleting(&bDeleted);
+  ASSERT_TRUE(pWnd->CreateEx(0, NULL, "x", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
+  HWND hWnd = pWnd->m_hWnd;
+  ::DestroyWindow(hWnd); // through Windows, not the object
+  EXPECT_TRUE(bDeleted);
+  EXPECT_EQ(NULL, CWnd::FromHandlePermanent(hWnd));
+}
+
+class CRefuseCreate : public CWnd {
+public:
+  afx_msg int OnCreate(LPCREATESTRUCT) { return -1; }
+  DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CRefuseCreate, CWnd)
+ON_WM_CREATE()
+END_MESSAGE_MAP()
+
+TEST(WndCreate, OnCreateReturningMinusOneFailsCreation) {
+  CRefuseCreate wnd;
+  EXPECT_FALSE(wnd.CreateEx(0, NULL, "x", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
+  EXPECT_EQ(NULL, wnd.m_hWnd);
+}
+
+class CThrowOnCreate : public CWnd {
+public:
+  afx_msg int OnCreate(LPCREATESTRUCT) { AfxThrowResourceException(); }
+  DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CThrowOnCreate, CWnd)
+ON_WM_CREATE()
+END_MESSAGE_MAP()
+
+TEST(WndCreate, ExceptionInOnCreateFailsTheCreation) {
+  MsgBoxCatcher catcher;
+  CThrowOnCreate wnd;
+  EXPECT_FALSE(wnd.CreateEx(0, NULL, "x", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
+  EXPECT_EQ(NULL, wnd.m_hWnd);
+  EXPECT_EQ(0u, catcher.Count()); // a failed creation is not reported
+}
+
+TEST(WndClass, RegisterWndClassNamesByStyleAndReusesTheClass) {
+  HCURSOR hCursor = ::LoadCursor(NULL, IDC_ARROW);
+  CString strName = AfxRegisterWndClass(CS_DBLCLKS, hCursor);
+  CString strExpected;
+  strExpected.Format("Afx:%08X:8:%08X:00000000:00000000", (UINT)(UINT_PTR)::GetModuleHandle(NULL),
+                     (UINT)(UINT_PTR)hCursor);
+  EXPECT_STREQ(strExpected, strName);
+  EXPECT_STREQ(strName, AfxRegisterWndClass(CS_DBLCLKS, hCursor)); // registered once
+  CString strBare = AfxRegisterWndClass(CS_HREDRAW);
+  strExpected.Format("Afx:%08X:2", (UINT)(UINT_PTR)::GetModuleHandle(NULL));
+  EXPECT_STREQ(strExpected, strBare);
+  WNDCLASS wc;
+  ASSERT_TRUE(::GetClassInfo(::GetModuleHandle(NULL), strName, &wc));
+  EXPECT_EQ((UINT)CS_DBLCLKS, wc.style);
+  EXPECT_EQ(hCursor, wc.hCursor);
+
+  CWnd wnd;
+  ASSERT_TRUE(wnd.CreateEx(0, strName, "y", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
+  EXPECT_EQ((DWORD)CS_DBLCLKS, (DWORD)::GetClassLong(wnd.m_hWnd, GCL_STYLE));
+  wnd.DestroyWindow();
+}
+
+// ---- Handle maps ---------------------------------------------------------------
+
+TEST(WndHandleMap, TemporaryObjectsLiveUntilIdleAndNeverDestroyTheWindow) {
+  HWND hWnd = CreatePlainWindow();
+  ASSERT_TRUE(hWnd != NULL);
+  EXPECT_EQ(NULL, CWnd::FromHandle(NULL));
+  CWnd* pTemp = CWnd::FromHandle(hWnd);
+  ASSERT_TRUE(pTemp != NULL);
+  EXPECT_EQ(hWnd, pTemp->m_hWnd);
+  EXPECT_EQ(pTemp, CWnd::FromHandle(hWnd)); // the same temporary object
+  EXPECT_EQ(NULL, CWnd::FromHandlePermanent(hWnd));
+  EXPECT_TRUE(pTemp->IsKindOf(RUNTIME_CLASS(CWnd)));
+
+  // Locked, idle time keeps the temporaries.
+  CWinThread thread;
+  AfxLockTempMaps();
+  thread.OnIdle(1);
+  EXPECT_EQ(pTemp, CWnd::FromHandle(hWnd));
+  EXPECT_EQ(hWnd, pTemp->m_hWnd);
+  EXPECT_TRUE(AfxUnlockTempMaps(TRUE)); // the last unlock deletes them
+  EXPECT_TRUE(::IsWindow(hWnd));        // the temporary's handle was cleared first
+
+  CWnd* pAgain = CWnd::FromHandle(hWnd);
+  EXPECT_EQ(hWnd, pAgain->m_hWnd);
+  thread.OnIdle(0);
+  EXPECT_TRUE(::IsWindow(hWnd));
+  EXPECT_FALSE(AfxUnlockTempMaps()); // unbalanced: nothing to unlock
+  ::DestroyWindow(hWnd);
+}
+
+TEST(WndHandleMap, AttachDetachAndOnePermanentObjectPerWindow) {
+  HWND hWnd = CreatePlainWindow();
+  CWnd wnd1, wnd2;
+  EXPECT_FALSE(wnd1.Attach(NULL));
+  ASSERT_TRUE(wnd1.Attach(hWnd));
+  EXPECT_FALSE(wnd2.Attach(hWnd)); // already has a permanent object
+  EXPECT_EQ(&wnd1, CWnd::FromHandlePermanent(hWnd));
+  // Attach does not subclass: the window's procedure is unchanged.
+  EXPECT_NE((LONG_PTR)AfxGetAfxWndProc(), ::GetWindowLongPtr(hWnd, GWLP_WNDPROC));
+  EXPECT_EQ(hWnd, wnd1.Detach());
+  EXPECT_EQ(NULL, wnd1.m_hWnd);
+  EXPECT_EQ(NULL, CWnd::FromHandlePermanent(hWnd));
+  EXPECT_TRUE(::IsWindow(hWnd));
+  ::DestroyWindow(hWnd);
+}
+
+struct LookupParam {
+  HWND hWnd;
+  CWnd* pPermanent;
+  CWnd* pTemp;
+};
+
+DWORD WINAPI OtherThreadLookup(LPVOID p) {
+  LookupParam* pp = (LookupParam*)p;
+  pp->pPermanent = CWnd::FromHandlePermanent(pp->hWnd);
+  pp->pTemp = CWnd::FromHandle(pp->hWnd);
+  AfxLockTempMaps();
+  AfxUnlockTempMaps(TRUE);
+  return 0;
+}
+
+TEST(WndHandleMap, MapsArePerThread) {
+  CWnd wnd;
+  ASSERT_TRUE(wnd.CreateEx(0, NULL, "t", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
+  LookupParam param = {wnd.m_hWnd, &wnd, NULL};
+  HANDLE hThread = ::CreateThread(NULL, 0, &OtherThreadLookup, &param, 0, NULL);
+  ::WaitForSingleObject(hThread, INFINITE);
+  ::CloseHandle(hThread);
+  EXPECT_EQ(NULL, param.pPermanent);
+  EXPECT_NE(&wnd, param.pTemp);
+  EXPECT_TRUE(::IsWindow(wnd.m_hWnd));
+  wnd.DestroyWindow();
+}
+
+// ---- Dispatch -----------------------------------------------------------------
+
+TEST(WndDispatch, HandlersAreFoundThroughBaseClassMaps) {
+  CLevel3 wnd;
+  ASSERT_TRUE(wnd.CreateEx(0, NULL, "d", WS_POPUP, 0, 0, 100, 80, NULL, NULL));
+  wnd.log.clear();
+  EXPECT_EQ(7, wnd.SendMessage(WM_BASE_ONLY, 3, 4));
+  EXPECT_EQ(2, wnd.SendMessage(WM_OVERRIDDEN));
+  EXPECT_EQ(7, wnd.SendMessage(WM_BASE_ONLY, 3, 4)); // again, from the cache
+  EXPECT_EQ(2, wnd.SendMessage(WM_OVERRIDDEN));
+  std::vector<std::string> expected = {"L1.BaseOnly", "L2.Overridden", "L1.BaseOnly",
+                                       "L2.Overridden"};
+  EXPECT_EQ(expected, wnd.log);
+
+  // A base-class object has its own map: the same message reaches L1's handler.
+  CLevel1 base;
+  ASSERT_TRUE(base.CreateEx(0, NULL, "b", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
+  EXPECT_EQ(1, base.SendMessage(WM_OVERRIDDEN));
+  EXPECT_EQ(std::vector<std::string>{"L1.Overridden"}, base.log);
+  base.DestroyWindow();
+  wnd.DestroyWindow();
+}
+
+TEST(WndDispatch, ParametersAreUnpackedAsSigned) {
+  CLevel2 wnd;
+  ASSERT_TRUE(wnd.CreateEx(0, NULL, "p", WS_POPUP, 0, 0, 100, 80, NULL, NULL));
+  wnd.log.clear();
+  wnd.SendMessage(WM_SIZE, SIZE_MAXIMIZED, MAKELPARAM(640, 480));
+  wnd.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON | MK_SHIFT, MAKELPARAM(-5, -7));
+  std::vector<std::string> expected = {"L2.Size 2 640 480", "L2.LButtonDown 5 -5 -7"};
+  EXPECT_EQ(expected, wnd.log);
+  wnd.DestroyWindow();
+}
+
+TEST(WndDispatch, UnhandledMessagesGoToTheDefaultProcedure) {
+  CLevel3 wnd;
+  ASSERT_TRUE(wnd.CreateEx(0, NULL, "before", WS_POPUP, 0, 0, 100, 80, NULL, NULL));
+  wnd.SetWindowText("after"); // WM_SETTEXT is not mapped: DefWindowProc stores it
+  CString str;
+  wnd.GetWindowText(str);
+  EXPECT_STREQ("after", str);
+  EXPECT_EQ(0, wnd.SendMessage(WM_APP + 99, 1, 2));
+  wnd.DestroyWindow();
+}
+
+TEST(WndDispatch, CurrentMessageIsRestoredAfterANestedSend) {
+  CLevel3 wnd;
+  ASSERT_TRUE(wnd.CreateEx(0, NULL, "n", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
+  wnd.SendMessage(WM_NESTED, 1, 100);
+  // The inner send (wParam 2) recorded itself last in 'seen'; the outer handler's
+  // record after the inner send is its own again.
+  EXPECT_EQ((UINT)WM_NESTED, wnd.seen.message);
+  EXPECT_EQ(2u, wnd.seen.wParam);
+  EXPECT_EQ(101, wnd.seen.lParam);
+  EXPECT_EQ(wnd.m_hWnd, wnd.afterNested.hwnd);
+  EXPECT_EQ(1u, wnd.afterNested.wParam);
+  EXPECT_EQ(100, wnd.afterNested.lParam);
+  wnd.DestroyWindow();
+}
+
+UINT g_nRegistered = ::RegisterWindowMessage("VrkTestRegisteredMessage");
+UINT g_nOtherRegistered = ::RegisterWindowMessage("VrkTestOtherRegisteredMessage");
+
+class CRegistered : public CWnd {
+public:
+  int nHits = 0;
+  afx_msg LRESULT OnRegistered(WPARAM w, LPARAM) {
+    nHits++;
+    return (LRESULT)w * 2;
+  }
+  DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CRegistered, CWnd)
+ON_REGISTERED_MESSAGE(g_nRegistered, &CRegistered::OnRegistered)
+END_MESSAGE_MAP()
+
+TEST(WndDispatch, RegisteredMessagesMatchTheirVariable) {
+  ASSERT_GE(g_nRegistered, 0xC000u);
+  CRegistered wnd;
+  ASSERT_TRUE(wnd.CreateEx(0, NULL, "r", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
+  EXPECT_EQ(42, wnd.SendMessage(g_nRegistered, 21));
+  EXPECT_EQ(0, wnd.SendMessage(g_nOtherRegistered, 21));
+  EXPECT_EQ(1, wnd.nHits);
+  wnd.DestroyWindow();
+}
+
+// ---- Subclassing ----------------------------------------------------------------
+
+class CTextSpy : public CWnd {
+public:
+  std::vector<std::string> texts;
+  afx_msg LRESULT OnSetText(WPARAM, LPARAM lParam) {
+    texts.push_back((LPCTSTR)lParam);
+    return Default(); // the original procedure still stores the text
+  }
+  int nPreSubclass = 0;
+  virtual void PreSubclassWindow() { nPreSubclass++; }
+  DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CTextSpy, CWnd)
+ON_MESSAGE(WM_SETTEXT, &CTextSpy::OnSetText)
+END_MESSAGE_MAP()
+
+TEST(WndSubclass, SubclassRoutesThroughTheMapAndUnsubclassRestores) {
+  HWND hWnd = CreatePlainWindow("EDIT");
+  LONG_PTR pfnOriginal = ::GetWindowLongPtr(hWnd, GWLP_WNDPROC);
+  CTextSpy spy;
+  ASSERT_TRUE(spy.SubclassWindow(hWnd));
+  EXPECT_EQ(1, spy.nPreSubclass);
+  EXPECT_EQ((LONG_PTR)AfxGetAfxWndProc(), ::GetWindowLongPtr(hWnd, GWLP_WNDPROC));
+  EXPECT_EQ((WNDPROC)pfnOriginal, spy.m_pfnSuper);
+
+  ::SetWindowText(hWnd, "hello");
+  ASSERT_EQ(1u, spy.texts.size());
+  EXPECT_EQ("hello", spy.texts[0]);
+  TCHAR sz[32];
+  ::GetWindowText(hWnd, sz, 32);
+  EXPECT_STREQ("hello", sz);
+
+  EXPECT_EQ(hWnd, spy.UnsubclassWindow());
+  EXPECT_EQ(pfnOriginal, ::GetWindowLongPtr(hWnd, GWLP_WNDPROC));
+  EXPECT_EQ(NULL, spy.m_hWnd);
+  EXPECT_EQ(NULL, CWnd::FromHandlePermanent(hWnd));
+  ::SetWindowText(hWnd, "unseen");
+  EXPECT_EQ(1u, spy.texts.size());
+  ::DestroyWindow(hWnd);
+}
+
+TEST(WndSubclass, SubclassDlgItemFindsTheChildAndFailsWithoutOne) {
+  CWnd parent;
+  ASSERT_TRUE(parent.CreateEx(0, NULL, "p", WS_POPUP, 0, 0, 100, 100, NULL, NULL));
+  HWND hEdit =
+      ::CreateWindow("EDIT", "", WS_CHILD, 0, 0, 50, 20, parent.m_hWnd, (HMENU)101, NULL, NULL);
+  CTextSpy spy;
+  EXPECT_FALSE(spy.SubclassDlgItem(999, &parent));
+  ASSERT_TRUE(spy.SubclassDlgItem(101, &parent));
+  EXPECT_EQ(hEdit, spy.m_hWnd);
+  EXPECT_EQ(&spy, parent.GetDlgItem(101));
+  parent.SetDlgItemText(101, "via parent");
+  EXPECT_EQ(std::vector<std::string>{"via parent"}, spy.texts);
+  // Destroying the parent destroys the child: the object is detached and the
+  // original procedure put back as the window goes.
+  parent.DestroyWindow();
+  EXPECT_EQ(NULL, spy.m_hWnd);
+}
+
+TEST(WndSubclass, SubclassingANonWindowFails) {
+  CWnd wnd;
+  EXPECT_FALSE(wnd.SubclassWindow(NULL));
+  EXPECT_FALSE(wnd.SubclassWindow((HWND)0x12345678));
+  EXPECT_EQ(NULL, wnd.m_hWnd);
+}
+
+// ---- Relatives and wrappers -------------------------------------------------------
+
+TEST(WndRelatives, ParentOwnerTopLevelAndDescendants) {
+  CWnd top, child, grandChild;
+  ASSERT_TRUE(top.CreateEx(0, NULL, "top", WS_POPUP, 0, 0, 200, 200, NULL, NULL));
+  ASSERT_TRUE(child.Create(NULL, "child", WS_VISIBLE, CRect(10, 10, 110, 110), &top, 5));
+  ASSERT_TRUE(grandChild.Create(NULL, "gc", WS_VISIBLE, CRect(1, 2, 21, 32), &child, 7));
+  EXPECT_EQ(&top, child.GetParent());
+  EXPECT_EQ(&child, grandChild.GetParent());
+  EXPECT_EQ(&top, grandChild.GetTopLevelParent());
+  EXPECT_EQ(&top, top.GetTopLevelParent());
+  EXPECT_EQ(&child, grandChild.GetOwner());
+  grandChild.SetOwner(&top);
+  EXPECT_EQ(&top, grandChild.GetOwner());
+  EXPECT_EQ(&grandChild, top.GetDescendantWindow(7));
+  EXPECT_EQ(NULL, top.GetDescendantWindow(8));
+  EXPECT_EQ(NULL, grandChild.GetParentFrame());
+  EXPECT_EQ(5, child.GetDlgCtrlID());
+
+  // Rectangles and co-ordinates.
+  CRect rc;
+  grandChild.GetClientRect(&rc);
+  EXPECT_EQ(CRect(0, 0, 20, 30), rc);
+  CRect rcScreen = rc;
+  grandChild.ClientToScreen(&rcScreen);
+  CRect rcInTop = rcScreen;
+  top.ScreenToClient(&rcInTop);
+  EXPECT_EQ(CRect(11, 12, 31, 42), rcInTop);
+
+  EXPECT_TRUE(child.ModifyStyle(0, WS_DISABLED));
+  EXPECT_FALSE(child.IsWindowEnabled());
+  EXPECT_FALSE(child.ModifyStyle(0, WS_DISABLED)); // no change
+  top.DestroyWindow();
+  EXPECT_EQ(NULL, child.m_hWnd);
+  EXPECT_EQ(NULL, grandChild.m_hWnd);
+}
+
+class CCounter : public CWnd {
+public:
+  int nHits = 0;
+  afx_msg LRESULT OnCount(WPARAM, LPARAM) {
+    nHits++;
+    return 0;
+  }
+  DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CCounter, CWnd)
+ON_MESSAGE(WM_APP + 50, &CCounter::OnCount)
+END_MESSAGE_MAP()
+
+TEST(WndRelatives, SendMessageToDescendantsDeepAndShallow) {
+  CWnd top;
+  CCounter child, grandChild;
+  ASSERT_TRUE(top.CreateEx(0, NULL, "top", WS_POPUP, 0, 0, 200, 200, NULL, NULL));
+  ASSERT_TRUE(child.Create(NULL, "c", 0, CRect(0, 0, 50, 50), &top, 1));
+  ASSERT_TRUE(grandChild.Create(NULL, "g", 0, CRect(0, 0, 10, 10), &child, 2));
+  top.SendMessageToDescendants(WM_APP + 50, 0, 0, FALSE);
+  EXPECT_EQ(1, child.nHits);
+  EXPECT_EQ(0, grandChild.nHits);
+  top.SendMessageToDescendants(WM_APP + 50, 0, 0, TRUE, TRUE);
+  EXPECT_EQ(2, child.nHits);
+  EXPECT_EQ(1, grandChild.nHits);
+  top.DestroyWindow();
+}
+
+// ---- The thread's loop ---------------------------------------------------------------
+
+class CLoopThread : public CWinThread {
+public:
+  int nIdle = 0;
+  int nPreTranslate = 0;
+  virtual BOOL OnIdle(LONG lCount) {
+    nIdle++;
+    return CWinThread::OnIdle(lCount);
+  }
+  virtual BOOL PreTranslateMessage(MSG* pMsg) {
+    if (pMsg->message == WM_APP + 60) nPreTranslate++;
+    return CWinThread::PreTranslateMessage(pMsg);
+  }
+};
+
+TEST(WndThreadLoop, DestroyingTheMainWindowEndsRun) {
+  CLoopThread thread;
+  _AFX_THREAD_STATE* pState = AfxGetThreadState();
+  CWinThread* pOld = pState->m_pCurrentWinThread;
+  pState->m_pCurrentWinThread = &thread;
+  CCounter* pMain = new CCounter;
+  ASSERT_TRUE(pMain->CreateEx(0, NULL, "main", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
+  thread.m_pMainWnd = pMain;
+  EXPECT_EQ(pMain, AfxGetMainWnd());
+  pMain->PostMessage(WM_APP + 50);
+  pMain->PostMessage(WM_APP + 60);
+  pMain->PostMessage(WM_CLOSE); // DefWindowProc destroys it; its end posts WM_QUIT
+  int nExit = thread.Run();
+  EXPECT_EQ(0, nExit);
+  EXPECT_EQ(1, pMain->nHits);
+  EXPECT_EQ(1, thread.nPreTranslate);
+  EXPECT_EQ(NULL, thread.m_pMainWnd);
+  EXPECT_EQ(NULL, pMain->m_hWnd);
+  delete pMain;
+  pState->m_pCurrentWinThread = pOld;
+}
+
+} // namespace
