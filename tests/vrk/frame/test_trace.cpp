@@ -142,14 +142,8 @@ TEST_F(TraceTest, WritesPrefixMessageAndSuffixForCategoriesThatPassTheFilter) {
   EXPECT_EQ("[zero 42]\r\n[four 42]\r\n[two 42+43]\r\n[twelve]\r\n", Log());
   EXPECT_TRUE(run.boxes.empty());
   ASSERT_EQ(1u, run.states.size());
-  int enabled = -1, file = -1;
-  unsigned long flags = 0, filter = 0;
-  ASSERT_EQ(4, sscanf(run.states[0].c_str(), "enabled=%d flags=%lu filter=%lu file=%d", &enabled,
-                      &flags, &filter, &file));
-  EXPECT_EQ(1, enabled);
-  EXPECT_EQ(1ul, flags);
-  EXPECT_EQ(6ul, filter);
-  EXPECT_GE(file, 0);
+  EXPECT_EQ(0u, run.states[0].find("enabled=1 flags=1 filter=6 file="));
+  EXPECT_EQ(std::string::npos, run.states[0].find("file=-1"));
 }
 
 TEST_F(TraceTest, WithoutAFilterOnlyCategoryZeroPasses) {
@@ -159,17 +153,14 @@ TEST_F(TraceTest, WithoutAFilterOnlyCategoryZeroPasses) {
   EXPECT_EQ("zero\r\n", Log());
 }
 
-TEST_F(TraceTest, Flag32WritesTheFormatAsItStands) {
+TEST_F(TraceTest, Flag32WritesTheFormatAsItStandsOtherwiseItIsFormatted) {
   Configure(1 | 32);
   SetString("Prefix", "> ");
-  Run({"fmt:0:100%% %d%d", "state"});
-  EXPECT_EQ("> 100%% %d%d\r\n", Log());
-}
-
-TEST_F(TraceTest, WithoutFlag32TheArgumentsAreFormatted) {
-  Configure(1);
   Run({"fmt:0:100%% %d%d"});
-  EXPECT_EQ("100% 4243\r\n", Log());
+  EXPECT_EQ("> 100%% %d%d\r\n", Log());
+  SetDword("Flags", 1);
+  Run({"fmt:0:100%% %d%d"});
+  EXPECT_EQ("> 100% 4243\r\n", Log());
 }
 
 TEST_F(TraceTest, MessagesAreCutAt1023CharactersButPrefixAndSuffixStay) {
@@ -194,31 +185,24 @@ TEST_F(TraceTest, EachRunStartsANewFile) {
 
 // ---- Settings that leave tracing off ------------------------------------------
 
-TEST_F(TraceTest, WithoutBit1NothingIsOpenedOrWritten) {
-  Configure(2 | 64, 0xFF);
-  HostRun run = Run({"fmt:0:line", "timed:0:0:scope", "state"});
-  EXPECT_FALSE(LogExists());
-  EXPECT_TRUE(run.boxes.empty());
-  ASSERT_EQ(1u, run.states.size());
-  // Flags are kept as read; the filter is read only when tracing is on.
-  EXPECT_EQ("enabled=0 flags=66 filter=0 file=-1", run.states[0]);
-}
+TEST_F(TraceTest, SettingsThatLeaveTracingOffShowNothing) {
+  // No key: tracing is off, and the key is not made.
+  HostRun run = Run({"fmt:0:line", "state"});
+  EXPECT_EQ(std::vector<std::string>{"enabled=0 flags=0 filter=0 file=-1"}, run.states);
+  EXPECT_FALSE(ScratchRegistry::KeyExists(kProfilerKey));
 
-TEST_F(TraceTest, AnEmptyFileNameLeavesTracingOffWithoutAMessage) {
+  // Bit 1 clear: flags are kept as read, the filter is not read, no file.
+  Configure(2 | 64, 0xFF);
+  run = Run({"fmt:0:line", "timed:0:0:scope", "state"});
+  EXPECT_EQ(std::vector<std::string>{"enabled=0 flags=66 filter=0 file=-1"}, run.states);
+  EXPECT_FALSE(LogExists());
+
+  // An empty file name: off, without a message.
   SetDword("Flags", 1);
   SetString("FileName", "");
-  HostRun run = Run({"fmt:0:line", "state"});
+  run = Run({"fmt:0:line", "state"});
+  EXPECT_EQ(std::vector<std::string>{"enabled=0 flags=1 filter=0 file=-1"}, run.states);
   EXPECT_TRUE(run.boxes.empty());
-  ASSERT_EQ(1u, run.states.size());
-  EXPECT_EQ("enabled=0 flags=1 filter=0 file=-1", run.states[0]);
-}
-
-TEST_F(TraceTest, AMissingKeyLeavesTracingOffAndIsNotCreated) {
-  HostRun run = Run({"fmt:0:line", "state"});
-  EXPECT_TRUE(run.boxes.empty());
-  ASSERT_EQ(1u, run.states.size());
-  EXPECT_EQ("enabled=0 flags=0 filter=0 file=-1", run.states[0]);
-  EXPECT_FALSE(ScratchRegistry::KeyExists(kProfilerKey));
 }
 
 // ---- Timing lines ---------------------------------------------------------------
@@ -399,6 +383,9 @@ TEST_F(TraceTest, FlushLogWritesAFileAndEmptiesTheLog) {
   const std::string dir = m_dir.File("coverage");
   ASSERT_TRUE(CreateDirectoryA(dir.c_str(), NULL));
   ASSERT_TRUE(ScratchRegistry::WriteString(kHarnessKey, "CoverageDirectory", dir));
+  // Nothing traced: no file.
+  Run({"state"});
+  EXPECT_TRUE(FilesIn(dir, "vth*").empty());
   // Flushed once explicitly; the log is then empty at exit: no second file.
   Run({"cover", "flush"});
   EXPECT_EQ(1u, FilesIn(dir, "vth*.tmp").size());
@@ -411,23 +398,6 @@ TEST_F(TraceTest, FlushLogWritesAFileAndEmptiesTheLog) {
     contents.insert(TempDir::ReadBytes(f));
   EXPECT_EQ(2u, contents.count("alpha %d\r\nbeta\r\n"));
   EXPECT_EQ(1u, contents.count("gamma\r\n"));
-}
-
-TEST_F(TraceTest, NoCoverageFileWhenNothingWasTraced) {
-  const std::string dir = m_dir.File("coverage");
-  ASSERT_TRUE(CreateDirectoryA(dir.c_str(), NULL));
-  ASSERT_TRUE(ScratchRegistry::WriteString(kHarnessKey, "CoverageDirectory", dir));
-  Run({"state"});
-  EXPECT_TRUE(FilesIn(dir, "vth*").empty());
-}
-
-// ---- In this process ---------------------------------------------------------------------
-
-TEST(TraceClass, IsADynamicClassDerivedFromCObject) {
-  CRuntimeClass* pClass = RUNTIME_CLASS(VTrace);
-  EXPECT_STREQ("VTrace", pClass->m_lpszClassName);
-  EXPECT_TRUE(pClass->IsDerivedFrom(RUNTIME_CLASS(CObject)));
-  EXPECT_EQ(NULL, pClass->m_pfnCreateObject);
 }
 
 } // namespace
