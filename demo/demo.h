@@ -7,6 +7,7 @@ int DemoContacts();   // afx: an object graph through CArchive
 int DemoModuleData(); // VRK.dll's module data and the chosen resource module
 int DemoSettings();   // settings through VRegArchive and VIniArchive
 int DemoRecentList(); // an MRU list kept in a file across runs
+int DemoTrace();      // the trace file written through VrkTrace
 
 // The folder for the demo's files (the user's temporary folder).
 const char* DemoFolder();

@@ -20,6 +20,7 @@ int main() {
       {"Module data and resource module", DemoModuleData},
       {"Settings round trip", DemoSettings},
       {"Recent list across runs", DemoRecentList},
+      {"Trace file", DemoTrace},
   };
   int nFailed = 0;
   for (const Section& section : sections) {
