@@ -574,8 +574,6 @@ public:
   COLORREF SetBkColor(COLORREF cr);
   COLORREF GetBkColor() const;
   BOOL GetImageInfo(int nImage, IMAGEINFO* pImageInfo) const;
-  // Not MFC's name: the size of every image (ImageList_GetIconSize).
-  BOOL GetIconSize(int* cx, int* cy) const;
 
   int Add(CBitmap* pbmImage, CBitmap* pbmMask);
   int Add(CBitmap* pbmImage, COLORREF crMask);

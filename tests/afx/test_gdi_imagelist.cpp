@@ -38,10 +38,10 @@ protected:
 TEST_F(ImageListTest, AddCutsTheStripAndMasksTheColour) {
   EXPECT_EQ(0, m_list.Add(&m_strip, kMagenta));
   EXPECT_EQ(2, m_list.GetImageCount());
-  int cx = 0, cy = 0;
-  EXPECT_TRUE(m_list.GetIconSize(&cx, &cy));
-  EXPECT_EQ(4, cx);
-  EXPECT_EQ(4, cy);
+  IMAGEINFO info;
+  ASSERT_TRUE(m_list.GetImageInfo(1, &info));
+  EXPECT_TRUE(CRect(info.rcImage) == CRect(4, 0, 8, 4)); // the second cell of the list
+  EXPECT_FALSE(m_list.GetImageInfo(1, NULL));
 
   Canvas canvas(10, 10);
   EXPECT_TRUE(m_list.Draw(&canvas.DC(), 1, CPoint(3, 3), ILD_NORMAL));

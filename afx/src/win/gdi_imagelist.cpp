@@ -104,11 +104,6 @@ BOOL CImageList::GetImageInfo(int nImage, IMAGEINFO* pImageInfo) const {
   return ImageList_GetImageInfo(m_hImageList, nImage, pImageInfo);
 }
 
-BOOL CImageList::GetIconSize(int* cx, int* cy) const {
-  if (m_hImageList == NULL) return FALSE;
-  return ImageList_GetIconSize(m_hImageList, cx, cy);
-}
-
 // ---- Images -----------------------------------------------------------------
 
 int CImageList::Add(CBitmap* pbmImage, CBitmap* pbmMask) {
