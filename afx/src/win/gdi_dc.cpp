@@ -5,6 +5,9 @@
 // queries of the DC's state read m_hAttribDC; calls that change state go to
 // m_hDC first (when it differs) and then to m_hAttribDC, returning what the
 // attribute DC reported.
+//
+// Members that read a rectangle or size through a pointer do nothing with
+// NULL (MFC would fault): a clear failure rather than a crash.
 #include <afxwin.h>
 #include <afxgdi_.h>
 #include "handlemap.h"
@@ -415,9 +418,6 @@ void CDC::HIMETRICtoLP(LPSIZE lpSize) const {
   HIMETRICtoDP(lpSize);
   DPtoLP(lpSize);
 }
-
-// Members taking a rectangle or size by pointer do nothing with NULL (MFC
-// would fault): a clear failure rather than a crash.
 
 // ---- Regions and clipping ---------------------------------------------------
 
