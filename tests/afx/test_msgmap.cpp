@@ -1,0 +1,308 @@
+// Message maps for commands and notifications: command routing and ranges,
+// update handlers (CCmdUI on menus and controls), reflection of control
+// notifications, owner draw and colours to the control, exceptions in
+// command handlers.
+#include <afxwin.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "msgbox_catcher.h"
+
+namespace {
+
+const UINT ID_ONE = 40001;
+const UINT ID_DISABLED = 40002;
+const UINT ID_RANGE_FIRST = 40010;
+const UINT ID_RANGE_LAST = 40019;
+const UINT ID_THROWS = 40040;
+const UINT ID_UNHANDLED = 40030;
+const UINT IDC_BUTTON = 101;
+const UINT IDC_PLAIN = 102;
+const UINT NM_CUSTOM = (UINT)-900;
+
+class CCommandWnd : public CWnd {
+public:
+  std::vector<std::string> log;
+  afx_msg void OnOne() { log.push_back("One"); }
+  afx_msg void OnDisabled() { log.push_back("Disabled"); }
+  afx_msg void OnUpdateDisabled(CCmdUI* pCmdUI) { pCmdUI->Enable(FALSE); }
+  afx_msg void OnRange(UINT nID) { log.push_back("Range " + std::to_string(nID - ID_RANGE_FIRST)); }
+  afx_msg void OnThrows() { AfxThrowNotSupportedException(); }
+  afx_msg void OnPlainClicked() { log.push_back("Plain clicked"); }
+  afx_msg void OnButtonClicked() { log.push_back("Parent saw button"); }
+  afx_msg void OnCustomNotify(NMHDR* pNMHDR, LRESULT* pResult) {
+    log.push_back("Parent notify " + std::to_string(pNMHDR->idFrom));
+    *pResult = 77;
+  }
+  DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CCommandWnd, CWnd)
+ON_COMMAND(ID_ONE, &CCommandWnd::OnOne)
+ON_COMMAND(ID_DISABLED, &CCommandWnd::OnDisabled)
+ON_UPDATE_COMMAND_UI(ID_DISABLED, &CCommandWnd::OnUpdateDisabled)
+ON_COMMAND_RANGE(ID_RANGE_FIRST, ID_RANGE_LAST, &CCommandWnd::OnRange)
+ON_COMMAND(ID_THROWS, &CCommandWnd::OnThrows)
+ON_BN_CLICKED(IDC_PLAIN, &CCommandWnd::OnPlainClicked)
+ON_BN_CLICKED(IDC_BUTTON, &CCommandWnd::OnButtonClicked)
+ON_NOTIFY(NM_CUSTOM, IDC_PLAIN, &CCommandWnd::OnCustomNotify)
+ON_NOTIFY(NM_CUSTOM, IDC_BUTTON, &CCommandWnd::OnCustomNotify)
+END_MESSAGE_MAP()
+
+class CommandTest : public ::testing::Test {
+protected:
+  void SetUp() override {
+    ASSERT_TRUE(m_wnd.CreateEx(0, NULL, "commands", WS_POPUP, 0, 0, 200, 200, NULL, NULL));
+  }
+  void TearDown() override { m_wnd.DestroyWindow(); }
+  // A menu item or accelerator command.
+  LRESULT Command(UINT nID) { return m_wnd.SendMessage(WM_COMMAND, MAKEWPARAM(nID, 0), 0); }
+  CCommandWnd m_wnd;
+};
+
+TEST_F(CommandTest, CommandsAndRangesReachTheirHandlers) {
+  Command(ID_ONE);
+  Command(ID_RANGE_FIRST);
+  Command(ID_RANGE_LAST);
+  Command(ID_RANGE_LAST + 1); // outside the range: no handler
+  Command(ID_UNHANDLED);
+  std::vector<std::string> expected = {"One", "Range 0", "Range 9"};
+  EXPECT_EQ(expected, m_wnd.log);
+}
+
+TEST_F(CommandTest, ACommandItsUpdateHandlerDisablesIsRefused) {
+  Command(ID_DISABLED);
+  EXPECT_TRUE(m_wnd.log.empty());
+}
+
+TEST_F(CommandTest, OnCmdMsgReportsHandlersWithoutCallingThem) {
+  AFX_CMDHANDLERINFO info = {NULL, NULL};
+  EXPECT_TRUE(m_wnd.OnCmdMsg(ID_ONE, CN_COMMAND, NULL, &info));
+  EXPECT_EQ(&m_wnd, info.pTarget);
+  EXPECT_TRUE(info.pmf != NULL);
+  EXPECT_FALSE(m_wnd.OnCmdMsg(ID_UNHANDLED, CN_COMMAND, NULL, &info));
+  EXPECT_TRUE(m_wnd.log.empty());
+}
+
+TEST_F(CommandTest, ExceptionInACommandHandlerIsReported) {
+  MsgBoxCatcher catcher;
+  EXPECT_EQ(TRUE, Command(ID_THROWS));
+  ASSERT_EQ(1u, catcher.Count());
+  EXPECT_EQ("Command failed.", catcher.Last().text);
+}
+
+// ---- CCmdUI -----------------------------------------------------------------------
+
+TEST_F(CommandTest, CmdUIOnAMenuEnablesChecksShowsTheDotAndSetsText) {
+  CMenu menu;
+  ASSERT_TRUE(menu.CreatePopupMenu());
+  menu.AppendMenu(MF_STRING, ID_ONE, "One");
+  menu.AppendMenu(MF_STRING, ID_DISABLED, "Disabled");
+  menu.AppendMenu(MF_STRING, ID_UNHANDLED, "Unhandled");
+  CCmdUI state;
+  state.m_pMenu = &menu;
+  state.m_nIndexMax = menu.GetMenuItemCount();
+  for (state.m_nIndex = 0; state.m_nIndex < state.m_nIndexMax; state.m_nIndex++) {
+    state.m_nID = menu.GetMenuItemID(state.m_nIndex);
+    state.DoUpdate(&m_wnd, TRUE);
+  }
+  EXPECT_EQ(0u, menu.GetMenuState(ID_ONE, MF_BYCOMMAND) & MF_GRAYED);
+  EXPECT_NE(0u, menu.GetMenuState(ID_DISABLED, MF_BYCOMMAND) & MF_GRAYED);  // its handler
+  EXPECT_NE(0u, menu.GetMenuState(ID_UNHANDLED, MF_BYCOMMAND) & MF_GRAYED); // no handler
+
+  state.m_nIndex = 0;
+  state.m_nID = ID_ONE;
+  state.SetRadio(TRUE);
+  EXPECT_NE(0u, menu.GetMenuState(ID_ONE, MF_BYCOMMAND) & MF_CHECKED);
+  MENUITEMINFO mii = {sizeof(mii)};
+  mii.fMask = MIIM_CHECKMARKS;
+  ASSERT_TRUE(menu.GetMenuItemInfo(0, &mii, TRUE));
+  EXPECT_EQ(AfxGetRadioDotBitmap(), mii.hbmpChecked);
+  EXPECT_EQ(AfxGetRadioDotBitmap(), AfxGetRadioDotBitmap()); // one shared bitmap
+  BITMAP bm;
+  ASSERT_TRUE(::GetObject(mii.hbmpChecked, sizeof(bm), &bm));
+  EXPECT_EQ(::GetSystemMetrics(SM_CXMENUCHECK), bm.bmWidth);
+
+  state.SetCheck(0);
+  EXPECT_EQ(0u, menu.GetMenuState(ID_ONE, MF_BYCOMMAND) & MF_CHECKED);
+  state.SetText("Renamed\tCtrl+R");
+  CString strText;
+  menu.GetMenuString(0, strText, MF_BYPOSITION);
+  EXPECT_STREQ("Renamed\tCtrl+R", strText);
+  EXPECT_EQ(ID_ONE, menu.GetMenuItemID(0)); // the id is kept
+}
+
+TEST_F(CommandTest, CmdUIOnControlsAndUpdateDialogControls) {
+  HWND hCheck = ::CreateWindow("BUTTON", "c", WS_CHILD | BS_AUTOCHECKBOX, 0, 0, 50, 20,
+                               m_wnd.m_hWnd, (HMENU)(UINT_PTR)ID_ONE, NULL, NULL);
+  HWND hPush = ::CreateWindow("BUTTON", "p", WS_CHILD | BS_PUSHBUTTON, 0, 30, 50, 20, m_wnd.m_hWnd,
+                              (HMENU)(UINT_PTR)ID_UNHANDLED, NULL, NULL);
+  HWND hStatic = ::CreateWindow("STATIC", "old", WS_CHILD, 0, 60, 50, 20, m_wnd.m_hWnd,
+                                (HMENU)(UINT_PTR)ID_DISABLED, NULL, NULL);
+  CCmdUI state;
+  state.m_pOther = CWnd::FromHandle(hCheck);
+  state.m_nID = ID_ONE;
+  state.SetCheck(1);
+  EXPECT_EQ(BST_CHECKED, ::SendMessage(hCheck, BM_GETCHECK, 0, 0));
+  state.m_pOther = CWnd::FromHandle(hStatic);
+  state.SetText("new");
+  TCHAR sz[16];
+  ::GetWindowText(hStatic, sz, 16);
+  EXPECT_STREQ("new", sz);
+  state.SetCheck(1); // not a button: nothing happens, nothing breaks
+
+  m_wnd.UpdateDialogControls(&m_wnd, TRUE);
+  EXPECT_TRUE(::IsWindowEnabled(hCheck));   // has a handler
+  EXPECT_FALSE(::IsWindowEnabled(hPush));   // a push button without a handler
+  EXPECT_FALSE(::IsWindowEnabled(hStatic)); // disabled by its update handler
+}
+
+// ---- Reflection ----------------------------------------------------------------------
+
+class CReflectingButton : public CButton {
+public:
+  std::vector<std::string>* pLog = nullptr;
+  BOOL bPassOn = FALSE;
+  HBRUSH hBrush = NULL;
+  UINT nDrawnItem = (UINT)-1;
+  afx_msg void OnClicked() { pLog->push_back("Button handled click"); }
+  afx_msg void OnNotifyReflect(NMHDR*, LRESULT* pResult) {
+    pLog->push_back("Button handled notify");
+    *pResult = 5;
+  }
+  afx_msg HBRUSH CtlColor(CDC* pDC, UINT nCtlColor) {
+    pLog->push_back("Button colour " + std::to_string(nCtlColor));
+    pDC->SetTextColor(RGB(1, 2, 3));
+    return hBrush;
+  }
+  virtual void DrawItem(LPDRAWITEMSTRUCT lpDIS) { nDrawnItem = lpDIS->itemID; }
+  DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CReflectingButton, CButton)
+ON_CONTROL_REFLECT(BN_CLICKED, &CReflectingButton::OnClicked)
+ON_NOTIFY_REFLECT(NM_CUSTOM, &CReflectingButton::OnNotifyReflect)
+ON_WM_CTLCOLOR_REFLECT()
+END_MESSAGE_MAP()
+
+class CPassingButton : public CButton {
+public:
+  std::vector<std::string>* pLog = nullptr;
+  afx_msg BOOL OnClickedEx() {
+    pLog->push_back("Button saw click");
+    return FALSE; // the parent gets it too
+  }
+  DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CPassingButton, CButton)
+ON_CONTROL_REFLECT_EX(BN_CLICKED, &CPassingButton::OnClickedEx)
+END_MESSAGE_MAP()
+
+TEST_F(CommandTest, ControlNotificationsAreReflectedToTheControl) {
+  CReflectingButton button;
+  button.pLog = &m_wnd.log;
+  ASSERT_TRUE(
+      button.Create("b", WS_CHILD | BS_PUSHBUTTON, CRect(0, 0, 50, 20), &m_wnd, IDC_BUTTON));
+  HWND hPlain = ::CreateWindow("BUTTON", "p", WS_CHILD, 0, 30, 50, 20, m_wnd.m_hWnd,
+                               (HMENU)(UINT_PTR)IDC_PLAIN, NULL, NULL);
+  m_wnd.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_BUTTON, BN_CLICKED), (LPARAM)button.m_hWnd);
+  m_wnd.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_PLAIN, BN_CLICKED), (LPARAM)hPlain);
+
+  NMHDR nm = {button.m_hWnd, IDC_BUTTON, NM_CUSTOM};
+  EXPECT_EQ(5, m_wnd.SendMessage(WM_NOTIFY, IDC_BUTTON, (LPARAM)&nm));
+  NMHDR nmPlain = {hPlain, IDC_PLAIN, NM_CUSTOM};
+  EXPECT_EQ(77, m_wnd.SendMessage(WM_NOTIFY, IDC_PLAIN, (LPARAM)&nmPlain));
+  std::vector<std::string> expected = {"Button handled click", "Plain clicked",
+                                       "Button handled notify", "Parent notify 102"};
+  EXPECT_EQ(expected, m_wnd.log);
+}
+
+TEST_F(CommandTest, ReflectExLetsTheParentHandleItToo) {
+  CPassingButton button;
+  button.pLog = &m_wnd.log;
+  ASSERT_TRUE(button.Create("b", WS_CHILD, CRect(0, 0, 50, 20), &m_wnd, IDC_BUTTON));
+  m_wnd.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_BUTTON, BN_CLICKED), (LPARAM)button.m_hWnd);
+  std::vector<std::string> expected = {"Button saw click", "Parent saw button"};
+  EXPECT_EQ(expected, m_wnd.log);
+}
+
+TEST_F(CommandTest, ColourAndOwnerDrawAreReflected) {
+  CReflectingButton button;
+  button.pLog = &m_wnd.log;
+  button.hBrush = (HBRUSH)::GetStockObject(GRAY_BRUSH);
+  ASSERT_TRUE(button.Create("b", WS_CHILD | BS_OWNERDRAW, CRect(0, 0, 50, 20), &m_wnd, IDC_BUTTON));
+  HDC hdc = ::GetDC(m_wnd.m_hWnd);
+  LRESULT lBrush = m_wnd.SendMessage(WM_CTLCOLORBTN, (WPARAM)hdc, (LPARAM)button.m_hWnd);
+  EXPECT_EQ((LRESULT)button.hBrush, lBrush);
+  EXPECT_EQ(RGB(1, 2, 3), ::GetTextColor(hdc));
+  // A NULL brush from the control leaves the message to the parent's default.
+  button.hBrush = NULL;
+  m_wnd.SendMessage(WM_CTLCOLORSTATIC, (WPARAM)hdc, (LPARAM)button.m_hWnd);
+  ::ReleaseDC(m_wnd.m_hWnd, hdc);
+  std::vector<std::string> expected = {"Button colour 3", "Button colour 6"};
+  EXPECT_EQ(expected, m_wnd.log);
+
+  DRAWITEMSTRUCT dis = {};
+  dis.CtlType = ODT_BUTTON;
+  dis.CtlID = IDC_BUTTON;
+  dis.itemID = 9;
+  dis.hwndItem = button.m_hWnd;
+  EXPECT_EQ(TRUE, m_wnd.SendMessage(WM_DRAWITEM, IDC_BUTTON, (LPARAM)&dis));
+  EXPECT_EQ(9u, button.nDrawnItem);
+}
+
+TEST_F(CommandTest, NotificationsWithBadHeadersAreIgnored) {
+  EXPECT_EQ(0, m_wnd.SendMessage(WM_NOTIFY, 0, 0));
+  NMHDR nm = {NULL, 5, NM_CUSTOM};
+  EXPECT_EQ(0, m_wnd.SendMessage(WM_NOTIFY, 5, (LPARAM)&nm));
+  EXPECT_TRUE(m_wnd.log.empty());
+}
+
+// ---- Menus -----------------------------------------------------------------------------
+
+TEST(Menu, HandleMapAndOwnership) {
+  HMENU hMenu = ::CreatePopupMenu();
+  CMenu* pTemp = CMenu::FromHandle(hMenu);
+  EXPECT_EQ(hMenu, pTemp->m_hMenu);
+  EXPECT_EQ(NULL, CMenu::FromHandlePermanent(hMenu));
+  AfxLockTempMaps();
+  AfxUnlockTempMaps(TRUE);
+  EXPECT_TRUE(::IsMenu(hMenu)); // the temporary did not destroy it
+  {
+    CMenu menu;
+    ASSERT_TRUE(menu.Attach(hMenu));
+    EXPECT_EQ(&menu, CMenu::FromHandle(hMenu));
+  }
+  EXPECT_FALSE(::IsMenu(hMenu)); // the owner destroyed it
+  CMenu* pNull = NULL;
+  EXPECT_EQ(NULL, pNull->GetSafeHmenu());
+}
+
+TEST(Menu, SubMenusStringsAndItemInfo) {
+  CMenu bar, popup;
+  ASSERT_TRUE(bar.CreateMenu());
+  ASSERT_TRUE(popup.CreatePopupMenu());
+  popup.AppendMenu(MF_STRING, 7, "&Seven");
+  popup.AppendMenu(MF_SEPARATOR);
+  popup.AppendMenu(MF_STRING | MF_GRAYED, 8, "Eight");
+  bar.AppendMenu(MF_POPUP, (UINT_PTR)popup.Detach(), "&File");
+  CMenu* pSub = bar.GetSubMenu(0);
+  ASSERT_TRUE(pSub != NULL);
+  EXPECT_EQ(3u, pSub->GetMenuItemCount());
+  EXPECT_EQ(7u, pSub->GetMenuItemID(0));
+  EXPECT_EQ(0u, pSub->GetMenuItemID(1));
+  CString str;
+  EXPECT_EQ(6, pSub->GetMenuString(7, str, MF_BYCOMMAND));
+  EXPECT_STREQ("&Seven", str);
+  EXPECT_EQ(0, pSub->GetMenuString(99, str, MF_BYCOMMAND));
+  EXPECT_TRUE(str.IsEmpty());
+  MENUITEMINFO mii = {sizeof(mii)};
+  mii.fMask = MIIM_STATE;
+  ASSERT_TRUE(pSub->GetMenuItemInfo(8, &mii));
+  EXPECT_NE(0u, mii.fState & MFS_GRAYED);
+  EXPECT_FALSE(bar.LoadMenu(12345)); // already has a menu
+  CMenu missing;
+  EXPECT_FALSE(missing.LoadMenu(12345)); // no such resource
+}
+
+} // namespace
