@@ -77,14 +77,16 @@ public:
   // it is set and anything was recorded), then empties the log.
   void FlushLog();
 
+  ~VTraceLogger(); // flushes
+
+private:
+  friend class VTrace;
+
   // Reads the coverage switch once per process; true when coverage is on.
   BOOL ReadCoverageSwitch();
   // Records a format by its address; a format already present stays.
   void AddFormat(const char* pszFormat);
 
-  ~VTraceLogger(); // flushes
-
-private:
   VTraceLogger();
   VTraceLogger(const VTraceLogger&);
   void operator=(const VTraceLogger&);
