@@ -1,0 +1,430 @@
+// CDialog and data exchange: a modal dialog whose template lives in a
+// separate resource module runs, is driven by posted messages and returns
+// its values; validation failures tell the user and keep the dialog open;
+// modeless dialogs, the modal result paths, DDX and DDV one by one.
+#include <afxwin.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "msgbox_catcher.h"
+#include "temp_dir.h"
+
+namespace {
+
+const WORD IDD_TEST = 500;
+const WORD IDC_NAME = 1001;
+const WORD IDC_COUNT = 1002;
+const WORD IDC_CHECK = 1003;
+const WORD IDC_RADIO1 = 1004;
+const WORD IDC_RADIO2 = 1005;
+const WORD IDC_REAL = 1006;
+const WORD IDC_LIST = 1007;
+const UINT WM_DRIVE = WM_APP + 7;
+
+// ---- An in-memory dialog template ----------------------------------------------
+
+class TemplateBuilder {
+public:
+  TemplateBuilder(DWORD dwStyle, short cx, short cy) {
+    Add32(dwStyle);
+    Add32(0); // extended style
+    m_nCountAt = m_words.size();
+    Add16(0);  // item count, filled in as items are added
+    Add16(10); // x, y, cx, cy
+    Add16(10);
+    Add16((WORD)cx);
+    Add16((WORD)cy);
+    Add16(0); // no menu
+    Add16(0); // the dialog class
+    AddText("Test dialog");
+    if (dwStyle & DS_SETFONT) {
+      Add16(8);
+      AddText("MS Shell Dlg");
+    }
+  }
+  void AddItem(WORD nID, WORD wClass, DWORD dwStyle, LPCSTR lpszText, short x, short y, short cx,
+               short cy) {
+    if (m_words.size() % 2) Add16(0); // DWORD alignment
+    Add32(dwStyle | WS_CHILD | WS_VISIBLE);
+    Add32(0);
+    Add16((WORD)x);
+    Add16((WORD)y);
+    Add16((WORD)cx);
+    Add16((WORD)cy);
+    Add16(nID);
+    Add16(0xFFFF);
+    Add16(wClass); // 0x80 button, 0x81 edit, 0x82 static, 0x83 list box
+    AddText(lpszText);
+    Add16(0); // no creation data
+    m_words[m_nCountAt]++;
+  }
+  const DLGTEMPLATE* Get() const { return (const DLGTEMPLATE*)m_words.data(); }
+  std::string Bytes() const { return std::string((const char*)m_words.data(), m_words.size() * 2); }
+
+private:
+  void Add16(WORD w) { m_words.push_back(w); }
+  void Add32(DWORD dw) {
+    Add16(LOWORD(dw));
+    Add16(HIWORD(dw));
+  }
+  void AddText(LPCSTR lpsz) {
+    for (; *lpsz != '\0'; lpsz++)
+      Add16((BYTE)*lpsz);
+    Add16(0);
+  }
+  std::vector<WORD> m_words;
+  size_t m_nCountAt;
+};
+
+TemplateBuilder MakeTemplate() {
+  TemplateBuilder t(DS_SETFONT | DS_MODALFRAME | WS_POPUP | WS_CAPTION | WS_SYSMENU, 200, 120);
+  t.AddItem(IDC_NAME, 0x81, ES_AUTOHSCROLL | WS_TABSTOP, "", 5, 5, 100, 12);
+  t.AddItem(IDC_COUNT, 0x81, ES_AUTOHSCROLL | WS_TABSTOP, "", 5, 20, 100, 12);
+  t.AddItem(IDC_CHECK, 0x80, BS_AUTOCHECKBOX | WS_TABSTOP, "Check", 5, 35, 100, 12);
+  t.AddItem(IDC_RADIO1, 0x80, BS_AUTORADIOBUTTON | WS_GROUP | WS_TABSTOP, "One", 5, 50, 50, 12);
+  t.AddItem(IDC_RADIO2, 0x80, BS_AUTORADIOBUTTON, "Two", 60, 50, 50, 12);
+  t.AddItem(IDC_REAL, 0x81, ES_AUTOHSCROLL | WS_GROUP | WS_TABSTOP, "", 5, 65, 100, 12);
+  t.AddItem(IDOK, 0x80, BS_DEFPUSHBUTTON | WS_TABSTOP, "OK", 5, 100, 50, 14);
+  t.AddItem(IDCANCEL, 0x80, BS_PUSHBUTTON | WS_TABSTOP, "Cancel", 60, 100, 50, 14);
+  return t;
+}
+
+// A copy of the resource-only fixture module with the dialog template added:
+// a template that only a separate resource module has.
+class ResourceModule {
+public:
+  ResourceModule() {
+    char szExe[MAX_PATH];
+    ::GetModuleFileName(NULL, szExe, MAX_PATH);
+    std::string strDir(szExe);
+    strDir.resize(strDir.find_last_of('\\') + 1);
+    m_path = m_dir.File("dialogs.dll");
+    if (!::CopyFile((strDir + "vrk_fixture_res.dll").c_str(), m_path.c_str(), FALSE)) return;
+    std::string bytes = MakeTemplate().Bytes();
+    HANDLE hUpdate = ::BeginUpdateResource(m_path.c_str(), FALSE);
+    if (hUpdate == NULL) return;
+    ::UpdateResource(hUpdate, RT_DIALOG, MAKEINTRESOURCE(IDD_TEST),
+                     MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), (LPVOID)bytes.data(),
+                     (DWORD)bytes.size());
+    if (!::EndUpdateResource(hUpdate, FALSE)) return;
+    m_hModule = ::LoadLibraryEx(m_path.c_str(), NULL, LOAD_LIBRARY_AS_DATAFILE);
+  }
+  ~ResourceModule() {
+    if (m_hModule != NULL) ::FreeLibrary(m_hModule);
+  }
+  HMODULE Handle() const { return m_hModule; }
+
+private:
+  TempDir m_dir;
+  std::string m_path;
+  HMODULE m_hModule = NULL;
+};
+
+// ---- The dialog under test -------------------------------------------------------
+
+class CTestDialog : public CDialog {
+public:
+  CTestDialog() : CDialog(IDD_TEST) {}
+  CString m_strName = "initial";
+  int m_nCount = 5;
+  int m_nCheck = 1;
+  int m_nRadio = 0;
+  double m_dReal = 2.5;
+  // What the driver types before pressing a button.
+  CString m_strTypeName, m_strTypeCount, m_strTypeReal;
+  UINT m_nPress = IDOK;
+  int m_nOKs = 0;
+  std::vector<std::string> m_initialTexts;
+  BOOL m_bEndInInit = FALSE;
+
+  virtual void DoDataExchange(CDataExchange* pDX) {
+    DDX_Text(pDX, IDC_NAME, m_strName);
+    DDV_MaxChars(pDX, m_strName, 10);
+    DDX_Text(pDX, IDC_COUNT, m_nCount);
+    DDV_MinMaxInt(pDX, m_nCount, 0, 100);
+    DDX_Check(pDX, IDC_CHECK, m_nCheck);
+    DDX_Radio(pDX, IDC_RADIO1, m_nRadio);
+    DDX_Text(pDX, IDC_REAL, m_dReal);
+  }
+  virtual BOOL OnInitDialog() {
+    CDialog::OnInitDialog();
+    for (int nID : {IDC_NAME, IDC_COUNT, IDC_REAL}) {
+      CString str;
+      GetDlgItemText(nID, str);
+      m_initialTexts.push_back((LPCTSTR)str);
+    }
+    if (m_bEndInInit) {
+      EndDialog(42);
+      return TRUE;
+    }
+    PostMessage(WM_DRIVE);
+    return TRUE;
+  }
+  virtual void OnOK() {
+    m_nOKs++;
+    CDialog::OnOK();
+  }
+  afx_msg LRESULT OnDrive(WPARAM, LPARAM) {
+    SetDlgItemText(IDC_NAME, m_strTypeName);
+    SetDlgItemText(IDC_COUNT, m_strTypeCount);
+    SetDlgItemText(IDC_REAL, m_strTypeReal);
+    CheckDlgButton(IDC_CHECK, BST_UNCHECKED);
+    CheckRadioButton(IDC_RADIO1, IDC_RADIO2, IDC_RADIO2);
+    // As a click on the button would: a command from the control.
+    PostMessage(WM_COMMAND, MAKEWPARAM(m_nPress, BN_CLICKED),
+                (LPARAM)::GetDlgItem(m_hWnd, m_nPress));
+    return 0;
+  }
+  DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CTestDialog, CDialog)
+ON_MESSAGE(WM_DRIVE, &CTestDialog::OnDrive)
+END_MESSAGE_MAP()
+
+class ModalTest : public ::testing::Test {
+protected:
+  void SetUp() override {
+    ASSERT_TRUE(m_module.Handle() != NULL);
+    m_hOldResource = AfxGetResourceHandle();
+    AfxSetResourceHandle(m_module.Handle());
+  }
+  void TearDown() override { AfxSetResourceHandle(m_hOldResource); }
+  ResourceModule m_module;
+  HINSTANCE m_hOldResource = NULL;
+};
+
+TEST_F(ModalTest, TemplateFromAResourceModuleRunsAndReturnsItsValues) {
+  // The executable itself has no such template.
+  ASSERT_EQ(NULL, ::FindResource(::GetModuleHandle(NULL), MAKEINTRESOURCE(IDD_TEST), RT_DIALOG));
+  CTestDialog dlg;
+  dlg.m_strTypeName = "Ada";
+  dlg.m_strTypeCount = " 42 ";
+  dlg.m_strTypeReal = "-0.125";
+  EXPECT_EQ(IDOK, dlg.DoModal());
+  // The members went into the controls as the dialog opened.
+  std::vector<std::string> expected = {"initial", "5", "2.5"};
+  EXPECT_EQ(expected, dlg.m_initialTexts);
+  EXPECT_STREQ("Ada", dlg.m_strName);
+  EXPECT_EQ(42, dlg.m_nCount);
+  EXPECT_EQ(0, dlg.m_nCheck);
+  EXPECT_EQ(1, dlg.m_nRadio);
+  EXPECT_DOUBLE_EQ(-0.125, dlg.m_dReal);
+  EXPECT_EQ(NULL, dlg.m_hWnd); // destroyed and detached
+  EXPECT_EQ(IDD_TEST, dlg.m_nIDHelp);
+}
+
+TEST_F(ModalTest, CancelLeavesTheMembersAlone) {
+  CTestDialog dlg;
+  dlg.m_strTypeName = "ignored";
+  dlg.m_strTypeCount = "7";
+  dlg.m_nPress = IDCANCEL;
+  EXPECT_EQ(IDCANCEL, dlg.DoModal());
+  EXPECT_STREQ("initial", dlg.m_strName);
+  EXPECT_EQ(5, dlg.m_nCount);
+  EXPECT_EQ(0, dlg.m_nOKs);
+}
+
+TEST_F(ModalTest, EndDialogInOnInitDialogReturnsAtOnce) {
+  CTestDialog dlg;
+  dlg.m_bEndInInit = TRUE;
+  EXPECT_EQ(42, dlg.DoModal());
+}
+
+TEST_F(ModalTest, MissingTemplateReturnsMinusOne) {
+  CDialog dlg(4321);
+  EXPECT_EQ(-1, dlg.DoModal());
+}
+
+TEST_F(ModalTest, ModalDialogDisablesItsOwnerWhileRunning) {
+  CWnd owner;
+  ASSERT_TRUE(owner.CreateEx(0, NULL, "owner", WS_POPUP, 0, 0, 50, 50, NULL, NULL));
+  struct COwnerCheck : CTestDialog {
+    BOOL bOwnerEnabled = TRUE;
+    virtual BOOL OnInitDialog() {
+      bOwnerEnabled = m_pParentWnd->IsWindowEnabled();
+      return CTestDialog::OnInitDialog();
+    }
+  } dlg;
+  dlg.m_pParentWnd = &owner;
+  dlg.m_nPress = IDCANCEL;
+  EXPECT_EQ(IDCANCEL, dlg.DoModal());
+  EXPECT_FALSE(dlg.bOwnerEnabled);
+  EXPECT_TRUE(owner.IsWindowEnabled());
+  owner.DestroyWindow();
+}
+
+// ---- Validation on a modeless dialog ----------------------------------------------
+
+// The hidden dialog activates when the failing field takes the focus, and
+// the box catcher then "answers" it too: only the message boxes' texts count,
+// and the dialog ignores the answer.
+std::vector<std::string> MessageTexts(const MsgBoxCatcher& catcher) {
+  std::vector<std::string> texts;
+  for (const CaughtBox& box : catcher.Boxes())
+    if (!box.text.empty()) texts.push_back(box.text);
+  return texts;
+}
+
+class CQuietDialog : public CTestDialog {
+public:
+  virtual void OnOK() { m_nOKs++; }
+  virtual void OnCancel() {}
+};
+
+class ModelessTest : public ::testing::Test {
+protected:
+  void SetUp() override {
+    m_template = MakeTemplate();
+    ASSERT_TRUE(m_dlg.CreateIndirect(m_template.Get()));
+    // Created hidden: only the message boxes activate.
+  }
+  void TearDown() override { m_dlg.DestroyWindow(); }
+  TemplateBuilder m_template = MakeTemplate();
+  CQuietDialog m_dlg;
+};
+
+TEST_F(ModelessTest, BadNumberTellsTheUserAndSelectsTheField) {
+  MsgBoxCatcher catcher;
+  m_dlg.SetDlgItemText(IDC_COUNT, "12abc");
+  EXPECT_FALSE(m_dlg.UpdateData(TRUE));
+  EXPECT_EQ(std::vector<std::string>{"Please enter an integer."}, MessageTexts(catcher));
+  EXPECT_EQ(::GetDlgItem(m_dlg.m_hWnd, IDC_COUNT), ::GetFocus());
+  EXPECT_EQ(5, m_dlg.m_nCount); // unchanged
+}
+
+TEST_F(ModelessTest, FailSelectsTheWholeEditTextAndThrowsAUserException) {
+  m_dlg.SetDlgItemText(IDC_NAME, "abcdef");
+  CDataExchange dx(&m_dlg, TRUE);
+  dx.PrepareEditCtrl(IDC_NAME);
+  bool bThrown = false;
+  try {
+    dx.Fail();
+  } catch (CUserException* e) {
+    bThrown = true;
+    e->Delete();
+  }
+  EXPECT_TRUE(bThrown);
+  EXPECT_EQ(::GetDlgItem(m_dlg.m_hWnd, IDC_NAME), ::GetFocus());
+  DWORD dwSel = (DWORD)::SendDlgItemMessage(m_dlg.m_hWnd, IDC_NAME, EM_GETSEL, 0, 0);
+  EXPECT_EQ(0, LOWORD(dwSel));
+  EXPECT_EQ(6, HIWORD(dwSel));
+}
+
+TEST_F(ModelessTest, RangeAndLengthChecksNameTheirLimits) {
+  MsgBoxCatcher catcher;
+  m_dlg.SetDlgItemText(IDC_COUNT, "101");
+  EXPECT_FALSE(m_dlg.UpdateData(TRUE));
+  m_dlg.SetDlgItemText(IDC_COUNT, "100");
+  m_dlg.SetDlgItemText(IDC_NAME, "elevenchars");
+  EXPECT_FALSE(m_dlg.UpdateData(TRUE));
+  m_dlg.SetDlgItemText(IDC_NAME, "tenchars!!");
+  m_dlg.SetDlgItemText(IDC_REAL, "1e400x");
+  EXPECT_FALSE(m_dlg.UpdateData(TRUE));
+  std::vector<std::string> expected = {"Please enter an integer between 0 and 100.",
+                                       "Please enter no more than 10 characters.",
+                                       "Please enter a number."};
+  EXPECT_EQ(expected, MessageTexts(catcher));
+  m_dlg.SetDlgItemText(IDC_REAL, "3");
+  EXPECT_TRUE(m_dlg.UpdateData(TRUE));
+  EXPECT_EQ(100, m_dlg.m_nCount);
+  EXPECT_STREQ("tenchars!!", m_dlg.m_strName);
+  // Writing sets the edit's limit from DDV_MaxChars.
+  EXPECT_TRUE(m_dlg.UpdateData(FALSE));
+  EXPECT_EQ(10, ::SendDlgItemMessage(m_dlg.m_hWnd, IDC_NAME, EM_GETLIMITTEXT, 0, 0));
+}
+
+TEST_F(ModelessTest, OverlongNumberTextFailsInsteadOfOverrunning) {
+  MsgBoxCatcher catcher;
+  std::string strLong(5000, '7');
+  m_dlg.SetDlgItemText(IDC_COUNT, strLong.c_str());
+  EXPECT_FALSE(m_dlg.UpdateData(TRUE));
+  m_dlg.SetDlgItemText(IDC_COUNT, "99999999999999999999"); // out of int's range
+  EXPECT_FALSE(m_dlg.UpdateData(TRUE));
+  EXPECT_EQ(2u, MessageTexts(catcher).size());
+}
+
+class CDdxProbe : public CDialog {
+public:
+  virtual void OnOK() {}
+  virtual void OnCancel() {}
+  UINT m_nUnsigned = 0;
+  DWORD m_dw = 0;
+  CString m_strList;
+  int m_nListIndex = -1;
+  CEdit m_edit;
+  int m_nMissing = 0;
+  BOOL m_bMissing = FALSE;
+  virtual void DoDataExchange(CDataExchange* pDX) {
+    DDX_Control(pDX, IDC_NAME, m_edit);
+    DDX_Text(pDX, IDC_COUNT, m_nUnsigned);
+    DDV_MinMaxUInt(pDX, m_nUnsigned, 1, 10);
+    DDX_Text(pDX, IDC_REAL, m_dw);
+    if (m_bMissing) DDX_Text(pDX, 9999, m_nMissing);
+  }
+};
+
+TEST(Ddx, UnsignedRefusesMinusAndControlsAreSubclassedOnce) {
+  TemplateBuilder t = MakeTemplate();
+  CDdxProbe dlg;
+  ASSERT_TRUE(dlg.CreateIndirect(t.Get()));
+  MsgBoxCatcher catcher;
+  EXPECT_EQ(::GetDlgItem(dlg.m_hWnd, IDC_NAME), dlg.m_edit.m_hWnd); // from OnInitDialog
+  EXPECT_EQ(&dlg.m_edit, CWnd::FromHandlePermanent(dlg.m_edit.m_hWnd));
+  dlg.SetDlgItemText(IDC_COUNT, "-3");
+  EXPECT_FALSE(dlg.UpdateData(TRUE));
+  dlg.SetDlgItemText(IDC_COUNT, "11");
+  EXPECT_FALSE(dlg.UpdateData(TRUE));
+  std::vector<std::string> expected = {"Please enter a positive integer.",
+                                       "Please enter an integer between 1 and 10."};
+  EXPECT_EQ(expected, MessageTexts(catcher));
+  dlg.SetDlgItemText(IDC_COUNT, "10");
+  dlg.SetDlgItemText(IDC_REAL, "4294967295");
+  EXPECT_TRUE(dlg.UpdateData(TRUE));
+  EXPECT_EQ(10u, dlg.m_nUnsigned);
+  EXPECT_EQ(4294967295u, dlg.m_dw);
+  // A control the dialog lacks is the program's error: reported, not a crash.
+  dlg.m_bMissing = TRUE;
+  catcher.Clear();
+  EXPECT_FALSE(dlg.UpdateData(TRUE));
+  EXPECT_EQ(1u, MessageTexts(catcher).size());
+  dlg.DestroyWindow();
+  EXPECT_EQ(NULL, dlg.m_edit.m_hWnd);
+}
+
+TEST(Ddx, ListAndComboStringsAndIndexes) {
+  CWnd parent;
+  ASSERT_TRUE(parent.CreateEx(0, NULL, "p", WS_POPUP, 0, 0, 200, 200, NULL, NULL));
+  CListBox list;
+  ASSERT_TRUE(list.Create(WS_CHILD | LBS_HASSTRINGS, CRect(0, 0, 100, 100), &parent, IDC_LIST));
+  list.AddString("alpha");
+  list.AddString("beta");
+  CComboBox combo;
+  ASSERT_TRUE(combo.Create(WS_CHILD | CBS_DROPDOWNLIST, CRect(0, 0, 100, 100), &parent, IDC_NAME));
+  combo.AddString("red");
+  combo.AddString("green");
+  CDataExchange dxOut(&parent, FALSE);
+  CString strItem = "beta";
+  DDX_LBString(&dxOut, IDC_LIST, strItem);
+  EXPECT_EQ(1, list.GetCurSel());
+  int nIndex = 1;
+  DDX_CBIndex(&dxOut, IDC_NAME, nIndex);
+  EXPECT_EQ(1, combo.GetCurSel());
+  CDataExchange dxIn(&parent, TRUE);
+  CString strCombo;
+  DDX_CBString(&dxIn, IDC_NAME, strCombo);
+  EXPECT_STREQ("green", strCombo);
+  list.SetCurSel(0);
+  int nList = -1;
+  DDX_LBIndex(&dxIn, IDC_LIST, nList);
+  EXPECT_EQ(0, nList);
+  CString strText;
+  list.GetText(1, strText);
+  EXPECT_STREQ("beta", strText);
+  list.GetText(7, strText); // no such item
+  EXPECT_TRUE(strText.IsEmpty());
+  parent.DestroyWindow();
+}
+
+} // namespace
