@@ -979,6 +979,48 @@ public:
   virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
 };
 
+// A list box whose items have a check box: owner-drawn (LBS_OWNERDRAWFIXED
+// or VARIABLE with LBS_HASSTRINGS). Each item's check state and enabled
+// flag are kept in a block the list box's item data points to; the item data
+// the program sets and reads (LB_SETITEMDATA / LB_GETITEMDATA) lives in that
+// block too. A click on the box or the space bar changes the check and sends
+// CLBN_CHKCHANGE to the parent.
+#define CLBN_CHKCHANGE 40
+
+class AFX_API CCheckListBox : public CListBox {
+  DECLARE_DYNAMIC(CCheckListBox)
+public:
+  CCheckListBox();
+  virtual ~CCheckListBox();
+  virtual BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParentWnd, UINT nID);
+
+  void SetCheckStyle(UINT nStyle); // BS_CHECKBOX, BS_AUTOCHECKBOX, BS_AUTO3STATE, BS_3STATE
+  UINT GetCheckStyle() { return m_nStyle; }
+  void SetCheck(int nIndex, int nCheck);
+  int GetCheck(int nIndex);
+  void Enable(int nIndex, BOOL bEnabled = TRUE);
+  BOOL IsEnabled(int nIndex);
+  virtual CRect OnGetCheckPosition(CRect rectItem, CRect rectCheckBox);
+
+  virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);
+  virtual void MeasureItem(LPMEASUREITEMSTRUCT lpMeasureItemStruct);
+  virtual void DeleteItem(LPDELETEITEMSTRUCT lpDeleteItemStruct);
+  virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
+
+  afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
+  afx_msg void OnLButtonDblClk(UINT nFlags, CPoint point);
+  afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+
+protected:
+  UINT m_nStyle;
+  int CheckFromPoint(CPoint point, BOOL& bInCheck);
+  void InvalidateCheck(int nIndex);
+  // The check state that follows nCheck for the check style.
+  int NextCheck(int nCheck) const;
+  void ToggleCheck(int nIndex);
+  DECLARE_MESSAGE_MAP()
+};
+
 class AFX_API CComboBox : public CWnd {
   DECLARE_DYNAMIC(CComboBox)
 public:
