@@ -2,13 +2,13 @@
 // its caption, owner and default icon.
 #include <afxwin.h>
 
-// The owner of a box: the thread's active window, raised to its top-level
-// window and then to that window's last active pop-up, so that the box sits
-// above whatever the user last worked in. (The main window, m_pMainWnd,
-// takes part once afx has window objects.)
+// The owner of a box: the thread's main window (else its active window),
+// raised to its top-level window and then to that window's last active
+// pop-up, so that the box sits above whatever the user last worked in.
 static HWND SafeOwner(HWND* phWndTop) {
   *phWndTop = NULL;
-  HWND hWnd = ::GetActiveWindow();
+  HWND hWnd = AfxGetMainWnd()->GetSafeHwnd();
+  if (hWnd == NULL) hWnd = ::GetActiveWindow();
   if (hWnd == NULL) return NULL;
   HWND hWndTop = hWnd;
   while (::GetWindowLong(hWndTop, GWL_STYLE) & WS_CHILD) {
