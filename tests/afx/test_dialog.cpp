@@ -294,6 +294,19 @@ TEST_F(ModelessTest, BadNumberTellsTheUserAndSelectsTheField) {
   EXPECT_EQ(5, m_dlg.m_nCount); // unchanged
 }
 
+TEST_F(ModelessTest, FocusNavigationAndDefaultButton) {
+  m_dlg.GotoDlgCtrl(m_dlg.GetDlgItem(IDC_COUNT));
+  EXPECT_EQ(::GetDlgItem(m_dlg.m_hWnd, IDC_COUNT), ::GetFocus());
+  m_dlg.NextDlgCtrl();
+  EXPECT_EQ(::GetDlgItem(m_dlg.m_hWnd, IDC_CHECK), ::GetFocus());
+  m_dlg.PrevDlgCtrl();
+  EXPECT_EQ(::GetDlgItem(m_dlg.m_hWnd, IDC_COUNT), ::GetFocus());
+  EXPECT_EQ(IDOK, LOWORD(m_dlg.GetDefID()));
+  m_dlg.SetDefID(IDCANCEL);
+  EXPECT_EQ(IDCANCEL, LOWORD(m_dlg.GetDefID()));
+  EXPECT_EQ(DC_HASDEFID, HIWORD(m_dlg.GetDefID()));
+}
+
 TEST_F(ModelessTest, FailSelectsTheWholeEditTextAndThrowsAUserException) {
   m_dlg.SetDlgItemText(IDC_NAME, "abcdef");
   CDataExchange dx(&m_dlg, TRUE);
