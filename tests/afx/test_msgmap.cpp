@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "msgbox_catcher.h"
+#include "temp_dir.h"
 
 namespace {
 
@@ -303,6 +304,86 @@ TEST(Menu, SubMenusStringsAndItemInfo) {
   EXPECT_FALSE(bar.LoadMenu(12345)); // already has a menu
   CMenu missing;
   EXPECT_FALSE(missing.LoadMenu(12345)); // no such resource
+}
+
+// A copy of the resource-only fixture module with a menu and an
+// accelerator table added, so that they are found through the resource chain.
+const WORD IDR_TEST = 600;
+
+class MenuModule {
+public:
+  MenuModule() {
+    char szExe[MAX_PATH];
+    ::GetModuleFileName(NULL, szExe, MAX_PATH);
+    std::string strDir(szExe);
+    strDir.resize(strDir.find_last_of('\\') + 1);
+    std::string strPath = m_dir.File("menus.dll");
+    if (!::CopyFile((strDir + "vrk_fixture_res.dll").c_str(), strPath.c_str(), FALSE)) return;
+    // "&Edit" popup with "&One" (ID_ONE) and "&Disabled" (ID_DISABLED).
+    std::vector<WORD> menu = {0, 0, MF_POPUP | MF_END};
+    AddText(menu, "&Edit");
+    menu.push_back(0);
+    menu.push_back((WORD)ID_ONE);
+    AddText(menu, "&One");
+    menu.push_back(MF_END);
+    menu.push_back((WORD)ID_DISABLED);
+    AddText(menu, "&Disabled");
+    // F5 gives ID_ONE, F6 ID_DISABLED (entries: flags, key, id, padding).
+    std::vector<WORD> accel = {FVIRTKEY,        VK_F5, (WORD)ID_ONE,      0,
+                               FVIRTKEY | 0x80, VK_F6, (WORD)ID_DISABLED, 0};
+    HANDLE hUpdate = ::BeginUpdateResource(strPath.c_str(), FALSE);
+    if (hUpdate == NULL) return;
+    WORD wLang = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
+    ::UpdateResource(hUpdate, RT_MENU, MAKEINTRESOURCE(IDR_TEST), wLang, menu.data(),
+                     (DWORD)(menu.size() * 2));
+    ::UpdateResource(hUpdate, RT_ACCELERATOR, MAKEINTRESOURCE(IDR_TEST), wLang, accel.data(),
+                     (DWORD)(accel.size() * 2));
+    if (!::EndUpdateResource(hUpdate, FALSE)) return;
+    m_hModule = ::LoadLibraryEx(strPath.c_str(), NULL, LOAD_LIBRARY_AS_DATAFILE);
+  }
+  ~MenuModule() {
+    if (m_hModule != NULL) ::FreeLibrary(m_hModule);
+  }
+  HMODULE Handle() const { return m_hModule; }
+
+private:
+  static void AddText(std::vector<WORD>& words, LPCSTR lpsz) {
+    for (; *lpsz != '\0'; lpsz++)
+      words.push_back((BYTE)*lpsz);
+    words.push_back(0);
+  }
+  TempDir m_dir;
+  HMODULE m_hModule = NULL;
+};
+
+TEST_F(CommandTest, MenuAndAcceleratorsFromTheResourceChain) {
+  MenuModule module;
+  ASSERT_TRUE(module.Handle() != NULL);
+  HINSTANCE hOld = AfxGetResourceHandle();
+  AfxSetResourceHandle(module.Handle());
+  CMenu menu;
+  EXPECT_TRUE(menu.LoadMenu(IDR_TEST));
+  HACCEL hAccel = AfxLoadAccelerators(MAKEINTRESOURCE(IDR_TEST));
+  AfxSetResourceHandle(hOld);
+  ASSERT_TRUE(menu.m_hMenu != NULL);
+  CMenu* pPopup = menu.GetSubMenu(0);
+  ASSERT_TRUE(pPopup != NULL);
+  EXPECT_EQ(ID_ONE, pPopup->GetMenuItemID(0));
+  CString str;
+  pPopup->GetMenuString(1, str, MF_BYPOSITION);
+  EXPECT_STREQ("&Disabled", str);
+
+  // The keys become commands; the disabled one is refused by its update handler.
+  ASSERT_TRUE(hAccel != NULL);
+  MSG msg = {m_wnd.m_hWnd, WM_KEYDOWN, VK_F5, 0};
+  EXPECT_TRUE(::TranslateAccelerator(m_wnd.m_hWnd, hAccel, &msg));
+  msg.wParam = VK_F6;
+  EXPECT_TRUE(::TranslateAccelerator(m_wnd.m_hWnd, hAccel, &msg));
+  msg.wParam = VK_F7;
+  EXPECT_FALSE(::TranslateAccelerator(m_wnd.m_hWnd, hAccel, &msg));
+  EXPECT_EQ(std::vector<std::string>{"One"}, m_wnd.log);
+  ::DestroyAcceleratorTable(hAccel);
+  EXPECT_EQ(NULL, AfxLoadAccelerators(MAKEINTRESOURCE(IDR_TEST + 1)));
 }
 
 } // namespace
