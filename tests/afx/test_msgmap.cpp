@@ -254,6 +254,10 @@ TEST_F(CommandTest, ColourAndOwnerDrawAreReflected) {
 
 TEST_F(CommandTest, NotificationsWithBadHeadersAreIgnored) {
   EXPECT_EQ(0, m_wnd.SendMessage(WM_NOTIFY, 0, 0));
+  m_wnd.SendMessage(WM_DRAWITEM, 1, 0); // no structures: passed on, no crash
+  m_wnd.SendMessage(WM_MEASUREITEM, 1, 0);
+  m_wnd.SendMessage(WM_DELETEITEM, 1, 0);
+  m_wnd.SendMessage(WM_COMPAREITEM, 1, 0);
   NMHDR nm = {NULL, 5, NM_CUSTOM};
   EXPECT_EQ(0, m_wnd.SendMessage(WM_NOTIFY, 5, (LPARAM)&nm));
   EXPECT_TRUE(m_wnd.log.empty());

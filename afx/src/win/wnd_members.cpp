@@ -81,14 +81,17 @@ void CWnd::OnDropFiles(HDROP) { Default(); }
 
 // ---- Owner draw, scroll and colour messages: offered to the control first -------
 
+// A message without its structure (sent by mistake) goes straight on.
 void CWnd::OnDrawItem(int, LPDRAWITEMSTRUCT lpDrawItemStruct) {
-  if (lpDrawItemStruct->CtlType != ODT_MENU && ReflectLastMsg(lpDrawItemStruct->hwndItem)) return;
+  if (lpDrawItemStruct != NULL && lpDrawItemStruct->CtlType != ODT_MENU &&
+      ReflectLastMsg(lpDrawItemStruct->hwndItem))
+    return;
   Default();
 }
 
 void CWnd::OnMeasureItem(int, LPMEASUREITEMSTRUCT lpMeasureItemStruct) {
   // The message names the control by id only.
-  if (lpMeasureItemStruct->CtlType != ODT_MENU) {
+  if (lpMeasureItemStruct != NULL && lpMeasureItemStruct->CtlType != ODT_MENU) {
     CWnd* pChild = GetDescendantWindow(lpMeasureItemStruct->CtlID, TRUE);
     if (pChild != NULL && pChild->SendChildNotifyLastMsg()) return;
   }
@@ -96,13 +99,14 @@ void CWnd::OnMeasureItem(int, LPMEASUREITEMSTRUCT lpMeasureItemStruct) {
 }
 
 void CWnd::OnDeleteItem(int, LPDELETEITEMSTRUCT lpDeleteItemStruct) {
-  if (ReflectLastMsg(lpDeleteItemStruct->hwndItem)) return;
+  if (lpDeleteItemStruct != NULL && ReflectLastMsg(lpDeleteItemStruct->hwndItem)) return;
   Default();
 }
 
 int CWnd::OnCompareItem(int, LPCOMPAREITEMSTRUCT lpCompareItemStruct) {
   LRESULT lResult;
-  if (ReflectLastMsg(lpCompareItemStruct->hwndItem, &lResult)) return (int)lResult;
+  if (lpCompareItemStruct != NULL && ReflectLastMsg(lpCompareItemStruct->hwndItem, &lResult))
+    return (int)lResult;
   return (int)Default();
 }
 
