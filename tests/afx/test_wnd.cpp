@@ -172,6 +172,34 @@ TEST(WndCreate, ExceptionInOnCreateFailsTheCreation) {
   EXPECT_EQ(0u, catcher.Count()); // a failed creation is not reported
 }
 
+class CAdjusting : public CWnd {
+public:
+  BOOL bRefuse = FALSE;
+  virtual BOOL PreCreateWindow(CREATESTRUCT& cs) {
+    cs.style |= WS_DISABLED;
+    cs.lpszName = "renamed";
+    return !bRefuse && CWnd::PreCreateWindow(cs);
+  }
+  int nPostNcDestroy = 0;
+  virtual void PostNcDestroy() { nPostNcDestroy++; }
+};
+
+TEST(WndCreate, PreCreateWindowAdjustsOrRefusesTheCreation) {
+  CAdjusting wnd;
+  ASSERT_TRUE(wnd.CreateEx(0, NULL, "asked", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
+  EXPECT_FALSE(wnd.IsWindowEnabled());
+  CString str;
+  wnd.GetWindowText(str);
+  EXPECT_STREQ("renamed", str);
+  wnd.DestroyWindow();
+  EXPECT_EQ(1, wnd.nPostNcDestroy);
+  CAdjusting refused;
+  refused.bRefuse = TRUE;
+  EXPECT_FALSE(refused.CreateEx(0, NULL, "x", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
+  EXPECT_EQ(1, refused.nPostNcDestroy); // as MFC: the object may clean itself up
+  EXPECT_EQ(NULL, refused.m_hWnd);
+}
+
 TEST(WndClass, RegisterWndClassNamesByStyleAndReusesTheClass) {
   HCURSOR hCursor = ::LoadCursor(NULL, IDC_ARROW);
   CString strName = AfxRegisterWndClass(CS_DBLCLKS, hCursor);
