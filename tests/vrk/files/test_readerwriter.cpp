@@ -1,0 +1,261 @@
+// VFileReaderWriter: the exact bytes of every writer, the number and size of
+// the CFile calls each makes, reads in each byte order, and failures.
+#include <vrk_filereaderwriter.h>
+#include <afxwin.h>
+#include <gtest/gtest.h>
+
+#include "msgbox_catcher.h"
+#include "temp_dir.h"
+
+#include <string.h>
+#include <string>
+#include <vector>
+
+namespace {
+
+const char kWriteText[] = "The file could not be written";
+const char kReadText[] = "The file could not be read";
+
+// A disk file that records the size of every Write and Read call.
+class RecordingFile : public CFile {
+public:
+  void Write(const void* p, UINT n) override {
+    m_writes.push_back(n);
+    CFile::Write(p, n);
+  }
+  UINT Read(void* p, UINT n) override {
+    m_reads.push_back(n);
+    return CFile::Read(p, n);
+  }
+  std::vector<UINT> m_writes, m_reads;
+};
+
+// A writer over a fresh recording file in a temporary folder.
+class ReaderWriterTest : public ::testing::Test {
+protected:
+  void SetUp() override {
+    m_name = m_dir.File("rw.bin");
+    ASSERT_TRUE(m_file.Open(m_name.c_str(), CFile::modeCreate | CFile::modeReadWrite));
+    m_rw.SetCurrentFile(&m_file);
+  }
+  // The whole file, read past the recording; the position ends at the end.
+  std::string Bytes() {
+    std::string bytes((size_t)m_file.GetLength(), '\0');
+    m_file.SeekToBegin();
+    if (!bytes.empty()) m_file.CFile::Read(&bytes[0], (UINT)bytes.size());
+    return bytes;
+  }
+  void Reset(const std::string& bytes) {
+    m_file.SetLength(0);
+    m_file.SeekToBegin();
+    m_file.Write(bytes.data(), (UINT)bytes.size());
+    m_file.SeekToBegin();
+    m_file.m_writes.clear();
+    m_file.m_reads.clear();
+  }
+  std::string FullName() {
+    char sz[MAX_PATH];
+    GetFullPathNameA(m_name.c_str(), MAX_PATH, sz, NULL);
+    return sz;
+  }
+  std::vector<UINT> Calls(std::initializer_list<UINT> l) { return std::vector<UINT>(l); }
+
+  TempDir m_dir;
+  std::string m_name;
+  RecordingFile m_file;
+  VFileReaderWriter m_rw;
+};
+
+TEST_F(ReaderWriterTest, ByteOrdersOfTheIntegerWriters) {
+  EXPECT_EQ(1, m_rw.WriteFourByteDwordNormal(0x11223344ul));
+  EXPECT_EQ(1, m_rw.WriteFourByteDwordLowByteFirst(0x11223344ul));
+  EXPECT_EQ(1, m_rw.WriteTwoByteWordNormal((unsigned short)0xABCD));
+  EXPECT_EQ(1, m_rw.WriteTwoByteWordByteSwapped((unsigned short)0xABCD));
+  EXPECT_EQ("\x11\x22\x33\x44\x44\x33\x22\x11\xAB\xCD\xCD\xAB", Bytes());
+  EXPECT_EQ(Calls({1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 2}), m_file.m_writes);
+}
+
+TEST_F(ReaderWriterTest, PointerValueFileAndCurrentFormsWriteAlike) {
+  const unsigned short w = 0x0102;
+  const unsigned long dw = 0xA1B2C3D4ul;
+  const unsigned char b = 0x7F;
+  EXPECT_EQ(1, m_rw.WriteTwoByteWordNormal(&m_file, &w));
+  EXPECT_EQ(1, m_rw.WriteTwoByteWordNormal(&w));
+  EXPECT_EQ(1, m_rw.WriteTwoByteWordNormal(&m_file, w));
+  EXPECT_EQ(1, m_rw.WriteTwoByteWordByteSwapped(&m_file, &w));
+  EXPECT_EQ(1, m_rw.WriteTwoByteWordByteSwapped(&w));
+  EXPECT_EQ(1, m_rw.WriteTwoByteWordByteSwapped(&m_file, w));
+  EXPECT_EQ(1, m_rw.WriteFourByteDwordNormal(&m_file, &dw));
+  EXPECT_EQ(1, m_rw.WriteFourByteDwordNormal(&dw));
+  EXPECT_EQ(1, m_rw.WriteFourByteDwordNormal(&m_file, dw));
+  EXPECT_EQ(1, m_rw.WriteFourByteDwordLowByteFirst(&m_file, &dw));
+  EXPECT_EQ(1, m_rw.WriteFourByteDwordLowByteFirst(&dw));
+  EXPECT_EQ(1, m_rw.WriteFourByteDwordLowByteFirst(&m_file, dw));
+  EXPECT_EQ(1, m_rw.WriteOneByte(&m_file, &b));
+  EXPECT_EQ(1, m_rw.WriteOneByte(&b));
+  EXPECT_EQ(1, m_rw.WriteOneByte(&m_file, (unsigned char)0x80));
+  EXPECT_EQ(1, m_rw.WriteOneByte((unsigned char)0x81));
+  EXPECT_EQ("\x01\x02\x01\x02\x01\x02"
+            "\x02\x01\x02\x01\x02\x01"
+            "\xA1\xB2\xC3\xD4\xA1\xB2\xC3\xD4\xA1\xB2\xC3\xD4"
+            "\xD4\xC3\xB2\xA1\xD4\xC3\xB2\xA1\xD4\xC3\xB2\xA1"
+            "\x7F\x7F\x80\x81",
+            Bytes());
+}
+
+TEST_F(ReaderWriterTest, FilledNumberTexts) {
+  EXPECT_EQ(1, m_rw.WriteOneByteAsFilledBase10Text((unsigned char)7));
+  EXPECT_EQ(1, m_rw.WriteOneByteAsFilledBase10Text(&m_file, (unsigned char)255));
+  EXPECT_EQ(1, m_rw.WriteOneByteAsFilledHexText(&m_file, (unsigned char)0x0A));
+  EXPECT_EQ(1, m_rw.WriteWordAsFilledBase10Text((unsigned short)65535));
+  EXPECT_EQ(1, m_rw.WriteWordAsFilledBase10Text(&m_file, (unsigned short)42));
+  EXPECT_EQ(1, m_rw.WriteIntegerAsFilledBase10Text(-12));
+  EXPECT_EQ(1, m_rw.WriteIntegerAsFilledBase10Text(&m_file, 1234567));
+  EXPECT_EQ(1, m_rw.WriteIntegerAsFilledBase10Text(-2147483647 - 1));
+  EXPECT_EQ(1, m_rw.WriteWordAsFilledHexText(&m_file, (unsigned short)0xBEEF));
+  EXPECT_EQ(1, m_rw.WriteWordAsFilledHexText(&m_file, (unsigned short)0x00A));
+  EXPECT_EQ(std::string("007255") + std::string("0A\0", 3) +
+                "065535000042-00012123456-21474BEEF000A",
+            Bytes());
+  EXPECT_EQ(Calls({3, 3, 3, 6, 6, 6, 6, 6, 4, 4}), m_file.m_writes);
+}
+
+TEST_F(ReaderWriterTest, StringsLineEndsAndRuns) {
+  EXPECT_EQ(1, m_rw.WriteZString("ab"));
+  EXPECT_EQ(1, m_rw.WriteLnZString(&m_file, "cd"));
+  EXPECT_EQ(1, m_rw.WriteNewLnZString(""));
+  EXPECT_EQ(1, m_rw.WriteNewLnZString(&m_file, "ef"));
+  EXPECT_EQ(1, m_rw.WriteCRLF());
+  EXPECT_EQ("abcd\r\n\r\n\r\n\r\nef\r\n\r\n", Bytes());
+  EXPECT_EQ(Calls({2, 2, 1, 1, 1, 1, 0, 1, 1, 1, 1, 2, 1, 1, 1, 1}), m_file.m_writes);
+
+  Reset("");
+  const unsigned char run[] = {0, 1, 2, 0xFF};
+  EXPECT_EQ(1, m_rw.WriteByteBuffer(run, 4));
+  EXPECT_EQ(1, m_rw.WriteLnByteBuffer(run + 1, 2));
+  EXPECT_EQ(1, m_rw.WriteThisManyOfThisByte(3, (unsigned char)'z'));
+  EXPECT_EQ(1, m_rw.WriteThisManyZeroBytes(&m_file, 2));
+  EXPECT_EQ(1, m_rw.WriteThisManyZeroBytes(0u));
+  EXPECT_EQ(std::string("\0\1\2\xFF\1\2\r\nzzz\0\0", 13), Bytes());
+  EXPECT_EQ(Calls({4, 2, 1, 1, 1, 1, 1, 1, 1}), m_file.m_writes);
+}
+
+TEST_F(ReaderWriterTest, NullFileOrPointerIsFalseAndWritesNothing) {
+  MsgBoxCatcher catcher;
+  VFileReaderWriter empty;
+  const unsigned short w = 1;
+  const unsigned long dw = 1;
+  unsigned char b = 1;
+  EXPECT_EQ(0, empty.WriteOneByte((unsigned char)1));
+  EXPECT_EQ(0, empty.WriteCRLF());
+  EXPECT_EQ(0, empty.WriteZString("x"));
+  EXPECT_EQ(0, empty.WriteLnZString("x"));
+  EXPECT_EQ(0, empty.WriteNewLnZString("x"));
+  EXPECT_EQ(0, empty.WriteTwoByteWordNormal(&w));
+  EXPECT_EQ(0, empty.WriteFourByteDwordLowByteFirst(dw));
+  EXPECT_EQ(0, empty.WriteThisManyZeroBytes(2u));
+  EXPECT_EQ(0, empty.WriteLnByteBuffer(&b, 1));
+  EXPECT_EQ(0, empty.ReadOneByte(&b));
+  EXPECT_EQ(0, empty.WriteOneByteAsFilledHexText(NULL, (unsigned char)1));
+  EXPECT_EQ(0, m_rw.WriteOneByte((const unsigned char*)NULL));
+  EXPECT_EQ(0, m_rw.WriteTwoByteWordByteSwapped((const unsigned short*)NULL));
+  EXPECT_EQ(0, m_rw.WriteFourByteDwordNormal((const unsigned long*)NULL));
+  EXPECT_EQ(0, m_rw.WriteByteBuffer(NULL, 3));
+  EXPECT_EQ(0, m_rw.ReadNumberOfBytes(NULL, 3));
+  EXPECT_EQ(0, m_rw.ReadFourByteDwordNormal((unsigned long*)NULL));
+  EXPECT_EQ(0, m_rw.ReadTwoByteIntegerByteSwapped((short*)NULL));
+  EXPECT_EQ("", Bytes());
+  EXPECT_TRUE(m_file.m_writes.empty());
+  EXPECT_TRUE(m_file.m_reads.empty());
+  EXPECT_EQ(0u, catcher.Count());
+}
+
+TEST_F(ReaderWriterTest, ReadsInEachByteOrder) {
+  Reset("\x12\x34\x12\x34\xFE\xFF\x11\x22\x33\x44\x11\x22\x33\x44\x9A"
+        "abc");
+  unsigned short w = 0;
+  EXPECT_EQ(1, m_rw.ReadTwoByteWordNormal(&w));
+  EXPECT_EQ(0x1234, w);
+  EXPECT_EQ(1, m_rw.ReadTwoByteWordByteSwapped(&m_file, &w));
+  EXPECT_EQ(0x3412, w);
+  short s = 0;
+  EXPECT_EQ(1, m_rw.ReadTwoByteIntegerByteSwapped(&s));
+  EXPECT_EQ(-2, s);
+  unsigned long dw = 0;
+  EXPECT_EQ(1, m_rw.ReadFourByteDwordNormal(&m_file, &dw));
+  EXPECT_EQ(0x11223344ul, dw);
+  EXPECT_EQ(1, m_rw.ReadFourByteDwordLowByteFirst(&dw));
+  EXPECT_EQ(0x44332211ul, dw);
+  unsigned char b = 0;
+  EXPECT_EQ(1, m_rw.ReadOneByte(&m_file, &b));
+  EXPECT_EQ(0x9A, b);
+  unsigned char buf[4] = {9, 9, 9, 9};
+  EXPECT_EQ(1, m_rw.ReadNumberOfBytes(buf, 3));
+  EXPECT_EQ(0, memcmp(buf, "abc\x09", 4));
+  EXPECT_EQ(Calls({1, 1, 2, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 3}), m_file.m_reads);
+}
+
+TEST_F(ReaderWriterTest, ShortReadsAreReportedAndKeepOrClearTheOutput) {
+  MsgBoxCatcher catcher;
+  const std::string box = std::string(kReadText) + ": " + FullName();
+
+  // Two bytes left: a 32-bit read fails and keeps the old value.
+  Reset("\x01\x02");
+  unsigned long dw = 0xCAFEBABEul;
+  EXPECT_EQ(0, m_rw.ReadFourByteDwordNormal(&dw));
+  EXPECT_EQ(0xCAFEBABEul, dw);
+  EXPECT_EQ(Calls({1, 1, 1}), m_file.m_reads);
+  ASSERT_EQ(1u, catcher.Count());
+  EXPECT_EQ(box, catcher.Last().text);
+
+  m_file.SeekToBegin();
+  EXPECT_EQ(0, m_rw.ReadFourByteDwordLowByteFirst(&m_file, &dw));
+  EXPECT_EQ(0xCAFEBABEul, dw);
+
+  // One byte left: the 2-byte block read overwrites half of the output.
+  Reset("\x55");
+  unsigned short w = 0xFFFF;
+  EXPECT_EQ(0, m_rw.ReadTwoByteWordByteSwapped(&w));
+  EXPECT_EQ(0xFF55, w);
+  m_file.SeekToBegin();
+  w = 0x7777;
+  EXPECT_EQ(0, m_rw.ReadTwoByteWordNormal(&w));
+  EXPECT_EQ(0x7777, w);
+  short s = 5;
+  m_file.SeekToBegin();
+  EXPECT_EQ(0, m_rw.ReadTwoByteIntegerByteSwapped(&s));
+  EXPECT_EQ(5, s);
+
+  // At the end: ReadOneByte and ReadNumberOfBytes clear their output first.
+  unsigned char b = 0xEE;
+  EXPECT_EQ(0, m_rw.ReadOneByte(&b));
+  EXPECT_EQ(0, b);
+  m_file.SeekToBegin();
+  unsigned char buf[3] = {7, 7, 7};
+  EXPECT_EQ(0, m_rw.ReadNumberOfBytes(&m_file, buf, 3));
+  EXPECT_EQ(0, memcmp(buf, "\x55\0\0", 3));
+  EXPECT_EQ(7u, catcher.Count());
+  for (const CaughtBox& caught : catcher.Boxes())
+    EXPECT_EQ(box, caught.text);
+}
+
+TEST(ReaderWriterErrors, WriteToAReadOnlyFileShowsOneBoxPerFailedCall) {
+  TempDir dir;
+  const std::string name = dir.File("ro.bin");
+  ASSERT_TRUE(TempDir::WriteBytes(name, "data"));
+  MsgBoxCatcher catcher;
+  VFileReaderWriter rw;
+  ASSERT_EQ(1, rw.OpenAndUseExistingFile(name.c_str(), CFile::modeRead));
+  char sz[MAX_PATH];
+  GetFullPathNameA(name.c_str(), MAX_PATH, sz, NULL);
+  EXPECT_EQ(0, rw.WriteFourByteDwordNormal(1ul));
+  EXPECT_EQ(0, rw.WriteLnZString("line"));
+  EXPECT_EQ(0, rw.WriteThisManyZeroBytes(100u));
+  // Each failing member stops at its first failed call: three boxes.
+  ASSERT_EQ(3u, catcher.Count());
+  EXPECT_EQ(std::string(kWriteText) + ": " + sz, catcher.Last().text);
+  EXPECT_EQ(1, rw.CloseFile());
+  EXPECT_EQ("data", TempDir::ReadBytes(name));
+}
+
+} // namespace
