@@ -4,17 +4,23 @@
 
 #include <stdarg.h>
 
+namespace {
+
+// Ends a va_list however the formatting leaves (FormatV throws
+// CMemoryException when the text cannot be allocated).
+struct VaListEnd {
+  va_list& args;
+  ~VaListEnd() { va_end(args); }
+};
+
+} // namespace
+
 VTempStr::VTempStr(const char* pszFormat, ...) {
   if (pszFormat == NULL) return;
   va_list args;
   va_start(args, pszFormat);
-  try {
-    m_str.FormatV(pszFormat, args);
-  } catch (...) {
-    va_end(args);
-    throw;
-  }
-  va_end(args);
+  VaListEnd end = {args};
+  m_str.FormatV(pszFormat, args);
 }
 
 // A string that no module of the resource chain holds formats as empty.
@@ -23,13 +29,8 @@ VTempStr::VTempStr(UINT nIDFormat, ...) {
   if (!strFormat.LoadString(nIDFormat)) return;
   va_list args;
   va_start(args, nIDFormat);
-  try {
-    m_str.FormatV(strFormat, args);
-  } catch (...) {
-    va_end(args);
-    throw;
-  }
-  va_end(args);
+  VaListEnd end = {args};
+  m_str.FormatV(strFormat, args);
 }
 
 VMsgBoxStr::VMsgBoxStr(UINT nIDFormat, ...) : m_nID(nIDFormat) {
@@ -37,13 +38,8 @@ VMsgBoxStr::VMsgBoxStr(UINT nIDFormat, ...) : m_nID(nIDFormat) {
   if (!strFormat.LoadString(nIDFormat)) return;
   va_list args;
   va_start(args, nIDFormat);
-  try {
-    m_str.FormatV(strFormat, args);
-  } catch (...) {
-    va_end(args);
-    throw;
-  }
-  va_end(args);
+  VaListEnd end = {args};
+  m_str.FormatV(strFormat, args);
 }
 
 // The identifier doubles as the box's help context.

@@ -74,58 +74,46 @@ BOOL CButton::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT*
   return TRUE;
 }
 
-BOOL CListBox::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) {
-  LRESULT lResult;
+// The owner-draw messages list and combo boxes share, reflected to the
+// control's own overridables; FALSE for any other message.
+template <class TBox>
+static BOOL ReflectOwnerDrawItem(TBox* pBox, UINT message, LPARAM lParam, LRESULT& lResult) {
   switch (message) {
   case WM_DRAWITEM:
-    DrawItem((LPDRAWITEMSTRUCT)lParam);
+    pBox->DrawItem((LPDRAWITEMSTRUCT)lParam);
     lResult = TRUE;
-    break;
+    return TRUE;
   case WM_MEASUREITEM:
-    MeasureItem((LPMEASUREITEMSTRUCT)lParam);
+    pBox->MeasureItem((LPMEASUREITEMSTRUCT)lParam);
     lResult = TRUE;
-    break;
+    return TRUE;
   case WM_COMPAREITEM:
-    lResult = CompareItem((LPCOMPAREITEMSTRUCT)lParam);
-    break;
+    lResult = pBox->CompareItem((LPCOMPAREITEMSTRUCT)lParam);
+    return TRUE;
   case WM_DELETEITEM:
-    DeleteItem((LPDELETEITEMSTRUCT)lParam);
+    pBox->DeleteItem((LPDELETEITEMSTRUCT)lParam);
     lResult = TRUE;
-    break;
-  case WM_VKEYTOITEM:
-    lResult = VKeyToItem(LOWORD(wParam), HIWORD(wParam));
-    break;
-  case WM_CHARTOITEM:
-    lResult = CharToItem(LOWORD(wParam), HIWORD(wParam));
-    break;
-  default:
-    return CWnd::OnChildNotify(message, wParam, lParam, pResult);
+    return TRUE;
   }
+  return FALSE;
+}
+
+BOOL CListBox::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) {
+  LRESULT lResult;
+  if (message == WM_VKEYTOITEM)
+    lResult = VKeyToItem(LOWORD(wParam), HIWORD(wParam));
+  else if (message == WM_CHARTOITEM)
+    lResult = CharToItem(LOWORD(wParam), HIWORD(wParam));
+  else if (!ReflectOwnerDrawItem(this, message, lParam, lResult))
+    return CWnd::OnChildNotify(message, wParam, lParam, pResult);
   if (pResult != NULL) *pResult = lResult;
   return TRUE;
 }
 
 BOOL CComboBox::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) {
   LRESULT lResult;
-  switch (message) {
-  case WM_DRAWITEM:
-    DrawItem((LPDRAWITEMSTRUCT)lParam);
-    lResult = TRUE;
-    break;
-  case WM_MEASUREITEM:
-    MeasureItem((LPMEASUREITEMSTRUCT)lParam);
-    lResult = TRUE;
-    break;
-  case WM_COMPAREITEM:
-    lResult = CompareItem((LPCOMPAREITEMSTRUCT)lParam);
-    break;
-  case WM_DELETEITEM:
-    DeleteItem((LPDELETEITEMSTRUCT)lParam);
-    lResult = TRUE;
-    break;
-  default:
+  if (!ReflectOwnerDrawItem(this, message, lParam, lResult))
     return CWnd::OnChildNotify(message, wParam, lParam, pResult);
-  }
   if (pResult != NULL) *pResult = lResult;
   return TRUE;
 }
