@@ -2,6 +2,8 @@
 // byte buffer. Ten million ints and one million short strings, stored into
 // and loaded from memory.
 #include <afx.h>
+
+#include "bench_clock.h"
 #include <stdio.h>
 
 #include <vector>
@@ -10,17 +12,6 @@ namespace {
 
 const int kInts = 10 * 1000 * 1000;
 const int kStrings = 1000 * 1000;
-
-double Now() {
-  static LARGE_INTEGER freq = [] {
-    LARGE_INTEGER f;
-    QueryPerformanceFrequency(&f);
-    return f;
-  }();
-  LARGE_INTEGER t;
-  QueryPerformanceCounter(&t);
-  return (double)t.QuadPart * 1000.0 / (double)freq.QuadPart;
-}
 
 void Report(const char* what, double archiveMs, double plainMs, unsigned check) {
   printf("%-28s archive %8.1f ms  plain %8.1f ms  ratio %.2f  (check %08x)\n", what, archiveMs,
@@ -53,26 +44,26 @@ int main() {
   CMemFile intFile(kOneStep);
   intFile.SetLength(kOneStep); // touch the pages once, as the plain buffer's are
   intFile.SetLength(0);
-  double t0 = Now();
+  double t0 = NowMs();
   {
     CArchive ar(&intFile, CArchive::store);
     for (int i = 0; i < kInts; ++i)
       ar << i;
     ar.Close();
   }
-  double archiveStore = Now() - t0;
+  double archiveStore = NowMs() - t0;
   PlainOut plainInts;
-  t0 = Now();
+  t0 = NowMs();
   for (int i = 0; i < kInts; ++i) {
     LONG v = i;
     memcpy(plainInts.Room(sizeof(v)), &v, sizeof(v));
   }
-  double plainStore = Now() - t0;
+  double plainStore = NowMs() - t0;
   Report("store 10M ints", archiveStore, plainStore, (unsigned)intFile.GetLength());
 
   intFile.SeekToBegin();
   unsigned sum = 0;
-  t0 = Now();
+  t0 = NowMs();
   {
     CArchive ar(&intFile, CArchive::load);
     for (int i = 0; i < kInts; ++i) {
@@ -81,9 +72,9 @@ int main() {
       sum += (unsigned)v;
     }
   }
-  double archiveLoad = Now() - t0;
+  double archiveLoad = NowMs() - t0;
   unsigned plainSum = 0;
-  t0 = Now();
+  t0 = NowMs();
   {
     const BYTE* p = &plainInts.buf[0];
     const BYTE* end = p + plainInts.used;
@@ -95,36 +86,36 @@ int main() {
       plainSum += (unsigned)v;
     }
   }
-  double plainLoad = Now() - t0;
+  double plainLoad = NowMs() - t0;
   Report("load 10M ints", archiveLoad, plainLoad, sum ^ plainSum);
 
   // ---- short strings ----
   CMemFile strFile(kOneStep);
   strFile.SetLength(kOneStep);
   strFile.SetLength(0);
-  t0 = Now();
+  t0 = NowMs();
   {
     CArchive ar(&strFile, CArchive::store);
     for (int i = 0; i < kStrings; ++i)
       ar << strings[i];
     ar.Close();
   }
-  archiveStore = Now() - t0;
+  archiveStore = NowMs() - t0;
   PlainOut plainStr;
-  t0 = Now();
+  t0 = NowMs();
   for (int i = 0; i < kStrings; ++i) {
     int n = strings[i].GetLength(); // all below 255: the one-byte prefix
     BYTE* p = plainStr.Room(1 + n);
     p[0] = (BYTE)n;
     memcpy(p + 1, strings[i].GetString(), n);
   }
-  plainStore = Now() - t0;
+  plainStore = NowMs() - t0;
   Report("store 1M short CStrings", archiveStore, plainStore, (unsigned)strFile.GetLength());
 
   strFile.SeekToBegin();
   CString s;
   unsigned total = 0;
-  t0 = Now();
+  t0 = NowMs();
   {
     CArchive ar(&strFile, CArchive::load);
     for (int i = 0; i < kStrings; ++i) {
@@ -132,9 +123,9 @@ int main() {
       total += (unsigned)s.GetLength();
     }
   }
-  archiveLoad = Now() - t0;
+  archiveLoad = NowMs() - t0;
   unsigned plainTotal = 0;
-  t0 = Now();
+  t0 = NowMs();
   {
     const BYTE* p = &plainStr.buf[0];
     const BYTE* end = p + plainStr.used;
@@ -145,7 +136,7 @@ int main() {
       plainTotal += (unsigned)s.GetLength();
     }
   }
-  plainLoad = Now() - t0;
+  plainLoad = NowMs() - t0;
   Report("load 1M short CStrings", archiveLoad, plainLoad, total ^ plainTotal);
   return 0;
 }

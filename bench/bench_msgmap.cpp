@@ -3,6 +3,8 @@
 // with a switch. Prints each time and the map/plain ratio.
 #include <afxwin.h>
 
+#include "bench_clock.h"
+
 #include <stdio.h>
 
 namespace {
@@ -11,17 +13,6 @@ const int kRounds = 1000000;
 const UINT WM_BENCH = WM_APP + 1;
 volatile LRESULT g_sink;
 LONG g_nPlainHits = 0;
-
-double NowMs() {
-  static LARGE_INTEGER freq = [] {
-    LARGE_INTEGER f;
-    QueryPerformanceFrequency(&f);
-    return f;
-  }();
-  LARGE_INTEGER t;
-  QueryPerformanceCounter(&t);
-  return 1000.0 * (double)t.QuadPart / (double)freq.QuadPart;
-}
 
 // The handler lives in the first class; the window is of the third.
 class CBase1 : public CWnd {

@@ -2,6 +2,8 @@
 // formats of "%d %s %.2f". Prints each time and the CString/std ratio.
 #include <afx.h>
 
+#include "bench_clock.h"
+
 #include <stdio.h>
 
 #include <string>
@@ -10,17 +12,6 @@ namespace {
 
 const int kRounds = 1000000;
 volatile size_t g_sink; // keeps the work from being optimised away
-
-double NowMs() {
-  static LARGE_INTEGER freq = [] {
-    LARGE_INTEGER f;
-    QueryPerformanceFrequency(&f);
-    return f;
-  }();
-  LARGE_INTEGER t;
-  QueryPerformanceCounter(&t);
-  return 1000.0 * (double)t.QuadPart / (double)freq.QuadPart;
-}
 
 template <class F> double TimeMs(F f) {
   double start = NowMs();
