@@ -1,6 +1,9 @@
-// Ordering of version words.
+// Ordering of version words; version resources read from fixture binaries.
 #include <vrk_version.h>
+#include <temp_dir.h>
 #include <gtest/gtest.h>
+
+#include <string>
 
 TEST(VersionWord, OrdersByHighThenLowSigned) {
   const tagVersionWord v1_5 = {1, 5}, v2_0 = {2, 0}, v1_9 = {1, 9};
@@ -16,4 +19,74 @@ TEST(VersionWord, OrdersByHighThenLowSigned) {
   EXPECT_TRUE(minus < zero);
   EXPECT_TRUE(low_neg < zero);
   EXPECT_TRUE(zero > minus);
+}
+
+// ---- VrkFileVersionInfo over binaries built with known version resources ----
+
+
+namespace {
+
+// A fixture binary in the test program's own folder.
+std::string BinFile(const char* name) {
+  char path[MAX_PATH];
+  DWORD n = GetModuleFileNameA(NULL, path, MAX_PATH);
+  std::string dir(path, n);
+  return dir.substr(0, dir.find_last_of('\\') + 1) + name;
+}
+
+} // namespace
+
+TEST(FileVersionInfo, NothingLoadedGivesEmptyValues) {
+  VrkFileVersionInfo info;
+  EXPECT_EQ(CString(), info.GetValue("CompanyName"));
+  EXPECT_EQ(nullptr, info.GetFixedInfo());
+  EXPECT_FALSE(info.GetFileVersionInfoA(NULL));
+  EXPECT_EQ(CString(), info.GetValue("CompanyName"));
+}
+
+TEST(FileVersionInfo, ReadsFixedRecordAndFirstTranslationOnly) {
+  VrkFileVersionInfo info;
+  ASSERT_TRUE(info.GetFileVersionInfoA(BinFile("vrk_data_verdll.dll").c_str()));
+  const VS_FIXEDFILEINFO* fixed = info.GetFixedInfo();
+  ASSERT_NE(nullptr, fixed);
+  EXPECT_EQ(0xFEEF04BDu, fixed->dwSignature);
+  EXPECT_EQ(MAKELONG(5, 2), (LONG)fixed->dwFileVersionMS);
+  EXPECT_EQ(MAKELONG(77, 0), (LONG)fixed->dwFileVersionLS);
+  // German (0407, 04e4) is the first translation: its values win, and a key
+  // only the English block has is not found.
+  EXPECT_STREQ("Tamrix Testhaus", info.GetValue("CompanyName"));
+  EXPECT_STREQ("2.5.0.77", info.GetValue("FileVersion"));
+  EXPECT_STREQ("Versionsprobe", info.GetValue("FileDescription"));
+  EXPECT_EQ(CString(), info.GetValue("OnlyEnglish"));
+  EXPECT_EQ(CString(), info.GetValue("NoSuchKey"));
+  EXPECT_EQ(CString(), info.GetValue(NULL));
+}
+
+TEST(FileVersionInfo, ExecutableAndReloadReplaceTheData) {
+  VrkFileVersionInfo info;
+  ASSERT_TRUE(info.GetFileVersionInfoA(BinFile("vrk_data_verdll.dll").c_str()));
+  ASSERT_TRUE(info.GetFileVersionInfoA(BinFile("vrk_data_verexe.exe").c_str()));
+  EXPECT_STREQ("Tamrix", info.GetValue("CompanyName"));
+  EXPECT_STREQ("Version probe host", info.GetValue("ProductName"));
+  EXPECT_STREQ("1.0.3.1014", info.GetValue("FileVersion"));
+  EXPECT_EQ(MAKELONG(0, 1), (LONG)info.GetFixedInfo()->dwFileVersionMS);
+  EXPECT_EQ(MAKELONG(1014, 3), (LONG)info.GetFixedInfo()->dwFileVersionLS);
+}
+
+TEST(FileVersionInfo, FilesWithoutVersionResourceFail) {
+  VrkFileVersionInfo info;
+  ASSERT_TRUE(info.GetFileVersionInfoA(BinFile("vrk_data_verdll.dll").c_str()));
+  // A failed load drops what the previous one found.
+  EXPECT_FALSE(info.GetFileVersionInfoA(BinFile("vrk_data_noverdll.dll").c_str()));
+  EXPECT_EQ(nullptr, info.GetFixedInfo());
+  EXPECT_EQ(CString(), info.GetValue("CompanyName"));
+
+  TempDir dir;
+  ASSERT_TRUE(TempDir::WriteBytes(dir.File("plain.txt"), "no resources here"));
+  EXPECT_FALSE(info.GetFileVersionInfoA(dir.File("plain.txt").c_str()));
+  EXPECT_FALSE(info.GetFileVersionInfoA(dir.File("missing.dll").c_str()));
+  EXPECT_FALSE(info.GetFileVersionInfoA(""));
+  // A name longer than a path can be is cut, not overrun.
+  std::string longName(5000, 'a');
+  EXPECT_FALSE(info.GetFileVersionInfoA(longName.c_str()));
 }
