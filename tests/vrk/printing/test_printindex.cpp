@@ -1,0 +1,175 @@
+// The print index tree: items, depth-first deletion that frees each sub-tree
+// once, and the archive form with corrupt and mutated archives.
+#include <vrk_printindex.h>
+#include <exception_probe.h>
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+
+namespace {
+
+// Counts the trees destroyed, to see each sub-tree freed exactly once.
+int g_nDestroyed = 0;
+class CountedTree : public VPrintIndexTree {
+public:
+  ~CountedTree() { g_nDestroyed++; }
+};
+
+VIndexItem Item(const char* text, WORD page, DWORD flags = 0, VPrintIndexTree* children = NULL) {
+  VIndexItem item;
+  item.m_strText = text;
+  item.m_nPage = page;
+  item.m_dwFlags = flags;
+  item.m_pChildren = children;
+  return item;
+}
+
+std::string Store(VPrintIndexTree& tree) {
+  CMemFile file;
+  {
+    CArchive ar(&file, CArchive::store);
+    tree.Serialize(ar);
+  }
+  UINT n = (UINT)file.GetLength();
+  BYTE* p = file.Detach();
+  std::string bytes((const char*)p, n);
+  free(p);
+  return bytes;
+}
+
+void Load(const std::string& bytes, VPrintIndexTree& tree) {
+  CMemFile file((BYTE*)bytes.data(), (UINT)bytes.size());
+  CArchive ar(&file, CArchive::load);
+  tree.Serialize(ar);
+}
+
+} // namespace
+
+TEST(PrintIndexTree, ItemDefaultsAndCopies) {
+  VIndexItem item;
+  EXPECT_TRUE(item.m_strText.IsEmpty());
+  EXPECT_EQ(0u, item.m_dwFlags);
+  EXPECT_EQ(nullptr, item.m_pChildren);
+  EXPECT_EQ(0, item.m_nPage);
+
+  VPrintIndexTree sub;
+  VIndexItem copy = Item("Chapter", 4, VIndexItem::flagLeader | VIndexItem::flagPage, &sub);
+  VIndexItem other(copy);
+  EXPECT_STREQ("Chapter", other.m_strText);
+  EXPECT_EQ(&sub, other.m_pChildren); // the sub-tree is shared, not copied
+  EXPECT_EQ(3u, other.m_dwFlags);
+  other.m_pChildren = NULL; // sub is on the stack: no tree owns it here
+}
+
+TEST(PrintIndexTree, DeletingAThreeLevelTreeFreesEachSubTreeOnce) {
+  g_nDestroyed = 0;
+  {
+    VPrintIndexTree root;
+    for (int i = 0; i < 3; i++) {
+      CountedTree* level2 = new CountedTree;
+      for (int j = 0; j < 2; j++) {
+        CountedTree* level3 = new CountedTree;
+        level3->Add(Item("leaf", (WORD)(i * 10 + j)));
+        level2->Add(Item("section", (WORD)i, 0, level3));
+      }
+      level2->Add(Item("no children", 1));
+      root.Add(Item("chapter", (WORD)i, 2, level2));
+    }
+    root.Add(Item("appendix", 99));
+    VPrintIndexTree::DeletePrintIndexTree(&root);
+    EXPECT_EQ(3 + 6, g_nDestroyed);
+    EXPECT_EQ(0, root.GetSize());
+    EXPECT_EQ(nullptr, root.GetData()); // the element block is freed
+
+    // The tree is usable again, and its destructor frees a new sub-tree.
+    root.Add(Item("again", 1, 0, new CountedTree));
+  }
+  EXPECT_EQ(10, g_nDestroyed);
+  VPrintIndexTree::DeletePrintIndexTree(NULL);
+}
+
+TEST(PrintIndexTree, ArchiveHoldsCountAndItemsOnly) {
+  VPrintIndexTree tree;
+  tree.Add(Item("Intro", 3, 1));
+  tree.Add(Item("Ab", 0x1234, 2, new VPrintIndexTree));
+  const std::string bytes = Store(tree);
+  const char want[] = "\x02\x00"
+                      "\x05Intro\x01\x00\x00\x00\x03\x00"
+                      "\x02"
+                      "Ab\x02\x00\x00\x00\x34\x12";
+  EXPECT_EQ(std::string(want, sizeof(want) - 1), bytes);
+
+  g_nDestroyed = 0;
+  VPrintIndexTree loaded;
+  loaded.Add(Item("old", 1, 0, new CountedTree)); // replaced, and freed, by the load
+  Load(bytes, loaded);
+  EXPECT_EQ(1, g_nDestroyed);
+  ASSERT_EQ(2, loaded.GetSize());
+  EXPECT_STREQ("Intro", loaded[0].m_strText);
+  EXPECT_EQ(1u, loaded[0].m_dwFlags);
+  EXPECT_EQ(3, loaded[0].m_nPage);
+  EXPECT_STREQ("Ab", loaded[1].m_strText);
+  EXPECT_EQ(0x1234, loaded[1].m_nPage);
+  EXPECT_EQ(nullptr, loaded[1].m_pChildren); // sub-trees are not persisted
+}
+
+TEST(PrintIndexTree, TruncatedArchivesFailWithEndOfFile) {
+  VPrintIndexTree tree;
+  tree.Add(Item("First entry", 1, 3));
+  tree.Add(Item("Second", 2));
+  const std::string bytes = Store(tree);
+  for (size_t n = 0; n < bytes.size(); n++) {
+    VPrintIndexTree t;
+    EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([&] { Load(bytes.substr(0, n), t); }))
+        << n;
+  }
+  std::string huge("\xFF\xFF\xFF\xFF\xFF\x7F", 6); // a count of two billion
+  huge += bytes.substr(2);
+  VPrintIndexTree t;
+  EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([&] { Load(huge, t); }));
+  EXPECT_EQ(2, t.GetSize());
+}
+
+TEST(PrintIndexTree, MutatedArchivesLoadOrThrowNeverCrash) {
+  VPrintIndexTree tree;
+  for (int i = 0; i < 5; i++)
+    tree.Add(Item(i % 2 ? "Entry with a longer text" : "E", (WORD)(i * 7), (DWORD)i));
+  const std::string good = Store(tree);
+  std::mt19937 rng(77031);
+  int loaded = 0, thrown = 0;
+  for (int k = 0; k < 10000; k++) {
+    std::string m = good;
+    switch (rng() % 4) {
+    case 0:
+      for (int f = 1 + rng() % 3; f > 0; f--)
+        m[rng() % m.size()] = (char)rng();
+      break;
+    case 1:
+      m.resize(rng() % m.size());
+      break;
+    case 2: { // an absurd string length or count where one stands
+      size_t at = (rng() & 1) ? 2 : 0;
+      const char* forms[] = {"\xFF\xFF\xFF\xFF\xFF\x7F", "\xFF\xFE\xFF",
+                             "\xFF\xFF\xFE\xFF\xFF\x0F"};
+      m.replace(at, at ? 1 : 2, forms[rng() % 3]);
+      break;
+    }
+    default:
+      m += std::string(rng() % 40, (char)rng());
+    }
+    VPrintIndexTree t;
+    CRuntimeClass* cls = ThrownClass([&] { Load(m, t); });
+    if (cls == NULL) {
+      loaded++;
+      ASSERT_LE((size_t)t.GetSize() * 7, m.size());
+    } else {
+      thrown++;
+      ASSERT_TRUE(cls->IsDerivedFrom(RUNTIME_CLASS(CArchiveException)) ||
+                  cls->IsDerivedFrom(RUNTIME_CLASS(CMemoryException)))
+          << cls->m_lpszClassName;
+    }
+  }
+  EXPECT_GT(loaded, 0);
+  EXPECT_GT(thrown, 0);
+}

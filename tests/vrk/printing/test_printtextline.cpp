@@ -1,0 +1,119 @@
+// The text line parser: tokens, the attributes markers carry to the next
+// token, doubled markers, line feeds, the end of the text and the profile.
+#include <vrk_printtextline.h>
+#include <gtest/gtest.h>
+
+#include <mbctype.h>
+#include <string>
+#include <vector>
+
+namespace {
+
+struct Tok {
+  std::string text;
+  int result, format, leader, newLine;
+};
+
+// Every token of the line, up to and including the call that returns 1.
+std::vector<Tok> Parse(const char* line) {
+  VPrintTextLineParser parser;
+  std::vector<Tok> toks;
+  for (int guard = 0; guard < 100; guard++) {
+    VPTLTOKEN t;
+    int r = parser.GetNextToken(line, t);
+    if (r == VNT_NOMORE) break;
+    toks.push_back({std::string((LPCSTR)t.strText), r, t.nFormat, t.bLeader, t.bNewLine});
+  }
+  return toks;
+}
+
+std::string Describe(const std::vector<Tok>& toks) {
+  std::string s;
+  for (const Tok& t : toks) {
+    s += "[";
+    for (unsigned char c : t.text)
+      s += c < 0x20 ? "<" + std::to_string(c) + ">" : std::string(1, (char)c);
+    s += " r" + std::to_string(t.result) + " f" + std::to_string(t.format) + " l" +
+         std::to_string(t.leader) + " n" + std::to_string(t.newLine) + "]";
+  }
+  return s;
+}
+
+} // namespace
+
+TEST(PrintTextLine, MarkerAttributesBelongToTheNextToken) {
+  EXPECT_EQ("[Intro r2 f0 l0 n0][12 r2 f2 l1 n0]", Describe(Parse("Intro\x1C\x1E"
+                                                                  "12")));
+  EXPECT_EQ("[a r2 f0 l0 n0][b r2 f1 l0 n0][c r2 f2 l0 n0]", Describe(Parse("a\x1F"
+                                                                            "b\x1E"
+                                                                            "c")));
+  // A leader marker does not end the token: its flag waits for the next one.
+  EXPECT_EQ("[ab r2 f0 l0 n0][c r2 f2 l1 n0]", Describe(Parse("a\x1C"
+                                                              "b\x1E"
+                                                              "c")));
+  // A marker at the very end gives an empty last token.
+  EXPECT_EQ("[x r2 f0 l0 n0][ r2 f2 l0 n0]", Describe(Parse("x\x1E")));
+}
+
+TEST(PrintTextLine, DoubledMarkersAreLiteral) {
+  EXPECT_EQ("[A<28>B r2 f0 l0 n0]", Describe(Parse("A\x1C\x1C"
+                                                   "B")));
+  EXPECT_EQ("[<30><31> r2 f0 l0 n0]", Describe(Parse("\x1E\x1E\x1F\x1F")));
+  // Three in a row: one literal, then a real marker.
+  EXPECT_EQ("[<30> r2 f0 l0 n0][z r2 f2 l0 n0]", Describe(Parse("\x1E\x1E\x1E"
+                                                                "z")));
+}
+
+TEST(PrintTextLine, LineFeedsStartNewLeftAlignedLines) {
+  EXPECT_EQ("[x r3 f0 l0 n0][y r2 f0 l0 n1]", Describe(Parse("x\ny")));
+  // An alignment set just before a line feed goes to the empty token the
+  // line feed ends; each new line starts left-aligned, and a leader marker
+  // reaches only the token right after it.
+  EXPECT_EQ("[a r2 f0 l0 n0][ r3 f2 l0 n0][b r2 f0 l0 n1]", Describe(Parse("a\x1E\nb")));
+  EXPECT_EQ("[ r3 f0 l0 n0][ r3 f0 l1 n1][ r2 f0 l0 n1]", Describe(Parse("\x1C\n\n")));
+}
+
+TEST(PrintTextLine, EmptyLineAndEndOfText) {
+  EXPECT_EQ("[ r2 f0 l0 n0]", Describe(Parse("")));
+  VPrintTextLineParser parser;
+  VPTLTOKEN t;
+  EXPECT_EQ(VNT_TOKEN, parser.GetNextToken("end", t));
+  // Later calls stay at the end and leave the token alone.
+  t.strText = "kept";
+  EXPECT_EQ(VNT_NOMORE, parser.GetNextToken("ignored", t));
+  EXPECT_EQ(VNT_NOMORE, parser.GetNextToken(NULL, t));
+  EXPECT_STREQ("kept", t.strText);
+
+  VPrintTextLineParser unstarted;
+  EXPECT_EQ(VNT_NOMORE, unstarted.GetNextToken(NULL, t));
+  EXPECT_EQ(VNT_TOKEN, unstarted.GetNextToken("late", t));
+  EXPECT_STREQ("late", t.strText);
+}
+
+TEST(PrintTextLine, ProfileTellsWhetherALeaderMarkerIsPresent) {
+  VPTLPROFILE p = {7};
+  EXPECT_EQ(0, VPrintTextLineParser::GetProfile(NULL, p));
+  EXPECT_EQ(7, p.bHasMarkers);
+  EXPECT_EQ(1, VPrintTextLineParser::GetProfile("a\x1E"
+                                                "b",
+                                                p));
+  EXPECT_EQ(0, p.bHasMarkers);
+  EXPECT_EQ(1, VPrintTextLineParser::GetProfile("a\x1C"
+                                                "b",
+                                                p));
+  EXPECT_NE(0, p.bHasMarkers);
+}
+
+TEST(PrintTextLine, MultibyteCharactersStayWhole) {
+  int old = _getmbcp();
+  if (_setmbcp(932) != 0) GTEST_SKIP() << "code page 932 unavailable";
+  // 0x83 0x5E is one character; a lead byte right before the end must not
+  // step past the terminating zero.
+  std::vector<Tok> toks = Parse("\x83\x5E\x1E"
+                                "b\x83");
+  _setmbcp(old);
+  ASSERT_EQ(2u, toks.size());
+  EXPECT_EQ("\x83\x5E", toks[0].text);
+  EXPECT_EQ("b\x83", toks[1].text);
+  EXPECT_EQ(2, toks[1].format);
+}
