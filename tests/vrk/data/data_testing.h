@@ -1,0 +1,90 @@
+// Helpers of the data-value tests: archive bytes, loading archives, the
+// invalid-data report, and a fixed-seed mutator for corrupt archives.
+#ifndef VRK_TESTS_DATA_TESTING_H
+#define VRK_TESTS_DATA_TESTING_H
+
+#include <afx.h>
+#include <vrk_exception.h>
+
+#include "exception_probe.h"
+
+#include <stdint.h>
+#include <string>
+
+// The bytes a storing archive wrote, as one string.
+template <class Fn> std::string ArchiveBytes(Fn write) {
+  CMemFile file;
+  {
+    CArchive ar(&file, CArchive::store);
+    write(ar);
+    ar.Close();
+  }
+  std::string bytes((size_t)file.GetLength(), '\0');
+  file.SeekToBegin();
+  if (!bytes.empty()) file.Read(&bytes[0], (UINT)bytes.size());
+  return bytes;
+}
+
+// Runs read on a loading archive over the bytes.
+template <class Fn> void LoadBytes(const std::string& bytes, Fn read) {
+  CMemFile file;
+  if (!bytes.empty()) file.Write(bytes.data(), (UINT)bytes.size());
+  file.SeekToBegin();
+  CArchive ar(&file, CArchive::load);
+  read(ar);
+}
+
+// The text of the VInvalidDataException fn threw; "" when none. The thrown
+// object is the library's one static instance, constructed with auto-delete
+// set as MFC's default constructor does: a receiver must not Delete it.
+template <class Fn> std::string InvalidDataMessage(Fn fn) {
+  try {
+    fn();
+  } catch (VInvalidDataException* e) {
+    return e->GetMessage();
+  }
+  return "";
+}
+
+// A small fixed-seed generator (xorshift32) so corrupt inputs repeat.
+class Mutator {
+public:
+  explicit Mutator(uint32_t seed) : m_state(seed ? seed : 1) {}
+  uint32_t Next() {
+    m_state ^= m_state << 13;
+    m_state ^= m_state >> 17;
+    m_state ^= m_state << 5;
+    return m_state;
+  }
+  // One of: cut the bytes short, flip bytes, write an absurd 32-bit value,
+  // or insert junk.
+  std::string Mutate(const std::string& in) {
+    std::string s = in;
+    switch (Next() % 4) {
+    case 0:
+      s.resize(s.empty() ? 0 : Next() % s.size());
+      break;
+    case 1:
+      for (int n = 1 + Next() % 3; n > 0 && !s.empty(); n--)
+        s[Next() % s.size()] = (char)Next();
+      break;
+    case 2:
+      if (s.size() >= 4) {
+        size_t at = Next() % (s.size() - 3);
+        uint32_t v = (Next() & 1) ? 0xFFFFFFFFu - Next() % 16 : Next();
+        for (int i = 0; i < 4; i++)
+          s[at + i] = (char)(v >> (8 * i));
+      }
+      break;
+    default:
+      s.insert(s.empty() ? 0 : Next() % s.size(), 1 + Next() % 6, (char)Next());
+      break;
+    }
+    return s;
+  }
+
+private:
+  uint32_t m_state;
+};
+
+#endif

@@ -1,0 +1,233 @@
+// VBoolArray and VBitArray: bit placement, ranges, whole-array tests, the
+// Fill transfers and the exact archive bytes, plus corrupt archives.
+#include <vrk_bitarray.h>
+#include <gtest/gtest.h>
+
+#include "data_testing.h"
+
+namespace {
+
+// Element i of the packed storage.
+unsigned int Element(VBitArray& bits, int i) { return ((unsigned int*)bits.GetBuffer())[i]; }
+
+TEST(BitArray, SizeRoundsElementsUpAndKeepsTheBitCount) {
+  VBitArray bits;
+  EXPECT_EQ(0, bits.GetSize());
+  EXPECT_EQ(-1, bits.GetUpperBound());
+  bits.SetSize(33);
+  EXPECT_EQ(33, bits.GetSize());
+  EXPECT_EQ(32, bits.GetUpperBound());
+  EXPECT_EQ(2, bits.GetCount());
+  EXPECT_TRUE(bits.IsAllClear());
+  bits.SetSize(64);
+  EXPECT_EQ(2, bits.GetCount());
+  bits.RemoveAll();
+  EXPECT_EQ(0, bits.GetSize());
+  EXPECT_EQ(0, bits.GetCount());
+  EXPECT_TRUE(bits.IsAllClear());
+  EXPECT_TRUE(bits.IsAllSet());
+}
+
+TEST(BitArray, BitsLiveInTheirElementAndIndexesAreCheckedAgainstElements) {
+  VBitArray bits;
+  bits.SetSize(33);
+  bits.SetAt(0, TRUE);
+  bits.SetAt(31, TRUE);
+  bits.SetAt(32, 5); // any non-zero value sets
+  EXPECT_EQ(0x80000001u, Element(bits, 0));
+  EXPECT_EQ(1u, Element(bits, 1));
+  EXPECT_EQ(TRUE, bits[31]);
+  EXPECT_EQ(FALSE, bits.GetAt(30));
+  bits.SetAt(31, FALSE);
+  EXPECT_EQ(1u, Element(bits, 0));
+  // Bit 40 is past the bit count but inside element 1.
+  EXPECT_EQ(FALSE, bits.GetAt(40));
+  bits.SetAt(40, TRUE);
+  EXPECT_EQ(TRUE, bits.GetAt(40));
+  EXPECT_EQ(RUNTIME_CLASS(CInvalidArgException), ThrownClass([&] { bits.GetAt(64); }));
+  EXPECT_EQ(RUNTIME_CLASS(CInvalidArgException), ThrownClass([&] { bits.SetAt(64, 1); }));
+  EXPECT_EQ(RUNTIME_CLASS(CInvalidArgException), ThrownClass([&] { bits.GetAt(-1); }));
+}
+
+TEST(BitArray, SetAtGrowFillsWholeElements) {
+  VBitArray bits;
+  bits.SetAtGrow(40, TRUE);
+  EXPECT_EQ(64, bits.GetSize());
+  EXPECT_EQ(2, bits.GetCount());
+  EXPECT_EQ(0u, Element(bits, 0));
+  EXPECT_EQ(0x100u, Element(bits, 1));
+  bits.SetAtGrow(3, TRUE); // inside: no growth
+  EXPECT_EQ(64, bits.GetSize());
+  EXPECT_EQ(8u, Element(bits, 0));
+  EXPECT_EQ(RUNTIME_CLASS(CInvalidArgException), ThrownClass([&] { bits.SetAtGrow(-1, 1); }));
+}
+
+TEST(BitArray, SetBitsAndClearBitsTouchExactlyTheRange) {
+  VBitArray bits;
+  bits.SetSize(96);
+  bits.SetBits(3, 5);
+  EXPECT_EQ(0x38u, Element(bits, 0));
+  bits.ClearAll();
+  bits.SetBits(30, 65); // across three elements
+  EXPECT_EQ(0xC0000000u, Element(bits, 0));
+  EXPECT_EQ(0xFFFFFFFFu, Element(bits, 1));
+  EXPECT_EQ(0x3u, Element(bits, 2));
+  bits.SetBits(0, 31);
+  EXPECT_EQ(0xFFFFFFFFu, Element(bits, 0));
+  bits.SetBits(70); // to the last bit
+  EXPECT_EQ(0xFFFFFFC3u, Element(bits, 2));
+  EXPECT_TRUE(bits.IsAllSet() == FALSE);
+
+  bits.SetAll();
+  bits.ClearBits(3, 5);
+  EXPECT_EQ(0xFFFFFFC7u, Element(bits, 0));
+  bits.ClearBits(31, 32);
+  EXPECT_EQ(0x7FFFFFC7u, Element(bits, 0));
+  EXPECT_EQ(0xFFFFFFFEu, Element(bits, 1));
+  bits.ClearBits(64);
+  EXPECT_EQ(0u, Element(bits, 2));
+  bits.ClearBits(0, 31);
+  EXPECT_EQ(0u, Element(bits, 0));
+  EXPECT_EQ(0xFFFFFFFEu, Element(bits, 1));
+
+  EXPECT_EQ(RUNTIME_CLASS(CInvalidArgException), ThrownClass([&] { bits.SetBits(0, 96); }));
+  EXPECT_EQ(RUNTIME_CLASS(CInvalidArgException), ThrownClass([&] { bits.ClearBits(96, 97); }));
+  VBitArray empty;
+  EXPECT_EQ(RUNTIME_CLASS(CInvalidArgException), ThrownClass([&] { empty.SetBits(0); }));
+}
+
+TEST(BitArray, SetAllKeepsUnusedBitsClearAndIsAllSetIgnoresThem) {
+  for (unsigned int n : {1u, 31u, 32u, 33u, 64u, 100u}) {
+    VBitArray bits;
+    bits.SetSize(n);
+    bits.SetAll();
+    EXPECT_TRUE(bits.IsAllSet()) << n;
+    EXPECT_FALSE(bits.IsAllClear()) << n;
+    unsigned int last = Element(bits, bits.GetCount() - 1);
+    EXPECT_EQ(n % 32 == 0 ? 0xFFFFFFFFu : (1u << (n % 32)) - 1, last) << n;
+    bits.ClearBits(0, 0);
+    EXPECT_FALSE(bits.IsAllSet()) << n;
+    bits.ClearAll();
+    EXPECT_TRUE(bits.IsAllClear()) << n;
+  }
+  VBitArray bits;
+  bits.SetSize(33);
+  bits.SetAll();
+  EXPECT_EQ(1u, Element(bits, 1));
+}
+
+TEST(BitArray, FillTransfersBetweenBitsAndBytes) {
+  VBitArray bits;
+  bits.SetSize(20);
+  bits.FillBitsFromByte(0xA5, 2, 8);
+  EXPECT_EQ(0xA5u << 2, Element(bits, 0));
+  bits.FillBitsFromByte(0x00, 2, 3); // clears only three bits
+  EXPECT_EQ(0xA0u << 2, Element(bits, 0));
+  // Positions at or beyond the bit count are skipped on write, read as 0.
+  bits.FillBitsFromByte(0xFF, 16, 8);
+  EXPECT_EQ(0xF0280u, Element(bits, 0));
+  unsigned char by = 0x77;
+  bits.FillByteFromBits(by, 16, 8);
+  EXPECT_EQ(0x0F, by);
+  bits.FillByteFromBits(by, 7, 8);
+  EXPECT_EQ(0x05, by);
+  bits.FillByteFromBits(by, 3, 0);
+  EXPECT_EQ(0, by);
+  unsigned short w = 0;
+  bits.FillWordFromBits(w, 4, 16);
+  EXPECT_EQ(0xF028, w);
+
+  std::string m = InvalidDataMessage([&] { bits.FillByteFromBits(by, 0, 9); });
+  EXPECT_NE(std::string::npos, m.find(".\\vrk_bitarray.cpp, line 386")) << m;
+  m = InvalidDataMessage([&] { bits.FillBitsFromByte(1, 0, -1); });
+  EXPECT_NE(std::string::npos, m.find(".\\vrk_bitarray.cpp, line 371")) << m;
+  m = InvalidDataMessage([&] { bits.FillWordFromBits(w, 0, 17); });
+  EXPECT_NE(std::string::npos, m.find(".\\vrk_bitarray.cpp, line 410")) << m;
+  EXPECT_EQ(RUNTIME_CLASS(CInvalidArgException),
+            ThrownClass([&] { bits.FillBitsFromByte(1, -1, 2); }));
+}
+
+TEST(BitArraySerialize, WritesCountElementsAndBitCount) {
+  VBitArray bits;
+  bits.SetSize(40);
+  bits.SetBits(0, 3);
+  bits.SetAt(39, TRUE);
+  std::string bytes = ArchiveBytes([&](CArchive& ar) { bits.Serialize(ar); });
+  EXPECT_EQ(std::string("\x02\x00"
+                        "\x0F\x00\x00\x00"
+                        "\x80\x00\x00\x00"
+                        "\x28\x00\x00\x00",
+                        14),
+            bytes);
+  VBitArray back;
+  back.SetSize(7);
+  back.SetAll();
+  LoadBytes(bytes, [&](CArchive& ar) { back.Serialize(ar); });
+  EXPECT_EQ(40, back.GetSize());
+  EXPECT_EQ(2, back.GetCount());
+  EXPECT_EQ(0xFu, Element(back, 0));
+  EXPECT_EQ(0x80u, Element(back, 1));
+
+  VBoolArray flags;
+  flags.Add(1);
+  flags.Add(-2);
+  EXPECT_EQ(std::string("\x02\x00\x01\x00\x00\x00\xFE\xFF\xFF\xFF", 10),
+            ArchiveBytes([&](CArchive& ar) { flags.Serialize(ar); }));
+}
+
+TEST(BitArraySerialize, LargeCountsUseTheLongCountForm) {
+  VBitArray bits;
+  bits.SetSize(32 * 70000);
+  bits.SetBits(32 * 69999);
+  std::string bytes = ArchiveBytes([&](CArchive& ar) { bits.Serialize(ar); });
+  ASSERT_EQ(2u + 4u + 70000u * 4u + 4u, bytes.size());
+  EXPECT_EQ(std::string("\xFF\xFF\x70\x11\x01\x00", 6), bytes.substr(0, 6));
+  VBitArray back;
+  LoadBytes(bytes, [&](CArchive& ar) { back.Serialize(ar); });
+  EXPECT_EQ(32 * 70000, back.GetSize());
+  EXPECT_EQ(0xFFFFFFFFu, Element(back, 69999));
+  EXPECT_EQ(0u, Element(back, 69998));
+}
+
+TEST(BitArraySerialize, CorruptArchivesFailWithArchiveOrMemoryExceptions) {
+  // An absurd count with nothing behind it: end of file, not a huge block.
+  EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([] {
+              VBitArray bits;
+              LoadBytes(std::string("\xFF\xFF\xF0\xFF\xFF\x0F\x01\x00", 8),
+                        [&](CArchive& ar) { bits.Serialize(ar); });
+            }));
+  EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([] {
+              VBitArray bits;
+              LoadBytes(std::string("\x01\x00\x01\x00\x00\x00", 6),
+                        [&](CArchive& ar) { bits.Serialize(ar); });
+            }));
+
+  VBitArray source;
+  source.SetSize(200);
+  source.SetBits(5, 150);
+  const std::string good = ArchiveBytes([&](CArchive& ar) { source.Serialize(ar); });
+  Mutator mutator(20261122);
+  int failures = 0;
+  for (int i = 0; i < 10000; i++) {
+    const std::string bad = mutator.Mutate(good);
+    try {
+      VBitArray bits;
+      LoadBytes(bad, [&](CArchive& ar) { bits.Serialize(ar); });
+      // Whatever loaded must stay safe to use.
+      bits.SetAll();
+      bits.IsAllSet();
+      if (bits.GetCount() > 0) bits.GetAt(0);
+    } catch (CArchiveException* e) {
+      failures++;
+      e->Delete();
+    } catch (CMemoryException* e) {
+      failures++;
+      e->Delete();
+    } catch (CInvalidArgException* e) {
+      e->Delete();
+    }
+  }
+  EXPECT_GT(failures, 1000);
+}
+
+} // namespace
