@@ -191,6 +191,14 @@ TEST(RectRgnSimplify, RowsWithHolesAreSortedAndMergedByTopOnly) {
   EXPECT_EQ(0, apart.SimplifyRgn()); // nothing merged, but the list is sorted
   EXPECT_EQ("(0,7,4,8)(0,1,4,2)", Str(apart.Rects()));
 
+  // Two pieces of one row are neither merged nor exchanged with each other.
+  TestRgn sameRow;
+  sameRow.AddRectDirect(CRect(0, 5, 4, 6));
+  sameRow.AddRectDirect(CRect(0, 1, 4, 2));
+  sameRow.AddRectDirect(CRect(6, 5, 8, 6));
+  EXPECT_EQ(0, sameRow.SimplifyRgn());
+  EXPECT_EQ("(0,5,4,6)(6,5,8,6)(0,1,4,2)", Str(sameRow.Rects()));
+
   // Only tops are compared: a narrower row still joins the run and keeps
   // the first rectangle's left, right and bottom.
   TestRgn ragged;

@@ -46,22 +46,6 @@ void Load(const std::string& bytes, VPrintIndexTree& tree) {
 
 } // namespace
 
-TEST(PrintIndexTree, ItemDefaultsAndCopies) {
-  VIndexItem item;
-  EXPECT_TRUE(item.m_strText.IsEmpty());
-  EXPECT_EQ(0u, item.m_dwFlags);
-  EXPECT_EQ(nullptr, item.m_pChildren);
-  EXPECT_EQ(0, item.m_nPage);
-
-  VPrintIndexTree sub;
-  VIndexItem copy = Item("Chapter", 4, VIndexItem::flagLeader | VIndexItem::flagPage, &sub);
-  VIndexItem other(copy);
-  EXPECT_STREQ("Chapter", other.m_strText);
-  EXPECT_EQ(&sub, other.m_pChildren); // the sub-tree is shared, not copied
-  EXPECT_EQ(3u, other.m_dwFlags);
-  other.m_pChildren = NULL; // sub is on the stack: no tree owns it here
-}
-
 TEST(PrintIndexTree, DeletingAThreeLevelTreeFreesEachSubTreeOnce) {
   g_nDestroyed = 0;
   {
