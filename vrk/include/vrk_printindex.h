@@ -38,8 +38,9 @@ public:
   static void DeletePrintIndexTree(VPrintIndexTree* pTree);
 
   // The count (archive count form), then each item's text (CString form),
-  // flags (DWORD) and page (WORD). Sub-trees are not persisted and loaded
-  // items have none: we keep only the level's count and items. A load first
+  // flags (DWORD) and page (WORD): field by field, since the array's
+  // default bitwise form would write the string and sub-tree pointers.
+  // Sub-trees are not persisted and loaded items have none. A load first
   // deletes the tree's present items and sub-trees.
   virtual void Serialize(CArchive& ar);
 
