@@ -1,0 +1,192 @@
+// Paths on disk: folder chains with their result, last error and roll-back,
+// shell copy and delete, attribute changes, temporary names, system folders.
+#include <vrk_path.h>
+#include <gtest/gtest.h>
+
+#include "temp_dir.h"
+
+#include <io.h>
+#include <shellapi.h>
+#include <shlobj.h>
+
+#include <string>
+
+namespace {
+
+const unsigned short kQuiet = FOF_SILENT | FOF_NOCONFIRMATION | FOF_NOERRORUI;
+
+bool Exists(const std::string& path) { return _access(path.c_str(), 0) == 0; }
+
+TEST(PathCreateDirectory, CreatesTheChainAndReportsAnExistingOneAsFailure) {
+  TempDir dir;
+  std::string deep = dir.File("a\\b\\c");
+  SetLastError(0);
+  EXPECT_TRUE(VrkCreateDirectory(deep.c_str(), NULL));
+  EXPECT_TRUE(VrkIsDirectory(deep.c_str()));
+  SetLastError(0);
+  EXPECT_FALSE(VrkCreateDirectory(deep.c_str(), NULL));
+  EXPECT_EQ((DWORD)ERROR_ALREADY_EXISTS, GetLastError());
+  // A trailing separator and forward slashes work the same way.
+  EXPECT_TRUE(VrkCreateDirectory(dir.File("x/y\\").c_str(), NULL));
+  EXPECT_TRUE(VrkIsDirectory(dir.File("x\\y").c_str()));
+  EXPECT_FALSE(VrkCreateDirectory(NULL, NULL));
+}
+
+TEST(PathCreateDirectory, RollsBackWhatItMadeWhenALaterFolderFails) {
+  TempDir dir;
+  std::string bad = dir.File("new1\\new2\\bad<name>");
+  EXPECT_FALSE(VrkCreateDirectory(bad.c_str(), NULL));
+  DWORD dwError = GetLastError();
+  EXPECT_NE(0u, dwError);
+  EXPECT_NE((DWORD)ERROR_ALREADY_EXISTS, dwError);
+  EXPECT_FALSE(Exists(dir.File("new1")));
+}
+
+TEST(PathCreateDirectory, UncWithoutAFolderIsNoDirectory) {
+  SetLastError(0);
+  EXPECT_FALSE(VrkCreateDirectory("\\\\server", NULL));
+  EXPECT_EQ((DWORD)ERROR_DIRECTORY, GetLastError());
+  EXPECT_FALSE(VrkCreateDirectory(std::string(300, 'd').c_str(), NULL));
+}
+
+TEST(PathShell, CopiesOneSourceAndManySources) {
+  TempDir dir;
+  ASSERT_TRUE(TempDir::WriteBytes(dir.File("one.txt"), "first"));
+  ASSERT_TRUE(TempDir::WriteBytes(dir.File("two.txt"), "second"));
+  ASSERT_TRUE(CreateDirectoryA(dir.File("out").c_str(), NULL));
+  EXPECT_TRUE(VrkCopyPathName(dir.File("one.txt").c_str(), dir.File("copy.txt").c_str(), kQuiet));
+  EXPECT_EQ("first", TempDir::ReadBytes(dir.File("copy.txt")));
+
+  CStringArray sources;
+  sources.Add(dir.File("one.txt").c_str());
+  sources.Add(dir.File("two.txt").c_str());
+  EXPECT_TRUE(VrkCopyPathNameEx(&sources, dir.File("out").c_str(), kQuiet));
+  EXPECT_EQ("first", TempDir::ReadBytes(dir.File("out\\one.txt")));
+  EXPECT_EQ("second", TempDir::ReadBytes(dir.File("out\\two.txt")));
+
+  CStringArray empty;
+  EXPECT_FALSE(VrkCopyPathNameEx(&empty, dir.File("out").c_str(), kQuiet));
+  EXPECT_FALSE(VrkCopyPathNameEx(NULL, dir.File("out").c_str(), kQuiet));
+  EXPECT_FALSE(VrkCopyPathNameEx(&sources, NULL, kQuiet));
+  EXPECT_FALSE(VrkCopyPathName(NULL, "x", kQuiet));
+  EXPECT_FALSE(VrkCopyPathName(dir.File("missing.txt").c_str(), dir.File("m2").c_str(), kQuiet));
+  // An over-long name fails instead of being cut to some other name.
+  EXPECT_FALSE(VrkCopyPathName((dir.Path() + "\\" + std::string(300, 'o')).c_str(),
+                               dir.File("z").c_str(), kQuiet));
+}
+
+TEST(PathShell, DeletesWildcardsAndWholeTrees) {
+  TempDir dir;
+  ASSERT_TRUE(TempDir::WriteBytes(dir.File("a.log"), "1"));
+  ASSERT_TRUE(TempDir::WriteBytes(dir.File("b.log"), "2"));
+  ASSERT_TRUE(TempDir::WriteBytes(dir.File("keep.txt"), "3"));
+  EXPECT_TRUE(VrkRemoveFile(dir.File("*.log").c_str(), kQuiet));
+  EXPECT_FALSE(Exists(dir.File("a.log")));
+  EXPECT_FALSE(Exists(dir.File("b.log")));
+  EXPECT_TRUE(Exists(dir.File("keep.txt")));
+
+  ASSERT_TRUE(VrkCreateDirectory(dir.File("tree\\sub").c_str(), NULL));
+  ASSERT_TRUE(TempDir::WriteBytes(dir.File("tree\\sub\\f.txt"), "x"));
+  EXPECT_FALSE(VrkRemoveDirectory(dir.File("keep.txt").c_str(), kQuiet));
+  EXPECT_TRUE(Exists(dir.File("keep.txt")));
+  EXPECT_FALSE(VrkRemoveDirectory(dir.File("nothing").c_str(), kQuiet));
+  EXPECT_FALSE(VrkRemoveDirectory(NULL, kQuiet));
+  EXPECT_TRUE(VrkRemoveDirectory(dir.File("tree").c_str(), kQuiet));
+  EXPECT_FALSE(Exists(dir.File("tree")));
+  EXPECT_FALSE(VrkRemoveFile(NULL, kQuiet));
+  EXPECT_FALSE(VrkIsDirectory(dir.File("keep.txt").c_str()));
+}
+
+TEST(PathAttributes, SetAndClearRecursively) {
+  TempDir dir;
+  ASSERT_TRUE(VrkCreateDirectory(dir.File("sub").c_str(), NULL));
+  ASSERT_TRUE(TempDir::WriteBytes(dir.File("top.txt"), "t"));
+  ASSERT_TRUE(TempDir::WriteBytes(dir.File("sub\\low.txt"), "l"));
+  std::string pattern = dir.File("*.*");
+  EXPECT_TRUE(VrkChangeFileAttributes(pattern.c_str(), FILE_ATTRIBUTE_READONLY, TRUE, TRUE));
+  EXPECT_TRUE(GetFileAttributesA(dir.File("top.txt").c_str()) & FILE_ATTRIBUTE_READONLY);
+  EXPECT_TRUE(GetFileAttributesA(dir.File("sub\\low.txt").c_str()) & FILE_ATTRIBUTE_READONLY);
+  EXPECT_TRUE(VrkChangeFileAttributes(pattern.c_str(), FILE_ATTRIBUTE_READONLY, FALSE, FALSE));
+  EXPECT_FALSE(GetFileAttributesA(dir.File("top.txt").c_str()) & FILE_ATTRIBUTE_READONLY);
+  EXPECT_TRUE(GetFileAttributesA(dir.File("sub\\low.txt").c_str()) & FILE_ATTRIBUTE_READONLY);
+  EXPECT_TRUE(VrkChangeFileAttributes(pattern.c_str(), FILE_ATTRIBUTE_READONLY, FALSE, TRUE));
+  EXPECT_FALSE(GetFileAttributesA(dir.File("sub\\low.txt").c_str()) & FILE_ATTRIBUTE_READONLY);
+  EXPECT_FALSE(VrkChangeFileAttributes(NULL, 0, TRUE, FALSE));
+}
+
+TEST(PathTempName, FileIsMadeAndRemovedOnDestruction) {
+  std::string name;
+  {
+    VTempPathName temp;
+    name = (const char*)temp;
+    EXPECT_TRUE(Exists(name));
+    char tempDir[MAX_PATH];
+    GetTempPathA(MAX_PATH, tempDir);
+    EXPECT_STREQ(tempDir, temp.GetPath());
+  }
+  EXPECT_FALSE(Exists(name));
+}
+
+TEST(PathTempName, FolderWithExtensionAndAdoptedNames) {
+  TempDir dir;
+  std::string name;
+  {
+    VTempPathName temp(dir.Path().c_str(), "vt", "dir", TRUE, 0, TRUE);
+    name = (const char*)temp;
+    EXPECT_EQ(dir.Path(), temp.GetPath());
+    EXPECT_EQ(".dir", name.substr(name.size() - 4));
+    EXPECT_TRUE(VrkIsDirectory(name.c_str()));
+    ASSERT_TRUE(TempDir::WriteBytes(name + "\\inside.txt", "i"));
+  }
+  EXPECT_FALSE(Exists(name));
+
+  // A file with a new extension: the system's .TMP file stays.
+  {
+    VTempPathName temp(dir.Path().c_str(), "vf", "dat", FALSE, 0, FALSE);
+    name = (const char*)temp;
+    EXPECT_EQ(".dat", name.substr(name.size() - 4));
+    EXPECT_FALSE(Exists(name));
+    std::string tmp = name.substr(0, name.size() - 4) + ".tmp";
+    EXPECT_TRUE(Exists(tmp));
+  }
+
+  ASSERT_TRUE(TempDir::WriteBytes(dir.File("adopted.txt"), "a"));
+  { VTempPathName keep(dir.File("adopted.txt").c_str(), FALSE); }
+  EXPECT_TRUE(Exists(dir.File("adopted.txt")));
+  {
+    VTempPathName drop(dir.File("adopted.txt").c_str(), TRUE);
+    EXPECT_STREQ("", drop.GetPath());
+  }
+  EXPECT_FALSE(Exists(dir.File("adopted.txt")));
+}
+
+TEST(PathSystemFolders, WindowsSystemAndSpecialFolders) {
+  char sz[MAX_PATH];
+  GetWindowsDirectoryA(sz, MAX_PATH);
+  EXPECT_EQ(std::string(sz), (const char*)VrkPathGetWindowsDirectory());
+  GetSystemDirectoryA(sz, MAX_PATH);
+  EXPECT_EQ(std::string(sz), (const char*)VrkPathGetSystemDirectory());
+  EXPECT_EQ(0, lstrcmpiA(VrkPathGetWindowsDirectory(), VrkPathGetSpecialFolderPath(CSIDL_WINDOWS)));
+  // A virtual folder has no path.
+  EXPECT_TRUE(VrkPathGetSpecialFolderPath(CSIDL_DRIVES).IsEmpty());
+}
+
+TEST(PathSystemFolders, LongNameOfAShortName) {
+  TempDir dir;
+  std::string longName = dir.File("a rather long file name.text");
+  ASSERT_TRUE(TempDir::WriteBytes(longName, "l"));
+  char shortName[MAX_PATH];
+  ASSERT_NE(0u, GetShortPathNameA(longName.c_str(), shortName, MAX_PATH));
+  CString strLong;
+  unsigned long n = VrkPathGetLongPathName(shortName, strLong, MAX_PATH);
+  EXPECT_EQ((unsigned long)strLong.GetLength(), n);
+  char expected[MAX_PATH];
+  ASSERT_NE(0u, GetLongPathNameA(longName.c_str(), expected, MAX_PATH));
+  EXPECT_EQ(0, lstrcmpiA(expected, strLong)) << (const char*)strLong;
+
+  strLong = "stale";
+  EXPECT_EQ(0u, VrkPathGetLongPathName(dir.File("no such file.x").c_str(), strLong, MAX_PATH));
+  EXPECT_TRUE(strLong.IsEmpty());
+}
+
+} // namespace
