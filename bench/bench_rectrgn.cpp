@@ -3,13 +3,9 @@
 // cuts the new cell against every element present and each RemoveRect walks
 // the whole list, so both grow with the square of the count; the exchange
 // sort of SimplifyRgn does too.
-// It needs VRK.dll: bench/rectrgn.cmake links it and defines
-// BENCH_RECTRGN_WITH_VRK; a build that has not included that file yet gets a
-// program that says so instead of timing anything.
 #include "bench_clock.h"
 #include <stdio.h>
 
-#ifdef BENCH_RECTRGN_WITH_VRK
 #include <vrk_rectrgn.h>
 
 namespace {
@@ -64,12 +60,3 @@ int main() {
   Simplify(10000);
   return 0;
 }
-
-#else
-
-int main() {
-  printf("bench_rectrgn: not linked with VRK.dll (bench/rectrgn.cmake is not included)\n");
-  return 0;
-}
-
-#endif
