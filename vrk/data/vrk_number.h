@@ -60,8 +60,10 @@ public:
   virtual void AssertValid() const;
   virtual void Dump(CDumpContext& dc) const;
 
-  // An integer as text at the type's own bit width (8 x its size), in the
-  // radix of pFlags or of the record; FALSE for other types.
+  // The per-family text conversions are this library's own choice: they
+  // give what FormatText does not, an integer at its type's own bit width
+  // (8 x its size) in the radix of pFlags or of the record, FALSE for other
+  // types.
   virtual BOOL IntegerToText(CString& strText, const BYTE* pFlags = NULL) const;
   // A float or double as text ("%.9g" / "%.17g"); FALSE for other types.
   virtual BOOL FloatToText(CString& strText) const;

@@ -76,24 +76,32 @@ TEST(Number, TypeTableNamesAndSizes) {
     BYTE type;
     const char* name;
     int size;
-  } table[] = {{0x00, "unknown", 0}, {0x10, "boolean", 0}, {0x20, "byte", 1},
-               {0x21, "word", 2},    {0x22, "dword", 4},   {0x23, "unsigned __int64", 8},
-               {0x30, "char", 1},    {0x31, "short", 2},   {0x32, "int", 4},
-               {0x33, "__int64", 8}, {0x40, "float", 4},   {0x41, "double", 8},
-               {0x24, "", 0},        {0x77, "", 0}};
+  } table[] = {{0x10, "boolean", 0},
+               {0x20, "byte", 1},
+               {0x21, "word", 2},
+               {0x22, "dword", 4},
+               {0x23, "unsigned __int64", 8},
+               {0x30, "char", 1},
+               {0x31, "short", 2},
+               {0x32, "int", 4},
+               {0x33, "__int64", 8},
+               {0x40, "float", 4},
+               {0x41, "double", 8},
+               {0x24, "", 0},
+               {0x77, "", 0}};
   for (const auto& row : table) {
-    std::unique_ptr<VNumber> n = NewNumber();
-    // A code 0 loads nothing; give the number its record through a boolean
-    // first and check the unknown code apart.
-    if (row.type == 0) continue;
-    n = Loaded(row.type, 0, 0);
+    std::unique_ptr<VNumber> n = Loaded(row.type, 0, 0);
     CString name;
     EXPECT_EQ(row.name[0] != 0, n->GetTypeName(name) != FALSE) << (int)row.type;
     EXPECT_EQ(row.name, std::string(name)) << (int)row.type;
     EXPECT_EQ(row.size, n->GetSize()) << (int)row.type;
     EXPECT_EQ(row.size, VNumber::GetTypeSize(row.type));
   }
+  // Code 0 ("unknown") carries nothing in an archive and loads nothing.
   EXPECT_EQ(0, VNumber::GetTypeSize(0));
+  std::unique_ptr<VNumber> n = Loaded(0x32, 0, 9);
+  LoadBytes(std::string(1, '\0'), [&](CArchive& ar) { n->Serialize(ar); });
+  EXPECT_EQ("9", Signed(*n, 32, 0));
 }
 
 TEST(Number, FormatTextPassesTheByteSizeAsTheBitWidth) {
