@@ -7,7 +7,6 @@
 
 #include <stdio.h>
 
-#ifdef BENCH_BITARRAY_WITH_VRK
 #include <vrk_bitarray.h>
 
 namespace {
@@ -77,12 +76,3 @@ int main() {
   Report("SetBits 4,000 ranges of 100 bits", shortSet, shortLoop);
   return 0;
 }
-
-#else
-
-int main() {
-  printf("bench_bitarray: not linked with VRK.dll (include bench/bitarray.cmake)\n");
-  return 0;
-}
-
-#endif
