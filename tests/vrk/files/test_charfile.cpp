@@ -1,0 +1,175 @@
+// VCharFileReader: whole-file walks, lines without line feeds or too long
+// for the line buffer, and field splitting with its quirks.
+#include <vrk_charfilereader.h>
+#include <afxwin.h>
+#include <gtest/gtest.h>
+
+#include "msgbox_catcher.h"
+#include "temp_dir.h"
+
+#include <string>
+#include <vector>
+
+namespace {
+
+// Opens the protected line reader to the tests.
+class LineReader : public VCharFileReader {
+public:
+  explicit LineReader(const char* pszName) : VCharFileReader(pszName) {}
+  using VCharFileReader::FinishedWithFile;
+  using VCharFileReader::ReadLine;
+  using VCharFileReader::ReadOneByte;
+  CFile* Current() {
+    CFile* p = NULL;
+    GetCurrentFile(p);
+    return p;
+  }
+  // Every line the file holds, as ReadFile walks them.
+  std::vector<std::string> AllLines() {
+    std::vector<std::string> lines;
+    if (!OpenAndUseExistingFile(m_strFileName, CFile::modeRead)) return lines;
+    GetFileSize(m_nFileSize);
+    CString strLine;
+    while (!FinishedWithFile() && ReadLine(strLine))
+      lines.push_back((const char*)strLine);
+    return lines;
+  }
+};
+
+std::vector<std::string> Fields(const char* pszLine, char cSeparator, int* pResult = NULL) {
+  VCharFileReader reader;
+  reader.SetSeparator(cSeparator);
+  CString strLine(pszLine);
+  CStringArray fields;
+  const int nResult = reader.ParseLine(strLine, &fields);
+  if (pResult != NULL) *pResult = nResult;
+  std::vector<std::string> out;
+  for (INT_PTR i = 0; i < fields.GetSize(); ++i)
+    out.push_back((const char*)fields[i]);
+  return out;
+}
+
+typedef std::vector<std::string> Strings;
+
+TEST(CharFileParse, FieldsAreTrimmedAndTheLastOneIsDropped) {
+  int nResult = -1;
+  EXPECT_EQ(Strings({"a", "b"}), Fields("a, b ,c", ',', &nResult));
+  EXPECT_EQ(1, nResult);
+  EXPECT_EQ(Strings({"a", "b", ""}), Fields(" a ;b;;tail", ';'));
+  EXPECT_EQ(Strings({"x", "y"}), Fields("x\ty\t", '\t'));
+  // No separator and no quote: nothing, FALSE.
+  EXPECT_EQ(Strings(), Fields("alone", ',', &nResult));
+  EXPECT_EQ(0, nResult);
+  EXPECT_EQ(Strings(), Fields("", ',', &nResult));
+  EXPECT_EQ(0, nResult);
+}
+
+TEST(CharFileParse, AQuotedFieldRunsToTheEndOfTheLine) {
+  EXPECT_EQ(Strings({"1", "\"two, \"three\", four\""}),
+            Fields("1, \"two, \"three\", four\"  ", ','));
+  EXPECT_EQ(Strings({"\"q\",x"}), Fields("  \"q\",x", ','));
+  // A quote later in a field does not count.
+  EXPECT_EQ(Strings({"a\"b", "c"}), Fields("a\"b,c,d", ','));
+}
+
+TEST(CharFileParse, AppendsToWhatTheArrayHoldsAndRefusesNoArray) {
+  VCharFileReader reader;
+  reader.SetSeparator('|');
+  CStringArray fields;
+  fields.Add("kept");
+  CString strLine("a|b|");
+  EXPECT_EQ(1, reader.ParseLine(strLine, &fields));
+  ASSERT_EQ(3, fields.GetSize());
+  EXPECT_STREQ("kept", fields[0]);
+  EXPECT_STREQ("b", fields[2]);
+  EXPECT_EQ(0, reader.ParseLine(strLine, NULL));
+  // Nothing new, but the array is not empty: TRUE.
+  CString strNone("none");
+  EXPECT_EQ(1, reader.ParseLine(strNone, &fields));
+  EXPECT_EQ(3, fields.GetSize());
+}
+
+TEST(CharFileRead, WalksAFileAndLeavesItOpen) {
+  TempDir dir;
+  const std::string name = dir.File("data.csv");
+  ASSERT_TRUE(TempDir::WriteBytes(name, "[head]\r\na,b,c\r\n\r\nx;y\n\"q\",1\r\n"));
+  LineReader reader(name.c_str());
+  reader.SetSeparator(',');
+  reader.SetSection('[');
+  EXPECT_EQ(1, reader.ReadFile());
+  ASSERT_TRUE(reader.Current() != NULL);
+  EXPECT_NE(CFile::hFileNull, reader.Current()->m_hFile);
+  EXPECT_EQ(1, reader.FinishedWithFile());
+  // A second walk while the file is set is refused.
+  EXPECT_EQ(0, reader.ReadFile());
+  EXPECT_EQ(0, reader.ProcessLine(NULL));
+  // The file is open without sharing until closed.
+  EXPECT_EQ(1, reader.CloseFile());
+
+  LineReader lines(name.c_str());
+  EXPECT_EQ(Strings({"[head]", "a,b,c", "", "x;y", "\"q\",1"}), lines.AllLines());
+}
+
+TEST(CharFileRead, LastLineWithoutALineFeedFailsAndClosesTheFile) {
+  TempDir dir;
+  const std::string name = dir.File("open.csv");
+  ASSERT_TRUE(TempDir::WriteBytes(name, "a,b\r\nc,d"));
+  LineReader reader(name.c_str());
+  reader.SetSeparator(',');
+  EXPECT_EQ(0, reader.ReadFile());
+  ASSERT_TRUE(reader.Current() != NULL);
+  EXPECT_EQ(CFile::hFileNull, reader.Current()->m_hFile);
+
+  LineReader lines(name.c_str());
+  EXPECT_EQ(Strings({"a,b"}), lines.AllLines());
+}
+
+TEST(CharFileRead, LineBufferIsBoundedAt1199Characters) {
+  TempDir dir;
+  const std::string fits = std::string(1199, 'f');
+  const std::string name = dir.File("long.txt");
+  ASSERT_TRUE(TempDir::WriteBytes(name, fits + "\r\n" + std::string(1200, 'g') + "\r\nnext\n"));
+  LineReader reader(name.c_str());
+  ASSERT_EQ(1, reader.OpenAndUseExistingFile(name.c_str(), CFile::modeRead));
+  CString strLine;
+  EXPECT_EQ(1, reader.ReadLine(strLine));
+  EXPECT_EQ(fits, (const char*)strLine);
+  EXPECT_EQ(0, reader.ReadLine(strLine));
+  reader.CloseFile();
+
+  LineReader walker(name.c_str());
+  EXPECT_EQ(0, walker.ReadFile());
+  // A long run of bytes without any line feed fails the same way.
+  const std::string huge = dir.File("huge.txt");
+  ASSERT_TRUE(TempDir::WriteBytes(huge, std::string(100000, 'h') + "\n"));
+  LineReader hugeWalker(huge.c_str());
+  EXPECT_EQ(0, hugeWalker.ReadFile());
+}
+
+TEST(CharFileRead, MissingOrUnnamedFilesAndNoFileAtAll) {
+  TempDir dir;
+  MsgBoxCatcher catcher;
+  LineReader missing(dir.File("missing.csv").c_str());
+  EXPECT_EQ(0, missing.ReadFile());
+  LineReader unnamed(NULL);
+  EXPECT_EQ(0, unnamed.ReadFile());
+  // _access rules the missing file out before any open: no box.
+  EXPECT_EQ(0u, catcher.Count());
+  unsigned char b = 9;
+  EXPECT_EQ(0, unnamed.ReadOneByte(&b));
+  EXPECT_EQ(9, b);
+  EXPECT_EQ(1, unnamed.FinishedWithFile());
+  CString strLine("old");
+  EXPECT_EQ(0, unnamed.ReadLine(strLine));
+  EXPECT_TRUE(strLine.IsEmpty());
+}
+
+TEST(CharFileRead, EmptyFileIsReadAtOnce) {
+  TempDir dir;
+  const std::string name = dir.File("empty.csv");
+  ASSERT_TRUE(TempDir::WriteBytes(name, ""));
+  LineReader reader(name.c_str());
+  EXPECT_EQ(1, reader.ReadFile());
+}
+
+} // namespace

@@ -1,0 +1,179 @@
+// Whole-file functions: access codes, copies, comparisons, positions, the
+// end-of-file tests and the line counter.
+#include <vrk_filefunc.h>
+#include <afxwin.h>
+#include <gtest/gtest.h>
+
+#include "temp_dir.h"
+
+#include <string>
+
+namespace {
+
+TEST(FileAccess, CodesForMissingPresentAndLockedFiles) {
+  TempDir dir;
+  const std::string name = dir.File("a.txt");
+  for (int mode : {0, 2, 4, 6, 7})
+    EXPECT_EQ(2, VrkFileAccess(name.c_str(), mode)) << mode;
+  EXPECT_EQ(2, VrkFileAccess(NULL, 0));
+  ASSERT_TRUE(TempDir::WriteBytes(name, "x"));
+  for (int mode : {0, 2, 4, 6, 7})
+    EXPECT_EQ(0, VrkFileAccess(name.c_str(), mode)) << mode;
+
+  // A file held exclusively opens in no mode, but it exists.
+  HANDLE h = CreateFileA(name.c_str(), GENERIC_READ, 0, NULL, OPEN_EXISTING, 0, NULL);
+  ASSERT_NE(INVALID_HANDLE_VALUE, h);
+  EXPECT_EQ(13, VrkFileAccess(name.c_str(), 4));
+  EXPECT_EQ(0, VrkFileAccess(name.c_str(), 0));
+  CloseHandle(h);
+  // The probe closed the file again: it can be deleted.
+  EXPECT_EQ(0, VrkFileAccess(name.c_str(), 6));
+  EXPECT_TRUE(DeleteFileA(name.c_str()));
+}
+
+std::string Pattern(size_t n) {
+  std::string s(n, '\0');
+  for (size_t i = 0; i < n; ++i)
+    s[i] = (char)(i * 7 + i / 251);
+  return s;
+}
+
+TEST(FileCopy, ByNameCopiesEveryByteAndTruncatesTheDestination) {
+  TempDir dir;
+  const std::string src = dir.File("src.bin"), dst = dir.File("dst.bin");
+  const std::string bytes = Pattern(4096 * 3 + 17);
+  ASSERT_TRUE(TempDir::WriteBytes(src, bytes));
+  ASSERT_TRUE(TempDir::WriteBytes(dst, std::string(50000, 'o')));
+  EXPECT_EQ(1, VrkFileCopy(dst.c_str(), src.c_str()));
+  EXPECT_EQ(bytes, TempDir::ReadBytes(dst));
+  EXPECT_EQ(0, VrkFileCopy(dst.c_str(), dir.File("missing").c_str()));
+  EXPECT_EQ(0, VrkFileCopy(dir.File("no\\such\\dir.bin").c_str(), src.c_str()));
+  EXPECT_EQ(0, VrkFileCopy((const char*)NULL, src.c_str()));
+  EXPECT_EQ(bytes, TempDir::ReadBytes(dst));
+}
+
+TEST(FileCopy, FromTheCurrentPositionAndCountingTheBytes) {
+  const std::string bytes = Pattern(10000);
+  CMemFile source, dest;
+  source.Write(bytes.data(), (UINT)bytes.size());
+  source.Seek(1000, CFile::begin);
+  EXPECT_EQ(9000ul, VrkFileCopy(&dest, &source));
+  ASSERT_EQ(9000u, (unsigned)dest.GetLength());
+  std::string copied(9000, '\0');
+  dest.SeekToBegin();
+  dest.Read(&copied[0], 9000);
+  EXPECT_EQ(bytes.substr(1000), copied);
+  EXPECT_EQ(0ul, VrkFileCopy(&dest, &source)); // at the end already
+  EXPECT_EQ(0ul, VrkFileCopy(NULL, &source));
+  EXPECT_EQ(0ul, VrkFileCopy(&dest, (CFile*)NULL));
+}
+
+TEST(FileComp, SizesFirstThenTheFirstDifferingByte) {
+  TempDir dir;
+  const std::string a = dir.File("a.bin"), b = dir.File("b.bin"), e1 = dir.File("e1"),
+                    e2 = dir.File("e2");
+  std::string bytes = Pattern(9000);
+  ASSERT_TRUE(TempDir::WriteBytes(a, bytes));
+  ASSERT_TRUE(TempDir::WriteBytes(b, bytes));
+  ASSERT_TRUE(TempDir::WriteBytes(e1, ""));
+  ASSERT_TRUE(TempDir::WriteBytes(e2, ""));
+  long n = 99;
+  EXPECT_EQ(1, VrkFileComp(a.c_str(), b.c_str(), n));
+  EXPECT_EQ(0, n);
+
+  // A difference in the third block: the first file's byte is larger.
+  bytes[8500] = (char)((unsigned char)bytes[8500] - 1);
+  ASSERT_TRUE(TempDir::WriteBytes(b, bytes));
+  EXPECT_EQ(1, VrkFileComp(a.c_str(), b.c_str(), n));
+  EXPECT_EQ(1, n);
+  EXPECT_EQ(1, VrkFileComp(b.c_str(), a.c_str(), n));
+  EXPECT_EQ(-1, n);
+
+  ASSERT_TRUE(TempDir::WriteBytes(b, bytes.substr(0, 8990)));
+  EXPECT_EQ(1, VrkFileComp(a.c_str(), b.c_str(), n));
+  EXPECT_EQ(10, n);
+  EXPECT_EQ(1, VrkFileComp(b.c_str(), a.c_str(), n));
+  EXPECT_EQ(-10, n);
+
+  n = 5;
+  EXPECT_EQ(1, VrkFileComp(e1.c_str(), e2.c_str(), n));
+  EXPECT_EQ(0, n);
+}
+
+TEST(FileComp, SameNameMissingFilesAndSharingViolations) {
+  TempDir dir;
+  const std::string a = dir.File("Same.bin"), b = dir.File("other.bin");
+  ASSERT_TRUE(TempDir::WriteBytes(a, "1234"));
+  ASSERT_TRUE(TempDir::WriteBytes(b, "1235"));
+  long n = 7;
+  std::string upper = a;
+  for (char& c : upper)
+    c = (char)toupper((unsigned char)c);
+  EXPECT_EQ(1, VrkFileComp(a.c_str(), upper.c_str(), n));
+  EXPECT_EQ(0, n);
+  n = 7;
+  EXPECT_EQ(0, VrkFileComp(a.c_str(), dir.File("missing").c_str(), n));
+  EXPECT_EQ(0, VrkFileComp(dir.File("missing").c_str(), a.c_str(), n));
+  EXPECT_EQ(0, VrkFileComp(NULL, a.c_str(), n));
+  EXPECT_EQ(7, n);
+
+  // Held exclusively: the comparison ends TRUE with the size result.
+  HANDLE h = CreateFileA(b.c_str(), GENERIC_READ, 0, NULL, OPEN_EXISTING, 0, NULL);
+  ASSERT_NE(INVALID_HANDLE_VALUE, h);
+  n = 7;
+  EXPECT_EQ(1, VrkFileComp(a.c_str(), b.c_str(), n));
+  EXPECT_EQ(0, n);
+  EXPECT_EQ(1, VrkFileComp(b.c_str(), a.c_str(), n));
+  EXPECT_EQ(0, n);
+  CloseHandle(h);
+  EXPECT_EQ(1, VrkFileComp(a.c_str(), b.c_str(), n));
+  EXPECT_EQ(-1, n);
+}
+
+TEST(FileEOF, FalseAtStartTrueFromOneToOnePastTheEnd) {
+  TempDir dir;
+  const std::string name = dir.File("eof.bin");
+  ASSERT_TRUE(TempDir::WriteBytes(name, "abcd"));
+  CFile file(name.c_str(), CFile::modeRead);
+  void* h = (void*)file.m_hFile;
+  EXPECT_EQ(0ul, VrkFileGetPos(h));
+  EXPECT_EQ(0, VrkFileEOF(h));
+  EXPECT_EQ(0, VrkFileEOF(&file));
+  for (LONGLONG pos : {1, 2, 4, 5}) {
+    file.Seek(pos, CFile::begin);
+    EXPECT_EQ((unsigned long)pos, VrkFileGetPos(h));
+    EXPECT_EQ(1, VrkFileEOF(h)) << pos;
+    EXPECT_EQ(1, VrkFileEOF(&file)) << pos;
+  }
+  file.Seek(6, CFile::begin);
+  EXPECT_EQ(0, VrkFileEOF(&file));
+  file.Close();
+
+  ASSERT_TRUE(TempDir::WriteBytes(name, ""));
+  CFile empty(name.c_str(), CFile::modeRead);
+  EXPECT_EQ(1, VrkFileEOF(&empty));
+}
+
+TEST(FileEOF, ArchiveFormUsesItsFilesHandle) {
+  TempDir dir;
+  const std::string name = dir.File("ar.bin");
+  ASSERT_TRUE(TempDir::WriteBytes(name, "0123456789"));
+  CFile file(name.c_str(), CFile::modeRead);
+  CArchive ar(&file, CArchive::load);
+  EXPECT_EQ(0, VrkFileEOF(ar));
+  BYTE b;
+  ar >> b; // the archive fills its buffer: the handle moves to the end
+  EXPECT_EQ(1, VrkFileEOF(ar));
+  ar.Close();
+}
+
+TEST(CountLines, LineFeedsCountedByCharacter) {
+  EXPECT_EQ(0, VrkCountLines(NULL));
+  EXPECT_EQ(0, VrkCountLines(""));
+  EXPECT_EQ(1, VrkCountLines("one"));
+  EXPECT_EQ(2, VrkCountLines("one\n"));
+  EXPECT_EQ(3, VrkCountLines("a\r\nb\nc"));
+  EXPECT_EQ(4, VrkCountLines("\n\n\n"));
+}
+
+} // namespace
