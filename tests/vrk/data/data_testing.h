@@ -6,33 +6,11 @@
 #include <afx.h>
 #include <vrk_exception.h>
 
+#include "archive_bytes.h"
 #include "exception_probe.h"
 
 #include <stdint.h>
 #include <string>
-
-// The bytes a storing archive wrote, as one string.
-template <class Fn> std::string ArchiveBytes(Fn write) {
-  CMemFile file;
-  {
-    CArchive ar(&file, CArchive::store);
-    write(ar);
-    ar.Close();
-  }
-  std::string bytes((size_t)file.GetLength(), '\0');
-  file.SeekToBegin();
-  if (!bytes.empty()) file.Read(&bytes[0], (UINT)bytes.size());
-  return bytes;
-}
-
-// Runs read on a loading archive over the bytes.
-template <class Fn> void LoadBytes(const std::string& bytes, Fn read) {
-  CMemFile file;
-  if (!bytes.empty()) file.Write(bytes.data(), (UINT)bytes.size());
-  file.SeekToBegin();
-  CArchive ar(&file, CArchive::load);
-  read(ar);
-}
 
 // The text of the VInvalidDataException fn threw; "" when none. The thrown
 // object is the library's one static instance, constructed with auto-delete

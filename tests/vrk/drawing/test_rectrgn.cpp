@@ -5,6 +5,8 @@
 #include <exception_probe.h>
 #include <gtest/gtest.h>
 
+#include "archive_bytes.h"
+
 #include <random>
 #include <string>
 #include <vector>
@@ -38,22 +40,11 @@ std::string Str(const std::vector<CRect>& v) {
 }
 
 std::string StoreArray(VCellRectArray& a) {
-  CMemFile file;
-  {
-    CArchive ar(&file, CArchive::store);
-    a.Serialize(ar);
-  }
-  UINT n = (UINT)file.GetLength();
-  BYTE* p = file.Detach();
-  std::string bytes((const char*)p, n);
-  free(p);
-  return bytes;
+  return ArchiveBytes([&](CArchive& ar) { a.Serialize(ar); });
 }
 
 void LoadArray(const std::string& bytes, VCellRectArray& a) {
-  CMemFile file((BYTE*)bytes.data(), (UINT)bytes.size());
-  CArchive ar(&file, CArchive::load);
-  a.Serialize(ar);
+  LoadBytes(bytes, [&](CArchive& ar) { a.Serialize(ar); });
 }
 
 } // namespace

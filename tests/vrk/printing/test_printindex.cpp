@@ -4,6 +4,8 @@
 #include <exception_probe.h>
 #include <gtest/gtest.h>
 
+#include "archive_bytes.h"
+
 #include <random>
 #include <string>
 
@@ -26,22 +28,11 @@ VIndexItem Item(const char* text, WORD page, DWORD flags = 0, VPrintIndexTree* c
 }
 
 std::string Store(VPrintIndexTree& tree) {
-  CMemFile file;
-  {
-    CArchive ar(&file, CArchive::store);
-    tree.Serialize(ar);
-  }
-  UINT n = (UINT)file.GetLength();
-  BYTE* p = file.Detach();
-  std::string bytes((const char*)p, n);
-  free(p);
-  return bytes;
+  return ArchiveBytes([&](CArchive& ar) { tree.Serialize(ar); });
 }
 
 void Load(const std::string& bytes, VPrintIndexTree& tree) {
-  CMemFile file((BYTE*)bytes.data(), (UINT)bytes.size());
-  CArchive ar(&file, CArchive::load);
-  tree.Serialize(ar);
+  LoadBytes(bytes, [&](CArchive& ar) { tree.Serialize(ar); });
 }
 
 } // namespace

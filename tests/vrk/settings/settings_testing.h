@@ -4,23 +4,10 @@
 
 #include <afx.h>
 
+#include "archive_bytes.h"
 #include "exception_probe.h"
 
 #include <string>
-
-// The bytes a storing archive wrote, as one string.
-template <class Fn> std::string Stored(Fn write) {
-  CMemFile file;
-  {
-    CArchive ar(&file, CArchive::store);
-    write(ar);
-    ar.Close();
-  }
-  std::string bytes((size_t)file.GetLength(), '\0');
-  file.SeekToBegin();
-  if (!bytes.empty()) file.Read(&bytes[0], (UINT)bytes.size());
-  return bytes;
-}
 
 // A loading archive over a copy of the given bytes.
 class LoadingArchive {

@@ -12,7 +12,7 @@
 namespace {
 
 std::string Slim(unsigned long value) {
-  return Stored([=](CArchive& ar) { VrkArWriteSlim(ar, value); });
+  return ArchiveBytes([=](CArchive& ar) { VrkArWriteSlim(ar, value); });
 }
 
 unsigned long ReadSlim(const std::string& bytes) {
@@ -50,7 +50,7 @@ TEST(ArSlim, TruncatedInputAndWrongDirectionThrowArchiveExceptions) {
               VrkArWriteSlim(*ar, 1);
             }));
   EXPECT_EQ(CArchiveException::writeOnly, ArchiveCause([] {
-              Stored([](CArchive& ar) {
+              ArchiveBytes([](CArchive& ar) {
                 unsigned long v;
                 VrkArReadSlim(ar, v);
               });

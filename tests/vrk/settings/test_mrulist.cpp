@@ -110,7 +110,7 @@ TEST(StringMruListSerialize, WritesTheEntriesThenTheCapacity) {
   VStringMruList list(3);
   list.Add("B");
   list.Add("Ab");
-  const std::string bytes = Stored([&](CArchive& ar) { list.Serialize(ar); });
+  const std::string bytes = ArchiveBytes([&](CArchive& ar) { list.Serialize(ar); });
   EXPECT_EQ(std::string("\x03\x00"
                         "\x02"
                         "Ab"
@@ -131,7 +131,7 @@ TEST(StringMruListSerialize, WritesTheEntriesThenTheCapacity) {
 TEST(StringMruListSerialize, RoundTripsAsAnObjectByItsRunTimeClass) {
   VStringMruList list(2);
   list.Add("path\\one.txt");
-  const std::string bytes = Stored([&](CArchive& ar) { ar << &list; });
+  const std::string bytes = ArchiveBytes([&](CArchive& ar) { ar << &list; });
   LoadingArchive ar(bytes);
   CObject* object = NULL;
   *ar >> object;
