@@ -362,6 +362,18 @@ public:
   CWnd* GetTopLevelParent() const;
   CWnd* GetTopLevelOwner() const;
   CWnd* GetDescendantWindow(int nID, BOOL bOnlyPerm = FALSE) const;
+
+  // Lays out the control bars among the children whose ids lie in
+  // [nIDFirst, nIDLast] (WM_SIZEPARENT) and gives what is left to child
+  // nIDLeftOver (reposQuery: only computes it into lpRectParam).
+  enum RepositionFlags {
+    reposDefault = 0,
+    reposQuery = 1,
+    reposExtra = 2,
+    reposNoPosLeftOver = 0x8000
+  };
+  void RepositionBars(UINT nIDFirst, UINT nIDLast, UINT nIDLeftOver, UINT nFlag = reposDefault,
+                      LPRECT lpRectParam = NULL, LPCRECT lpRectClient = NULL, BOOL bStretch = TRUE);
   static BOOL PASCAL WalkPreTranslateTree(HWND hWndStop, MSG* pMsg);
 
   // ---- Dialog items
@@ -1213,6 +1225,22 @@ public:
   // Fills the instance handles and the exe, help, application and profile
   // names from the module (called by AfxWinInit).
   void SetCurrentHandles();
+
+  // ---- Printer set-up: the application's current printer, kept as global
+  // DEVMODE and DEVNAMES blocks (NULL until a printer is chosen or looked up).
+  HGLOBAL m_hDevMode;
+  HGLOBAL m_hDevNames;
+  // Fills *pPrintDlg with the current printer (the default one the first
+  // time); FALSE when there is no printer.
+  BOOL GetPrinterDeviceDefaults(PRINTDLG* pPrintDlg);
+  // Makes the given blocks the current printer (frees the old ones when
+  // bFreeOld).
+  void SelectPrinter(HANDLE hDevNames, HANDLE hDevMode, BOOL bFreeOld = TRUE);
+  // A DC for the current printer in dc; FALSE when there is none.
+  BOOL CreatePrinterDC(CDC& dc);
+  // ID_FILE_PRINT_SETUP: the print-setup form of the print dialog.
+  void OnFilePrintSetup();
+  void UpdatePrinterSelection(BOOL bForceDefaults);
 };
 
 AFX_API CWinApp* AFXAPI AfxGetApp();

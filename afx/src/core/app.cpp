@@ -17,7 +17,7 @@ static LPTSTR DupString(LPCTSTR psz) {
 CWinApp::CWinApp(LPCTSTR lpszAppName)
     : m_pszAppName(NULL), m_hInstance(NULL), m_hPrevInstance(NULL), m_lpCmdLine(NULL),
       m_nCmdShow(SW_SHOWNORMAL), m_pszExeName(NULL), m_pszHelpFilePath(NULL),
-      m_pszProfileName(NULL), m_pszRegistryKey(NULL) {
+      m_pszProfileName(NULL), m_pszRegistryKey(NULL), m_hDevMode(NULL), m_hDevNames(NULL) {
   if (lpszAppName != NULL) m_pszAppName = DupString(lpszAppName);
 
   // The application object is the constructing thread's CWinThread; its
@@ -38,6 +38,8 @@ CWinApp::~CWinApp() {
   free((void*)m_pszHelpFilePath);
   free((void*)m_pszProfileName);
   free((void*)m_pszRegistryKey);
+  if (m_hDevMode != NULL) ::GlobalFree(m_hDevMode);
+  if (m_hDevNames != NULL) ::GlobalFree(m_hDevNames);
   m_hThread = NULL; // the pseudo handle of GetCurrentThread
 }
 
