@@ -73,4 +73,8 @@ public:
   }
 };
 
+// Status bar and toolbar controls; the rich edit control.
+#include "afxcmnbar_.h"
+#include "afxcmnrich_.h"
+
 #endif // AFXCMN_H
