@@ -1,10 +1,12 @@
-// afxwin.h - the application framework: command targets, threads, the
-// application object, message boxes and the module's resources. Window
-// classes join this header later; CWnd is only named here.
+// afxwin.h - the application framework: command targets, windows, dialogs
+// and controls, threads, the application object, frames, documents and
+// views, message boxes and the module's resources.
 #ifndef AFXWIN_H
 #define AFXWIN_H
 
 #include "afx.h"
+#include "afxcoll.h"
+#include "afxres.h"
 
 #include "atltypes.h"
 
@@ -17,7 +19,6 @@ class CDynLinkLibrary;
 class CMenu;
 class CScrollBar;
 class CDataExchange;
-// CCreateContext is completed by the document/view classes.
 struct CCreateContext;
 
 // Marks the message handlers of a class.
@@ -1255,6 +1256,485 @@ AFX_API BOOL AFXAPI AfxWinInit(HINSTANCE hInstance, HINSTANCE hPrevInstance, LPT
 // ExitInstance when InitInstance fails); returns the exit code.
 AFX_API int AFXAPI AfxWinMain(HINSTANCE hInstance, HINSTANCE hPrevInstance, LPTSTR lpCmdLine,
                               int nCmdShow);
+
+// ---- Frames, documents and views ---------------------------------------------
+
+class CDocument;
+class CView;
+class CFrameWnd;
+class CMDIFrameWnd;
+class CMDIChildWnd;
+class CDocTemplate;
+class CDocManager;
+class CControlBar;
+class CPrintInfo;
+
+// What a frame needs to create its view for a document: the view's class,
+// the document, the template and the frame. Handed to Create/LoadFrame and
+// passed on to OnCreateClient and the view's WM_CREATE.
+struct CCreateContext {
+  CRuntimeClass* m_pNewViewClass;
+  CDocument* m_pCurrentDoc;
+  CDocTemplate* m_pNewDocTemplate;
+  CView* m_pLastView;
+  CFrameWnd* m_pCurrentFrame;
+  CCreateContext()
+      : m_pNewViewClass(NULL), m_pCurrentDoc(NULL), m_pNewDocTemplate(NULL), m_pLastView(NULL),
+        m_pCurrentFrame(NULL) {}
+};
+
+// Frame styles (in the low word of the window style, unused by Windows for
+// overlapped windows): the document's name is shown in the title, before the
+// application's name with FWS_PREFIXTITLE.
+#define FWS_ADDTOTITLE 0x00008000L
+#define FWS_PREFIXTITLE 0x00004000L
+#define FWS_SNAPTOBARS 0x00002000L
+
+// CFrameWnd::m_nShowDelay / ShowControlBar's delayed forms.
+#define AFX_SHOWBAR_DELAY 0x0001
+
+// A frame window: its menu, icon, accelerators and title come from one
+// resource id (LoadFrame); it owns the active view, lays out its control bars
+// and view (RecalcLayout), routes commands to the active view, itself and the
+// application, and writes prompts and "Ready" to its status bar.
+class AFX_API CFrameWnd : public CWnd {
+  DECLARE_DYNCREATE(CFrameWnd)
+public:
+  // CW_USEDEFAULT for every corner: Windows chooses.
+  static const CRect rectDefault;
+
+  CFrameWnd();
+  virtual ~CFrameWnd();
+
+  BOOL Create(LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle = WS_OVERLAPPEDWINDOW,
+              const RECT& rect = rectDefault, CWnd* pParentWnd = NULL, LPCTSTR lpszMenuName = NULL,
+              DWORD dwExStyle = 0, CCreateContext* pContext = NULL);
+  // The menu, icon and accelerators named nIDResource and the title from
+  // string nIDResource (its first "\n" field).
+  virtual BOOL LoadFrame(UINT nIDResource,
+                         DWORD dwDefaultStyle = WS_OVERLAPPEDWINDOW | FWS_ADDTOTITLE,
+                         CWnd* pParentWnd = NULL, CCreateContext* pContext = NULL);
+  // A view of pContext->m_pNewViewClass as child nID; NULL on failure.
+  CView* CreateView(CCreateContext* pContext, UINT nID = AFX_IDW_PANE_FIRST);
+
+  // ---- Active view and document
+  virtual CFrameWnd* GetActiveFrame();
+  CView* GetActiveView() const { return m_pViewActive; }
+  void SetActiveView(CView* pViewNew, BOOL bNotify = TRUE);
+  virtual CDocument* GetActiveDocument();
+
+  // ---- Showing, layout and title
+  virtual void ActivateFrame(int nCmdShow = -1);
+  void InitialUpdateFrame(CDocument* pDoc, BOOL bMakeVisible);
+  virtual void RecalcLayout(BOOL bNotify = TRUE);
+  void DelayRecalcLayout(BOOL bNotify = TRUE);
+  virtual void OnUpdateFrameTitle(BOOL bAddToTitle);
+  void UpdateFrameTitleForDocument(LPCTSTR lpszDocName);
+  void DelayUpdateFrameTitle() { m_nIdleFlags |= idleTitle; }
+  void SetTitle(LPCTSTR lpszTitle) { m_strTitle = lpszTitle; }
+  CString GetTitle() const { return m_strTitle; }
+  BOOL IsTracking() const { return m_nIDTracking != 0; }
+
+  // ---- Control bars and the status bar
+  // The control bar child with the id, or NULL.
+  CControlBar* GetControlBar(UINT nID);
+  void ShowControlBar(CControlBar* pBar, BOOL bShow, BOOL bDelay);
+  // The window that shows messages: the AFX_IDW_STATUS_BAR child, or NULL.
+  virtual CWnd* GetMessageBar();
+  // Writes the text to the first pane of the status bar.
+  void SetMessageText(LPCTSTR lpszText);
+  void SetMessageText(UINT nID);
+  // The prompt of command nID: its string up to the first "\n".
+  virtual void GetMessageString(UINT nID, CString& rMessage) const;
+
+  // ---- Accelerators
+  HACCEL m_hAccelTable;
+  BOOL LoadAccelTable(LPCTSTR lpszResourceName);
+  virtual HACCEL GetDefaultAccelerator();
+
+  // ---- Overridables
+  virtual BOOL PreCreateWindow(CREATESTRUCT& cs);
+  virtual BOOL PreTranslateMessage(MSG* pMsg);
+  virtual BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo);
+  virtual BOOL OnCreateClient(LPCREATESTRUCT lpcs, CCreateContext* pContext);
+  virtual void PostNcDestroy();
+  virtual void OnSetPreviewMode(BOOL, void*) {}
+
+  // ---- State
+  CString m_strTitle;
+  UINT m_nIDHelp;         // the resource id given to LoadFrame
+  BOOL m_bAutoMenuEnable; // menu items without a handler are disabled
+  HMENU m_hMenuDefault;   // the menu loaded by LoadFrame
+  UINT m_nIDTracking;     // the command whose prompt is shown (0: none)
+  UINT m_nIDLastMessage;  // the last message shown
+  int m_nWindow;          // the window's number among its document's (-1: one)
+  UINT m_nIdleFlags;
+  enum IdleFlags { idleMenu = 1, idleTitle = 2, idleNotify = 4, idleLayout = 8 };
+  CView* m_pViewActive;
+  BOOL m_bInRecalcLayout;
+
+  afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
+  afx_msg void OnDestroy();
+  afx_msg void OnClose();
+  afx_msg void OnSize(UINT nType, int cx, int cy);
+  afx_msg void OnSetFocus(CWnd* pOldWnd);
+  afx_msg BOOL OnEraseBkgnd(CDC* pDC);
+  afx_msg void OnActivate(UINT nState, CWnd* pWndOther, BOOL bMinimized);
+  afx_msg void OnInitMenuPopup(CMenu* pMenu, UINT nIndex, BOOL bSysMenu);
+  afx_msg void OnMenuSelect(UINT nItemID, UINT nFlags, HMENU hSysMenu);
+  afx_msg LRESULT OnSetMessageString(WPARAM wParam, LPARAM lParam);
+  afx_msg LRESULT OnPopMessageString(WPARAM wParam, LPARAM lParam);
+  afx_msg LRESULT OnIdleUpdateCmdUI(WPARAM wParam, LPARAM lParam);
+  afx_msg LRESULT OnEnterIdle(WPARAM wParam, LPARAM lParam);
+  afx_msg LRESULT OnRecalcParent(WPARAM wParam, LPARAM lParam);
+  afx_msg void OnUpdateKeyIndicator(CCmdUI* pCmdUI);
+  afx_msg void OnUpdateControlBarMenu(CCmdUI* pCmdUI);
+  afx_msg BOOL OnBarCheck(UINT nID);
+
+protected:
+  // WM_CREATE's work: the client (view), the menu, layout.
+  int OnCreateHelper(LPCREATESTRUCT lpcs, CCreateContext* pContext);
+  DECLARE_MESSAGE_MAP()
+};
+
+// The MDI frame: its client is the system's MDICLIENT (AFX_IDW_PANE_FIRST),
+// whose children are CMDIChildWnd frames; unhandled messages go through
+// DefFrameProc. Commands go to the active child first.
+class AFX_API CMDIFrameWnd : public CFrameWnd {
+  DECLARE_DYNCREATE(CMDIFrameWnd)
+public:
+  CMDIFrameWnd();
+  virtual ~CMDIFrameWnd();
+
+  HWND m_hWndMDIClient;
+
+  virtual BOOL LoadFrame(UINT nIDResource,
+                         DWORD dwDefaultStyle = WS_OVERLAPPEDWINDOW | FWS_ADDTOTITLE,
+                         CWnd* pParentWnd = NULL, CCreateContext* pContext = NULL);
+  virtual BOOL OnCreateClient(LPCREATESTRUCT lpcs, CCreateContext* pContext);
+  // Creates the MDICLIENT; pWindowMenu is the popup that lists the children.
+  virtual BOOL CreateClient(LPCREATESTRUCT lpCreateStruct, CMenu* pWindowMenu);
+  // The popup of hMenuBar that holds the ID_WINDOW_ commands (else the one
+  // before the last), or NULL.
+  virtual HMENU GetWindowMenuPopup(HMENU hMenuBar);
+
+  void MDIActivate(CWnd* pWndActivate);
+  CMDIChildWnd* MDIGetActive(BOOL* pbMaximized = NULL) const;
+  void MDIIconArrange();
+  void MDIMaximize(CWnd* pWnd);
+  void MDINext();
+  void MDIPrev();
+  void MDIRestore(CWnd* pWnd);
+  CMenu* MDISetMenu(CMenu* pFrameMenu, CMenu* pWindowMenu);
+  void MDITile();
+  void MDITile(int nType);
+  void MDICascade();
+  void MDICascade(int nType);
+
+  virtual CFrameWnd* GetActiveFrame();
+  virtual BOOL PreTranslateMessage(MSG* pMsg);
+  virtual BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo);
+  virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
+  virtual LRESULT DefWindowProc(UINT nMsg, WPARAM wParam, LPARAM lParam);
+  virtual void OnUpdateFrameTitle(BOOL bAddToTitle);
+  // Puts the active child's menu (or hMenuAlt, or the frame's own) on the bar.
+  virtual void OnUpdateFrameMenu(HMENU hMenuAlt);
+  void DelayUpdateFrameMenu(HMENU hMenuAlt);
+
+  afx_msg void OnWindowNew();
+  afx_msg BOOL OnMDIWindowCmd(UINT nID);
+  afx_msg void OnUpdateMDIWindowCmd(CCmdUI* pCmdUI);
+  afx_msg void OnDestroy();
+  afx_msg void OnSize(UINT nType, int cx, int cy);
+  afx_msg LRESULT OnIdleUpdateCmdUI(WPARAM wParam, LPARAM lParam);
+
+protected:
+  DECLARE_MESSAGE_MAP()
+};
+
+// A frame inside an MDI frame's client. It shows its template's shared menu
+// and accelerators while active; unhandled messages go through DefMDIChildProc.
+class AFX_API CMDIChildWnd : public CFrameWnd {
+  DECLARE_DYNCREATE(CMDIChildWnd)
+public:
+  CMDIChildWnd();
+  virtual ~CMDIChildWnd();
+
+  virtual BOOL Create(LPCTSTR lpszClassName, LPCTSTR lpszWindowName,
+                      DWORD dwStyle = WS_CHILD | WS_VISIBLE | WS_OVERLAPPEDWINDOW,
+                      const RECT& rect = rectDefault, CMDIFrameWnd* pParentWnd = NULL,
+                      CCreateContext* pContext = NULL);
+  // Within the main MDI frame; the template's shared menu and accelerators
+  // (pContext) are used rather than loading nIDResource's.
+  virtual BOOL LoadFrame(UINT nIDResource,
+                         DWORD dwDefaultStyle = WS_CHILD | WS_VISIBLE | WS_OVERLAPPEDWINDOW |
+                                                FWS_ADDTOTITLE,
+                         CWnd* pParentWnd = NULL, CCreateContext* pContext = NULL);
+
+  CMDIFrameWnd* GetMDIFrame();
+  void MDIDestroy();
+  void MDIActivate();
+  void MDIMaximize();
+  void MDIRestore();
+  void SetHandles(HMENU hMenu, HACCEL hAccel);
+
+  HMENU m_hMenuShared; // the menu shown while active (the template's)
+
+  virtual BOOL DestroyWindow();
+  virtual BOOL PreCreateWindow(CREATESTRUCT& cs);
+  virtual BOOL PreTranslateMessage(MSG* pMsg);
+  virtual LRESULT DefWindowProc(UINT nMsg, WPARAM wParam, LPARAM lParam);
+  virtual void ActivateFrame(int nCmdShow = -1);
+  virtual void OnUpdateFrameTitle(BOOL bAddToTitle);
+  virtual void OnUpdateFrameMenu(BOOL bActive, CWnd* pActivateWnd, HMENU hMenuAlt);
+  virtual CWnd* GetMessageBar();
+
+  afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
+  afx_msg LRESULT OnMDIActivate(WPARAM wParam, LPARAM lParam);
+  afx_msg void OnSize(UINT nType, int cx, int cy);
+
+protected:
+  DECLARE_MESSAGE_MAP()
+};
+
+// A view: a child of a frame that shows a document. OnDraw paints it (screen
+// and printer); OnUpdate is called when the document changes.
+class AFX_API CView : public CWnd {
+  DECLARE_DYNAMIC(CView)
+protected:
+  CView();
+
+public:
+  virtual ~CView();
+
+  CDocument* GetDocument() const { return m_pDocument; }
+  virtual BOOL IsSelected(const CObject* pDocItem) const;
+
+  virtual void OnDraw(CDC* pDC) = 0;
+  // After the document is loaded or created: calls OnUpdate(NULL, 0, NULL).
+  virtual void OnInitialUpdate();
+  // The document changed: invalidates the whole view.
+  virtual void OnUpdate(CView* pSender, LPARAM lHint, CObject* pHint);
+  // Before OnDraw; a printer DC gets nothing changed here.
+  virtual void OnPrepareDC(CDC* pDC, CPrintInfo* pInfo = NULL);
+  virtual void OnActivateView(BOOL bActivate, CView* pActivateView, CView* pDeactiveView);
+  virtual void OnActivateFrame(UINT nState, CFrameWnd* pFrameWnd);
+
+  // ---- Printing: the print job (OnFilePrint) calls these in turn.
+  // OnPreparePrinting returns FALSE to cancel; the default does nothing and
+  // lets the job go on (views override it to call DoPreparePrinting).
+  // OnPrint calls OnDraw; the others do nothing.
+  virtual BOOL OnPreparePrinting(CPrintInfo* pInfo);
+  virtual void OnBeginPrinting(CDC* pDC, CPrintInfo* pInfo);
+  virtual void OnPrint(CDC* pDC, CPrintInfo* pInfo);
+  virtual void OnEndPrinting(CDC* pDC, CPrintInfo* pInfo);
+  // The print dialog and the printer DC for pInfo; FALSE when cancelled.
+  BOOL DoPreparePrinting(CPrintInfo* pInfo);
+  // ID_FILE_PRINT: prints the document (put it in a derived view's map).
+  afx_msg void OnFilePrint();
+
+  virtual BOOL PreCreateWindow(CREATESTRUCT& cs);
+  virtual void PostNcDestroy();
+  virtual BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo);
+
+  CDocument* m_pDocument;
+
+  afx_msg int OnCreate(LPCREATESTRUCT lpcs);
+  afx_msg void OnDestroy();
+  afx_msg void OnPaint();
+  afx_msg LRESULT OnMouseActivate(WPARAM wParam, LPARAM lParam);
+  afx_msg LRESULT OnInitialUpdateMsg(WPARAM wParam, LPARAM lParam);
+
+protected:
+  DECLARE_MESSAGE_MAP()
+  friend class CDocument;
+  friend class CFrameWnd;
+};
+
+// A document: the data behind views, read and written through CArchive
+// (Serialize), with its title, path, modified flag and views.
+class AFX_API CDocument : public CCmdTarget {
+  DECLARE_DYNAMIC(CDocument)
+public:
+  CDocument();
+  virtual ~CDocument();
+
+  const CString& GetTitle() const { return m_strTitle; }
+  virtual void SetTitle(LPCTSTR lpszTitle);
+  const CString& GetPathName() const { return m_strPathName; }
+  // Sets the path (made full) and the title from its file name.
+  virtual void SetPathName(LPCTSTR lpszPathName, BOOL bAddToMRU = TRUE);
+  CDocTemplate* GetDocTemplate() const { return m_pDocTemplate; }
+  virtual BOOL IsModified() { return m_bModified; }
+  virtual void SetModifiedFlag(BOOL bModified = TRUE) { m_bModified = bModified; }
+
+  // ---- Views
+  virtual POSITION GetFirstViewPosition() const { return m_viewList.GetHeadPosition(); }
+  virtual CView* GetNextView(POSITION& rPosition) const;
+  void AddView(CView* pView);
+  void RemoveView(CView* pView);
+  // OnUpdate(pSender, lHint, pHint) of every view but pSender.
+  void UpdateAllViews(CView* pSender, LPARAM lHint = 0L, CObject* pHint = NULL);
+  virtual void OnChangedViewList();
+  virtual void UpdateFrameCounts();
+
+  // ---- Life cycle
+  virtual void DeleteContents();
+  virtual BOOL OnNewDocument();
+  virtual BOOL OnOpenDocument(LPCTSTR lpszPathName);
+  virtual BOOL OnSaveDocument(LPCTSTR lpszPathName);
+  virtual void OnCloseDocument();
+  virtual BOOL CanCloseFrame(CFrameWnd* pFrame);
+  virtual void PreCloseFrame(CFrameWnd* pFrame);
+  // "Save changes to <title>?": Yes saves, No goes on, Cancel refuses.
+  virtual BOOL SaveModified();
+  virtual void ReportSaveLoadException(LPCTSTR lpszPathName, CException* e, BOOL bSaving,
+                                       UINT nIDPDefault);
+  virtual CFile* GetFile(LPCTSTR lpszFileName, UINT nOpenFlags, CFileException* pError);
+  virtual void ReleaseFile(CFile* pFile, BOOL bAbort);
+  // Saves to lpszPathName, or asks for a name first when it is NULL.
+  virtual BOOL DoSave(LPCTSTR lpszPathName, BOOL bReplace = TRUE);
+  virtual BOOL DoFileSave();
+
+  virtual BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo);
+
+  CString m_strTitle;
+  CString m_strPathName;
+  CDocTemplate* m_pDocTemplate;
+  CPtrList m_viewList;
+  BOOL m_bModified;
+  BOOL m_bAutoDelete; // deleted when its last view goes
+  BOOL m_bEmbedded;
+
+  afx_msg void OnFileClose();
+  afx_msg void OnFileSave();
+  afx_msg void OnFileSaveAs();
+
+protected:
+  DECLARE_MESSAGE_MAP()
+  friend class CDocTemplate;
+};
+
+// What a document type is made of: the document, frame and view classes and
+// the resource id of the menu, icon, accelerators and the document strings.
+class AFX_API CDocTemplate : public CCmdTarget {
+  DECLARE_DYNAMIC(CDocTemplate)
+protected:
+  CDocTemplate(UINT nIDResource, CRuntimeClass* pDocClass, CRuntimeClass* pFrameClass,
+               CRuntimeClass* pViewClass);
+
+public:
+  virtual ~CDocTemplate();
+
+  // The fields of string nIDResource, separated by "\n".
+  enum DocStringIndex {
+    windowTitle,
+    docName,
+    fileNewName,
+    filterName,
+    filterExt,
+    regFileTypeId,
+    regFileTypeName
+  };
+  virtual BOOL GetDocString(CString& rString, enum DocStringIndex index) const;
+  // Loads the document strings (and, for MDI, the shared menu and table).
+  virtual void LoadTemplate();
+
+  virtual POSITION GetFirstDocPosition() const = 0;
+  virtual CDocument* GetNextDoc(POSITION& rPos) const = 0;
+  virtual void AddDocument(CDocument* pDoc);
+  virtual void RemoveDocument(CDocument* pDoc);
+
+  enum Confidence {
+    noAttempt,
+    maybeAttemptForeign,
+    maybeAttemptNative,
+    yesAttemptForeign,
+    yesAttemptNative,
+    yesAlreadyOpen
+  };
+  virtual Confidence MatchDocType(LPCTSTR lpszPathName, CDocument*& rpDocMatch);
+
+  virtual CDocument* CreateNewDocument();
+  virtual CFrameWnd* CreateNewFrame(CDocument* pDoc, CFrameWnd* pOther);
+  virtual void InitialUpdateFrame(CFrameWnd* pFrame, CDocument* pDoc, BOOL bMakeVisible = TRUE);
+  virtual BOOL SaveAllModified();
+  virtual void CloseAllDocuments(BOOL bEndSession);
+  virtual CDocument* OpenDocumentFile(LPCTSTR lpszPathName, BOOL bMakeVisible = TRUE) = 0;
+  virtual void SetDefaultTitle(CDocument* pDocument) = 0;
+  virtual BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo);
+
+  UINT m_nIDResource;
+  CRuntimeClass* m_pDocClass;
+  CRuntimeClass* m_pFrameClass;
+  CRuntimeClass* m_pViewClass;
+  CString m_strDocStrings;
+  BOOL m_bAutoDelete; // deleted with the application's document manager
+};
+
+// One document at a time: a new or opened document replaces the old one in
+// the same frame.
+class AFX_API CSingleDocTemplate : public CDocTemplate {
+  DECLARE_DYNAMIC(CSingleDocTemplate)
+public:
+  CSingleDocTemplate(UINT nIDResource, CRuntimeClass* pDocClass, CRuntimeClass* pFrameClass,
+                     CRuntimeClass* pViewClass);
+  virtual ~CSingleDocTemplate();
+
+  virtual void AddDocument(CDocument* pDoc);
+  virtual void RemoveDocument(CDocument* pDoc);
+  virtual POSITION GetFirstDocPosition() const;
+  virtual CDocument* GetNextDoc(POSITION& rPos) const;
+  virtual CDocument* OpenDocumentFile(LPCTSTR lpszPathName, BOOL bMakeVisible = TRUE);
+  virtual void SetDefaultTitle(CDocument* pDocument);
+
+  CDocument* m_pOnlyDoc;
+};
+
+// Any number of documents, each in its own MDI child; every child shows the
+// template's one menu and accelerator table, loaded once and freed with it.
+class AFX_API CMultiDocTemplate : public CDocTemplate {
+  DECLARE_DYNAMIC(CMultiDocTemplate)
+public:
+  CMultiDocTemplate(UINT nIDResource, CRuntimeClass* pDocClass, CRuntimeClass* pFrameClass,
+                    CRuntimeClass* pViewClass);
+  virtual ~CMultiDocTemplate();
+
+  virtual void LoadTemplate();
+  virtual void AddDocument(CDocument* pDoc);
+  virtual void RemoveDocument(CDocument* pDoc);
+  virtual POSITION GetFirstDocPosition() const;
+  virtual CDocument* GetNextDoc(POSITION& rPos) const;
+  virtual CDocument* OpenDocumentFile(LPCTSTR lpszPathName, BOOL bMakeVisible = TRUE);
+  virtual void SetDefaultTitle(CDocument* pDocument);
+
+  HMENU m_hMenuShared;
+  HACCEL m_hAccelTable;
+  CPtrList m_docList;
+  UINT m_nUntitledCount; // numbers "Untitled1", "Untitled2"...
+};
+
+// The application's document templates, deleted with it.
+class AFX_API CDocManager : public CObject {
+  DECLARE_DYNAMIC(CDocManager)
+public:
+  CDocManager();
+  virtual ~CDocManager();
+
+  virtual void AddDocTemplate(CDocTemplate* pTemplate);
+  virtual POSITION GetFirstDocTemplatePosition() const;
+  virtual CDocTemplate* GetNextDocTemplate(POSITION& pos) const;
+  virtual CDocument* OpenDocumentFile(LPCTSTR lpszFileName);
+  virtual BOOL SaveAllModified();
+  virtual void CloseAllDocuments(BOOL bEndSession);
+  virtual int GetOpenDocumentCount();
+  virtual BOOL DoPromptFileName(CString& fileName, UINT nIDSTitle, DWORD lFlags,
+                                BOOL bOpenFileDialog, CDocTemplate* pTemplate);
+  virtual void OnFileNew();
+  virtual void OnFileOpen();
+
+  CPtrList m_templateList;
+};
 
 // ---- Module resources -------------------------------------------------------
 
