@@ -261,8 +261,6 @@ protected:
   void SendPaneText(int nIndex);
   void FreePanes();
 
-  virtual BOOL PreCreateWindow(CREATESTRUCT& cs);
-
   // The text of the first ID_SEPARATOR pane is the window's text: the frame
   // puts its messages there with SetWindowText.
   afx_msg LRESULT OnSetText(WPARAM wParam, LPARAM lParam);
@@ -314,15 +312,11 @@ public:
   // For a separator, iImage is its width.
   void GetButtonInfo(int nIndex, UINT& nID, UINT& nStyle, int& iImage) const;
   void SetButtonInfo(int nIndex, UINT nID, UINT nStyle, int iImage);
-  BOOL SetButtonText(int nIndex, LPCTSTR lpszText);
-  CString GetButtonText(int nIndex) const;
 
   CToolBarCtrl& GetToolBarCtrl() const { return *(CToolBarCtrl*)this; }
 
   virtual CSize CalcFixedLayout(BOOL bStretch, BOOL bHorz);
-  virtual CSize CalcDynamicLayout(int nLength, DWORD nMode);
   virtual void OnUpdateCmdUI(class CFrameWnd* pTarget, BOOL bDisableIfNoHndler);
-  virtual void OnBarStyleChange(DWORD dwOldStyle, DWORD dwNewStyle);
 
   CSize m_sizeButton;
   CSize m_sizeImage;
@@ -334,8 +328,6 @@ protected:
   void SetButtonRaw(int nIndex, const TBBUTTON* pButton);
   // The size of one row (bHorz) or column of the buttons, borders included.
   CSize CalcSize(BOOL bHorz) const;
-
-  virtual BOOL PreCreateWindow(CREATESTRUCT& cs);
 };
 
 #endif // AFXBAR__H
