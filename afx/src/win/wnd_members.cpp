@@ -207,8 +207,12 @@ BOOL CWnd::SetScrollInfo(int nBar, LPSCROLLINFO lpScrollInfo, BOOL bRedraw) {
   return TRUE;
 }
 
-void CWnd::CalcWindowRect(LPRECT lpClientRect, UINT) {
-  ::AdjustWindowRectEx(lpClientRect, GetStyle(), FALSE, GetExStyle());
+// nAdjustType 0 (adjustBorder) leaves a client edge out: the edge lies
+// inside the rectangle asked for, as for a view laid out between bars.
+void CWnd::CalcWindowRect(LPRECT lpClientRect, UINT nAdjustType) {
+  DWORD dwExStyle = GetExStyle();
+  if (nAdjustType == 0) dwExStyle &= ~WS_EX_CLIENTEDGE;
+  ::AdjustWindowRectEx(lpClientRect, GetStyle(), FALSE, dwExStyle);
 }
 
 // A child is centred in its parent's client area; any other window over its
@@ -279,16 +283,7 @@ CWnd* CWnd::GetTopLevelOwner() const {
   return CWnd::FromHandle(hWndOwner);
 }
 
-// Decided here: the frame classes come with the document/view layer, so a
-// frame is recognised by its run-time class chain containing "CFrameWnd".
-static BOOL IsFrameWnd(const CWnd* pWnd) {
-  for (CRuntimeClass* pClass = pWnd->GetRuntimeClass(); pClass != NULL;
-       pClass = pClass->m_pfnGetBaseClass != NULL ? (*pClass->m_pfnGetBaseClass)() : NULL) {
-    if (lstrcmpA(pClass->m_lpszClassName, "CFrameWnd") == 0) return TRUE;
-    if (pClass == RUNTIME_CLASS(CObject)) break;
-  }
-  return FALSE;
-}
+static BOOL IsFrameWnd(const CWnd* pWnd) { return pWnd->IsKindOf(RUNTIME_CLASS(CFrameWnd)); }
 
 CFrameWnd* CWnd::GetParentFrame() const {
   if (m_hWnd == NULL) return NULL;
