@@ -109,6 +109,10 @@ BOOL CToolBar::LoadBitmap(LPCTSTR lpszResourceName) {
   HRSRC hRsrc = ::FindResource(hInst, lpszResourceName, RT_BITMAP);
   if (hRsrc == NULL) return FALSE;
   HBITMAP hbm = AfxLoadSysColorBitmap(hInst, hRsrc);
+  // Decided here: a bitmap without a colour table (16 bits per pixel and
+  // more) has no standard greys to remap and is loaded as it is.
+  if (hbm == NULL)
+    hbm = (HBITMAP)::LoadImage(hInst, lpszResourceName, IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION);
   if (hbm == NULL) return FALSE;
   if (!SetBitmap(hbm)) {
     ::DeleteObject(hbm);
@@ -186,12 +190,13 @@ BOOL CToolBar::SetButtons(const UINT* lpIDArray, int nIDCount) {
   for (int i = 0; i < nIDCount; i++) {
     TBBUTTON& button = pButtons[i];
     button.idCommand = lpIDArray != NULL ? (int)lpIDArray[i] : 0;
+    // Separators too are enabled: their style reads TBBS_SEPARATOR alone.
+    button.fsState = TBSTATE_ENABLED;
     if (button.idCommand == ID_SEPARATOR) {
       button.fsStyle = TBSTYLE_SEP;
       button.iBitmap = kSeparatorWidth;
     } else {
       button.fsStyle = TBSTYLE_BUTTON;
-      button.fsState = TBSTATE_ENABLED;
       button.iBitmap = iImage++;
     }
   }

@@ -1,0 +1,211 @@
+// RepositionBars in a plain parent window: bars take their strips from the
+// edges in z-order, the left-over child gets exactly the middle; queries
+// measure without moving; extra borders, hidden and delayed bars, and the
+// real toolbar and status bar.
+#include <afxext.h>
+#include <gtest/gtest.h>
+
+#include "bar_testing.h"
+
+namespace {
+
+const UINT ID_BAR_TOP = AFX_IDW_CONTROLBAR_FIRST + 1;
+const UINT ID_BAR_BOTTOM = AFX_IDW_CONTROLBAR_FIRST + 2;
+const UINT ID_BAR_LEFT = AFX_IDW_CONTROLBAR_FIRST + 3;
+const UINT ID_BAR_OUTSIDE = 100;
+
+// A bar of a fixed natural size on afx's own bar window class.
+class CFixedBar : public CControlBar {
+public:
+  CFixedBar(int cx, int cy) : m_size(cx, cy), m_nUpdates(0) {}
+  BOOL Create(CWnd* pParent, DWORD dwBarStyle, UINT nID, DWORD dwWndStyle = WS_VISIBLE) {
+    m_dwStyle = dwBarStyle & CBRS_ALL;
+    return CWnd::CreateEx(0, NULL, NULL, WS_CHILD | dwWndStyle, CRect(0, 0, 0, 0), pParent, nID);
+  }
+  virtual CSize CalcFixedLayout(BOOL bStretch, BOOL bHorz) {
+    CSize size = m_size;
+    if (bStretch && bHorz) size.cx = 32767;
+    if (bStretch && !bHorz) size.cy = 32767;
+    return size;
+  }
+  virtual void OnUpdateCmdUI(CFrameWnd*, BOOL) { m_nUpdates++; }
+  CSize m_size;
+  int m_nUpdates;
+};
+
+CRect RectInParent(CWnd& wnd) {
+  CRect rect;
+  wnd.GetWindowRect(&rect);
+  wnd.GetParent()->ScreenToClient(&rect);
+  return rect;
+}
+
+class BarLayoutTest : public ::testing::Test {
+protected:
+  BarLayoutTest() : m_top(100, 30), m_bottom(120, 20), m_left(40, 50) {}
+  void SetUp() override {
+    ASSERT_TRUE(
+        m_parent.CreateEx(0, NULL, "parent", WS_POPUP | WS_VISIBLE, 0, 0, 400, 300, NULL, NULL));
+    ASSERT_TRUE(m_top.Create(&m_parent, CBRS_TOP, ID_BAR_TOP));
+    ASSERT_TRUE(m_bottom.Create(&m_parent, CBRS_BOTTOM, ID_BAR_BOTTOM));
+    ASSERT_TRUE(m_left.Create(&m_parent, CBRS_LEFT, ID_BAR_LEFT));
+    ASSERT_TRUE(m_view.CreateEx(0, NULL, NULL, WS_CHILD | WS_VISIBLE, CRect(0, 0, 10, 10),
+                                &m_parent, AFX_IDW_PANE_FIRST));
+  }
+  void TearDown() override { m_parent.DestroyWindow(); }
+  void Layout(UINT nFlags = CWnd::reposDefault, LPRECT lpRect = NULL) {
+    m_parent.RepositionBars(AFX_IDW_CONTROLBAR_FIRST, AFX_IDW_CONTROLBAR_LAST, AFX_IDW_PANE_FIRST,
+                            nFlags, lpRect);
+  }
+  CWnd m_parent;
+  CFixedBar m_top, m_bottom, m_left;
+  CWnd m_view;
+};
+
+TEST_F(BarLayoutTest, BarsTakeTheEdgesInOrderAndTheViewGetsTheMiddle) {
+  Layout();
+  EXPECT_EQ(CRect(0, 0, 400, 30), RectInParent(m_top));
+  EXPECT_EQ(CRect(0, 280, 400, 300), RectInParent(m_bottom));
+  // The left bar comes after both: it spans what they left.
+  EXPECT_EQ(CRect(0, 30, 40, 280), RectInParent(m_left));
+  EXPECT_EQ(CRect(40, 30, 400, 280), RectInParent(m_view));
+  // The bar window is afx's bar class.
+  char szClass[64];
+  ::GetClassName(m_top.m_hWnd, szClass, sizeof(szClass));
+  EXPECT_STREQ(AFX_WNDCONTROLBAR, szClass);
+
+  // A new size: the same layout on the new client area.
+  m_parent.SetWindowPos(NULL, 0, 0, 500, 200, SWP_NOMOVE | SWP_NOZORDER);
+  Layout();
+  EXPECT_EQ(CRect(0, 180, 500, 200), RectInParent(m_bottom));
+  EXPECT_EQ(CRect(40, 30, 500, 180), RectInParent(m_view));
+}
+
+TEST_F(BarLayoutTest, QueryMeasuresWithoutMoving) {
+  CRect rect;
+  Layout(CWnd::reposQuery, &rect);
+  EXPECT_EQ(CRect(40, 30, 400, 280), rect);
+  EXPECT_EQ(CRect(0, 0, 0, 0), RectInParent(m_top));
+  EXPECT_EQ(CRect(0, 0, 10, 10), RectInParent(m_view));
+
+  // Without stretching: the room the bars want, stacked.
+  m_parent.RepositionBars(AFX_IDW_CONTROLBAR_FIRST, AFX_IDW_CONTROLBAR_LAST, AFX_IDW_PANE_FIRST,
+                          CWnd::reposQuery, &rect, NULL, FALSE);
+  EXPECT_EQ(CRect(0, 0, 120 + 40, 30 + 20), rect);
+
+  // Inside a given rectangle.
+  CRect rectClient(10, 10, 210, 110);
+  m_parent.RepositionBars(AFX_IDW_CONTROLBAR_FIRST, AFX_IDW_CONTROLBAR_LAST, AFX_IDW_PANE_FIRST,
+                          CWnd::reposQuery, &rect, &rectClient);
+  EXPECT_EQ(CRect(50, 40, 210, 90), rect);
+}
+
+TEST_F(BarLayoutTest, ExtraBordersAndTheViewLeftInPlace) {
+  CRect rectBorder(5, 6, 7, 8);
+  Layout(CWnd::reposExtra, &rectBorder);
+  EXPECT_EQ(CRect(45, 36, 393, 272), RectInParent(m_view));
+
+  m_view.MoveWindow(1, 2, 3, 4);
+  Layout(CWnd::reposDefault | CWnd::reposNoPosLeftOver);
+  EXPECT_EQ(CRect(1, 2, 4, 6), RectInParent(m_view));
+  EXPECT_EQ(CRect(0, 280, 400, 300), RectInParent(m_bottom));
+}
+
+TEST_F(BarLayoutTest, HiddenDelayedAndForeignChildrenTakeNoRoom) {
+  m_top.ShowWindow(SW_HIDE);
+  Layout();
+  EXPECT_EQ(CRect(40, 0, 400, 280), RectInParent(m_view));
+
+  // DelayShow waits for the next layout, which shows the bar.
+  m_top.DelayShow(TRUE);
+  EXPECT_TRUE(m_top.IsVisible());
+  EXPECT_FALSE(m_top.IsWindowVisible());
+  Layout();
+  EXPECT_TRUE(m_top.IsWindowVisible());
+  EXPECT_EQ(CRect(40, 30, 400, 280), RectInParent(m_view));
+
+  // A query does not carry out a pending hide but counts it.
+  m_bottom.DelayShow(FALSE);
+  CRect rect;
+  Layout(CWnd::reposQuery, &rect);
+  EXPECT_EQ(CRect(40, 30, 400, 300), rect);
+  EXPECT_TRUE(m_bottom.IsWindowVisible());
+  Layout();
+  EXPECT_FALSE(m_bottom.IsWindowVisible());
+  EXPECT_EQ(CRect(40, 30, 400, 300), RectInParent(m_view));
+
+  // A bar whose id lies outside the range is not laid out.
+  CFixedBar other(10, 25);
+  ASSERT_TRUE(other.Create(&m_parent, CBRS_TOP, ID_BAR_OUTSIDE));
+  Layout();
+  EXPECT_EQ(CRect(40, 30, 400, 300), RectInParent(m_view));
+  EXPECT_EQ(CRect(0, 0, 0, 0), RectInParent(other));
+}
+
+TEST_F(BarLayoutTest, BarsNeverTakeMoreThanIsLeft) {
+  m_parent.SetWindowPos(NULL, 0, 0, 400, 40, SWP_NOMOVE | SWP_NOZORDER);
+  Layout();
+  EXPECT_EQ(CRect(0, 0, 400, 30), RectInParent(m_top));
+  EXPECT_EQ(CRect(0, 30, 400, 40), RectInParent(m_bottom)); // 10 of its 20 pixels
+  EXPECT_EQ(0, RectInParent(m_view).Height());
+}
+
+TEST_F(BarLayoutTest, ViewWithClientEdgeKeepsTheEdgeInside) {
+  CWnd edged;
+  m_view.DestroyWindow();
+  ASSERT_TRUE(edged.CreateEx(WS_EX_CLIENTEDGE, NULL, NULL, WS_CHILD | WS_VISIBLE,
+                             CRect(0, 0, 10, 10), &m_parent, AFX_IDW_PANE_FIRST));
+  Layout();
+  EXPECT_EQ(CRect(40, 30, 400, 280), RectInParent(edged));
+}
+
+TEST_F(BarLayoutTest, IdleUpdateReachesVisibleBarsOnly) {
+  m_top.SendMessage(WM_IDLEUPDATECMDUI, TRUE);
+  EXPECT_EQ(1, m_top.m_nUpdates);
+  m_top.ShowWindow(SW_HIDE);
+  m_top.SendMessage(WM_IDLEUPDATECMDUI, TRUE);
+  EXPECT_EQ(1, m_top.m_nUpdates);
+}
+
+TEST_F(BarLayoutTest, BarStyleKeepsOnlyBarBits) {
+  m_top.SetBarStyle(CBRS_BOTTOM | CBRS_TOOLTIPS | WS_VISIBLE);
+  EXPECT_EQ((DWORD)(CBRS_BOTTOM | CBRS_TOOLTIPS), m_top.GetBarStyle());
+  // The top bar now goes to the bottom, below nothing: it is outermost.
+  Layout();
+  EXPECT_EQ(CRect(0, 270, 400, 300), RectInParent(m_top));
+  EXPECT_EQ(CRect(0, 250, 400, 270), RectInParent(m_bottom));
+}
+
+TEST(BarLayout, ToolBarAndStatusBarAroundTheView) {
+  CWnd parent;
+  ASSERT_TRUE(
+      parent.CreateEx(0, NULL, "parent", WS_POPUP | WS_VISIBLE, 0, 0, 400, 300, NULL, NULL));
+  CToolBar toolBar;
+  ASSERT_TRUE(toolBar.Create(&parent));
+  const UINT ids[] = {ID_FILE_NEW, ID_SEPARATOR, ID_FILE_OPEN};
+  ASSERT_TRUE(toolBar.SetButtons(ids, 3));
+  CStatusBar statusBar;
+  ASSERT_TRUE(statusBar.Create(&parent));
+  const UINT panes[] = {ID_SEPARATOR};
+  ASSERT_TRUE(statusBar.SetIndicators(panes, 1));
+  CWnd view;
+  ASSERT_TRUE(view.CreateEx(0, NULL, NULL, WS_CHILD | WS_VISIBLE, CRect(0, 0, 10, 10), &parent,
+                            AFX_IDW_PANE_FIRST));
+  parent.RepositionBars(0, 0xFFFF, AFX_IDW_PANE_FIRST);
+
+  int cyTool = toolBar.CalcFixedLayout(TRUE, TRUE).cy;
+  int cyStatus = statusBar.CalcFixedLayout(TRUE, TRUE).cy;
+  // Buttons of 22 pixels and the bar's margins; one line of text and borders.
+  EXPECT_EQ(22 + toolBar.m_cyTopBorder + toolBar.m_cyBottomBorder, cyTool);
+  EXPECT_GT(cyStatus, 10);
+  EXPECT_EQ(CRect(0, 0, 400, cyTool), RectInParent(toolBar));
+  EXPECT_EQ(CRect(0, 300 - cyStatus, 400, 300), RectInParent(statusBar));
+  EXPECT_EQ(CRect(0, cyTool, 400, 300 - cyStatus), RectInParent(view));
+  // The status bar's only pane stretches over its whole width.
+  int nRight = 0;
+  statusBar.SendMessage(SB_GETPARTS, 1, (LPARAM)&nRight);
+  EXPECT_EQ(400, nRight);
+  parent.DestroyWindow();
+}
+
+} // namespace
