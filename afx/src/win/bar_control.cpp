@@ -195,8 +195,28 @@ LRESULT CControlBar::OnIdleUpdateCmdUI(WPARAM wParam, LPARAM) {
 
 // ---- Forwarding --------------------------------------------------------------------
 
+// An empty tool tip text: the owner did not answer TTN_NEEDTEXT.
+static BOOL IsUnansweredToolTip(LPARAM lParam) {
+  NMHDR* pNMHDR = (NMHDR*)lParam;
+  if (pNMHDR == NULL || (pNMHDR->code != TTN_NEEDTEXTA && pNMHDR->code != TTN_NEEDTEXTW))
+    return FALSE;
+  if (pNMHDR->code == TTN_NEEDTEXTA) {
+    TOOLTIPTEXTA* pTTT = (TOOLTIPTEXTA*)pNMHDR;
+    return (pTTT->lpszText == NULL || *pTTT->lpszText == '\0') && pTTT->szText[0] == '\0';
+  }
+  TOOLTIPTEXTW* pTTT = (TOOLTIPTEXTW*)pNMHDR;
+  return (pTTT->lpszText == NULL || *pTTT->lpszText == 0) && pTTT->szText[0] == 0;
+}
+
 LRESULT CControlBar::WindowProc(UINT nMsg, WPARAM wParam, LPARAM lParam) {
   switch (nMsg) {
+  case WM_SETMESSAGESTRING:
+  case WM_POPMESSAGESTRING: {
+    // The frame that owns the bar shows the messages.
+    CWnd* pOwner = GetOwner();
+    return pOwner != NULL && pOwner->m_hWnd != m_hWnd ? pOwner->SendMessage(nMsg, wParam, lParam)
+                                                      : 0;
+  }
   case WM_COMMAND:
   case WM_NOTIFY:
   case WM_DRAWITEM:
@@ -209,9 +229,12 @@ LRESULT CControlBar::WindowProc(UINT nMsg, WPARAM wParam, LPARAM lParam) {
     LRESULT lResult = 0;
     if (OnWndMsg(nMsg, wParam, lParam, &lResult)) return lResult;
     CWnd* pOwner = GetOwner();
-    if (pOwner != NULL && pOwner->m_hWnd != m_hWnd)
-      return pOwner->SendMessage(nMsg, wParam, lParam);
-    return DefWindowProc(nMsg, wParam, lParam);
+    if (pOwner == NULL || pOwner->m_hWnd == m_hWnd) return DefWindowProc(nMsg, wParam, lParam);
+    lResult = pOwner->SendMessage(nMsg, wParam, lParam);
+    // A tool tip the owner gave no text keeps the control's own handling.
+    if (nMsg == WM_NOTIFY && IsUnansweredToolTip(lParam))
+      lResult = DefWindowProc(nMsg, wParam, lParam);
+    return lResult;
   }
   }
   return CWnd::WindowProc(nMsg, wParam, lParam);

@@ -1,7 +1,8 @@
-// RepositionBars in a plain parent window: bars take their strips from the
-// edges in z-order, the left-over child gets exactly the middle; queries
-// measure without moving; extra borders, hidden and delayed bars, and the
-// real toolbar and status bar.
+// CControlBar in a plain parent window. RepositionBars: bars take their
+// strips from the edges in z-order, the left-over child gets exactly the
+// middle; queries measure without moving; extra borders, hidden and delayed
+// bars, and the real toolbar and status bar. Commands of controls on a bar
+// reach the bar's owner.
 #include <afxext.h>
 #include <gtest/gtest.h>
 
@@ -40,6 +41,25 @@ CRect RectInParent(CWnd& wnd) {
   return rect;
 }
 
+// The parent's command and message-string handlers.
+class CHostWnd : public CWnd {
+public:
+  CHostWnd() : m_nCommands(0), m_nMessageID(0) {}
+  afx_msg void OnBarButton() { m_nCommands++; }
+  afx_msg LRESULT OnSetMessageString(WPARAM wParam, LPARAM) {
+    m_nMessageID = (UINT)wParam;
+    return 0;
+  }
+  int m_nCommands;
+  UINT m_nMessageID;
+  DECLARE_MESSAGE_MAP()
+};
+const UINT ID_BAR_BUTTON = 0x8201;
+BEGIN_MESSAGE_MAP(CHostWnd, CWnd)
+ON_COMMAND(ID_BAR_BUTTON, &CHostWnd::OnBarButton)
+ON_MESSAGE(WM_SETMESSAGESTRING, &CHostWnd::OnSetMessageString)
+END_MESSAGE_MAP()
+
 class BarLayoutTest : public ::testing::Test {
 protected:
   BarLayoutTest() : m_top(100, 30), m_bottom(120, 20), m_left(40, 50) {}
@@ -57,7 +77,7 @@ protected:
     m_parent.RepositionBars(AFX_IDW_CONTROLBAR_FIRST, AFX_IDW_CONTROLBAR_LAST, AFX_IDW_PANE_FIRST,
                             nFlags, lpRect);
   }
-  CWnd m_parent;
+  CHostWnd m_parent;
   CFixedBar m_top, m_bottom, m_left;
   CWnd m_view;
 };
@@ -165,6 +185,25 @@ TEST_F(BarLayoutTest, IdleUpdateReachesVisibleBarsOnly) {
   m_top.ShowWindow(SW_HIDE);
   m_top.SendMessage(WM_IDLEUPDATECMDUI, TRUE);
   EXPECT_EQ(1, m_top.m_nUpdates);
+}
+
+TEST_F(BarLayoutTest, ControlsOnABarReachTheOwner) {
+  CButton button;
+  ASSERT_TRUE(button.Create("Go", WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, CRect(0, 0, 20, 20),
+                            &m_top, ID_BAR_BUTTON));
+  button.SendMessage(BM_CLICK);
+  EXPECT_EQ(1, m_parent.m_nCommands);
+  // Another owner takes them instead.
+  CHostWnd other;
+  ASSERT_TRUE(other.CreateEx(0, NULL, "other", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
+  m_top.SetOwner(&other);
+  button.SendMessage(BM_CLICK);
+  EXPECT_EQ(1, m_parent.m_nCommands);
+  EXPECT_EQ(1, other.m_nCommands);
+  // Message strings (the fly-by prompts) go to the owner as well.
+  m_top.SendMessage(WM_SETMESSAGESTRING, ID_BAR_BUTTON);
+  EXPECT_EQ(ID_BAR_BUTTON, other.m_nMessageID);
+  other.DestroyWindow();
 }
 
 TEST_F(BarLayoutTest, BarStyleKeepsOnlyBarBits) {
