@@ -328,6 +328,14 @@ protected:
   void SetButtonRaw(int nIndex, const TBBUTTON* pButton);
   // The size of one row (bHorz) or column of the buttons, borders included.
   CSize CalcSize(BOOL bHorz) const;
+
+  // With CBRS_FLYBY the owner is told of the button under the mouse
+  // (WM_SETMESSAGESTRING with its id) and of the mouse leaving the buttons
+  // (WM_POPMESSAGESTRING with AFX_IDS_IDLEMESSAGE).
+  UINT m_nFlyByID; // the button the owner was last told of, 0 for none
+  afx_msg void OnMouseMove(UINT nFlags, CPoint point);
+  afx_msg LRESULT OnMouseLeave(WPARAM wParam, LPARAM lParam);
+  DECLARE_MESSAGE_MAP()
 };
 
 #endif // AFXBAR__H

@@ -5,6 +5,9 @@
 #include <afxext.h>
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 #include "bar_testing.h"
 #include "exception_probe.h"
 
@@ -15,6 +18,16 @@ namespace {
 class CHostWnd : public CWnd {
 public:
   CHostWnd() : m_nCommands(0), m_nCheckC(1) {}
+  // The fly-by prompts, as (message, id) pairs.
+  afx_msg LRESULT OnSetMessageString(WPARAM wParam, LPARAM) {
+    m_prompts.push_back(std::make_pair((UINT)WM_SETMESSAGESTRING, (UINT)wParam));
+    return 0;
+  }
+  afx_msg LRESULT OnPopMessageString(WPARAM wParam, LPARAM) {
+    m_prompts.push_back(std::make_pair((UINT)WM_POPMESSAGESTRING, (UINT)wParam));
+    return 0;
+  }
+  std::vector<std::pair<UINT, UINT>> m_prompts;
   afx_msg void OnToolA() { m_nCommands++; }
   afx_msg void OnUpdateB(CCmdUI* pCmdUI) { pCmdUI->Enable(FALSE); }
   afx_msg void OnUpdateC(CCmdUI* pCmdUI) { pCmdUI->SetCheck(m_nCheckC); }
@@ -26,6 +39,8 @@ BEGIN_MESSAGE_MAP(CHostWnd, CWnd)
 ON_COMMAND(ID_TOOL_A, &CHostWnd::OnToolA)
 ON_UPDATE_COMMAND_UI(ID_TOOL_B, &CHostWnd::OnUpdateB)
 ON_UPDATE_COMMAND_UI(ID_TOOL_C, &CHostWnd::OnUpdateC)
+ON_MESSAGE(WM_SETMESSAGESTRING, &CHostWnd::OnSetMessageString)
+ON_MESSAGE(WM_POPMESSAGESTRING, &CHostWnd::OnPopMessageString)
 END_MESSAGE_MAP()
 
 class ToolBarTest : public ::testing::Test {
@@ -183,6 +198,32 @@ TEST_F(ToolBarTest, ButtonClickReachesTheParentsCommand) {
   // The control reports a click to its parent as WM_COMMAND from itself.
   m_parent.SendMessage(WM_COMMAND, MAKEWPARAM(ID_TOOL_A, BN_CLICKED), (LPARAM)m_bar.m_hWnd);
   EXPECT_EQ(1, m_parent.m_nCommands);
+}
+
+TEST_F(ToolBarTest, FlyByPromptsFollowTheMouse) {
+  ASSERT_TRUE(m_bar.LoadToolBar(IDR_TOOLBAR));
+  m_parent.RepositionBars(0, 0xFFFF, 0);
+  CRect rectB, rectSep;
+  m_bar.GetItemRect(1, &rectB);
+  m_bar.GetItemRect(2, &rectSep);
+  // Without CBRS_FLYBY the owner hears nothing.
+  m_bar.SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(rectB.CenterPoint().x, rectB.CenterPoint().y));
+  EXPECT_TRUE(m_parent.m_prompts.empty());
+
+  m_bar.SetBarStyle(m_bar.GetBarStyle() | CBRS_FLYBY);
+  m_bar.SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(rectB.CenterPoint().x + 1, rectB.CenterPoint().y));
+  m_bar.SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(rectB.CenterPoint().x, rectB.CenterPoint().y));
+  m_bar.SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(rectSep.CenterPoint().x, rectSep.CenterPoint().y));
+  m_bar.SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(rectB.CenterPoint().x, rectB.CenterPoint().y));
+  m_bar.SendMessage(WM_MOUSELEAVE);
+  m_bar.SendMessage(WM_MOUSELEAVE); // nothing shown: nothing to take back
+  typedef std::pair<UINT, UINT> Prompt;
+  std::vector<Prompt> expected;
+  expected.push_back(Prompt(WM_SETMESSAGESTRING, ID_TOOL_B)); // once for the button
+  expected.push_back(Prompt(WM_POPMESSAGESTRING, AFX_IDS_IDLEMESSAGE));
+  expected.push_back(Prompt(WM_SETMESSAGESTRING, ID_TOOL_B));
+  expected.push_back(Prompt(WM_POPMESSAGESTRING, AFX_IDS_IDLEMESSAGE));
+  EXPECT_EQ(expected, m_parent.m_prompts);
 }
 
 TEST_F(ToolBarTest, SizeIsOneRowOrColumnOfButtons) {

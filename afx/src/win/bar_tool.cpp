@@ -11,6 +11,11 @@
 
 IMPLEMENT_DYNAMIC(CToolBar, CControlBar)
 
+BEGIN_MESSAGE_MAP(CToolBar, CControlBar)
+ON_WM_MOUSEMOVE()
+ON_MESSAGE(WM_MOUSELEAVE, &CToolBar::OnMouseLeave)
+END_MESSAGE_MAP()
+
 namespace {
 // Decided here: a separator is six pixels wide.
 const int kSeparatorWidth = 6;
@@ -47,7 +52,8 @@ public:
 } // namespace
 
 // The control's standard sizes: 16 by 15 images on 23 by 22 buttons.
-CToolBar::CToolBar() : m_sizeButton(23, 22), m_sizeImage(16, 15), m_hbmImageWell(NULL) {
+CToolBar::CToolBar()
+    : m_sizeButton(23, 22), m_sizeImage(16, 15), m_hbmImageWell(NULL), m_nFlyByID(0) {
   m_cxLeftBorder = m_cxRightBorder = 4;
   m_cyTopBorder = m_cyBottomBorder = 2;
 }
@@ -347,4 +353,40 @@ void CToolBar::OnUpdateCmdUI(CFrameWnd* pTarget, BOOL bDisableIfNoHndler) {
     state.DoUpdate((CCmdTarget*)pTarget, bDisableIfNoHndler);
   }
   UpdateDialogControls((CCmdTarget*)pTarget, bDisableIfNoHndler);
+}
+
+// ---- Fly-by prompts -----------------------------------------------------------------------
+
+void CToolBar::OnMouseMove(UINT, CPoint point) {
+  Default(); // the control's hot tracking
+  if (!(m_dwStyle & CBRS_FLYBY)) return;
+  // The command of the button under the mouse; separators have none.
+  UINT nID = 0;
+  int nIndex = (int)DefWindowProc(TB_HITTEST, 0, (LPARAM)&point);
+  TBBUTTON button;
+  if (nIndex >= 0 && nIndex < m_nCount && GetButtonRaw(nIndex, &button) &&
+      !(button.fsStyle & TBSTYLE_SEP))
+    nID = (UINT)button.idCommand;
+  if (nID == m_nFlyByID) return;
+  CWnd* pOwner = GetOwner();
+  if (nID != 0) {
+    if (m_nFlyByID == 0) {
+      // Told when the mouse leaves the bar, to take the prompt back.
+      TRACKMOUSEEVENT tme = {sizeof(tme), TME_LEAVE, m_hWnd, 0};
+      ::TrackMouseEvent(&tme);
+    }
+    if (pOwner != NULL) pOwner->SendMessage(WM_SETMESSAGESTRING, nID);
+  } else if (pOwner != NULL) {
+    pOwner->SendMessage(WM_POPMESSAGESTRING, AFX_IDS_IDLEMESSAGE);
+  }
+  m_nFlyByID = nID;
+}
+
+LRESULT CToolBar::OnMouseLeave(WPARAM, LPARAM) {
+  if (m_nFlyByID != 0) {
+    m_nFlyByID = 0;
+    CWnd* pOwner = GetOwner();
+    if (pOwner != NULL) pOwner->SendMessage(WM_POPMESSAGESTRING, AFX_IDS_IDLEMESSAGE);
+  }
+  return Default();
 }
