@@ -1,0 +1,244 @@
+// CFileDialog: what the constructor puts in m_ofn (flags, the filter's bars
+// turned into '\0', the initial name), the system's Save As and Open
+// dialogs driven as a user would (a name typed, OK or Cancel pressed) with
+// the chosen path's parts read back, the hook-based virtuals seeing the
+// dialog while it is shown, and the multiple-selection list walked safely.
+#include <afxdlgs.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "dlg_driver.h"
+#include "temp_dir.h"
+
+namespace {
+
+// The filter as the system sees it: the bytes up to the double '\0'.
+std::string FilterBytes(LPCTSTR pszFilter) {
+  std::string bytes;
+  const char* p = pszFilter;
+  while (*p != '\0') {
+    bytes.append(p, strlen(p) + 1);
+    p += strlen(p) + 1;
+  }
+  return bytes + '\0';
+}
+
+// Types a name into the dialog's file name box and presses OK.
+DialogDriver::Action TypeAndOK(const std::string& name) {
+  return [name](HWND hDlg) {
+    // The explorer-style dialog's name box is a combo box (cmb13); older
+    // forms have an edit (edt1).
+    HWND hName = ::GetDlgItem(hDlg, cmb13);
+    if (hName == NULL) hName = ::GetDlgItem(hDlg, edt1);
+    ::SetWindowTextA(hName, name.c_str());
+    DialogDriver::Press(hDlg, IDOK);
+  };
+}
+
+TEST(FileDialog, ConstructorFillsTheStructure) {
+  CFileDialog dlg(FALSE, "txt", "start.txt");
+  const OPENFILENAME& ofn = dlg.GetOFN();
+  EXPECT_EQ(sizeof(OPENFILENAME), ofn.lStructSize);
+  EXPECT_EQ((DWORD)(OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT),
+            ofn.Flags & (OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT));
+  // The hook is what lets the dialog reach the object's virtuals.
+  EXPECT_TRUE(ofn.Flags & OFN_ENABLEHOOK);
+  EXPECT_TRUE(ofn.Flags & OFN_EXPLORER);
+  EXPECT_TRUE(ofn.lpfnHook != NULL);
+  EXPECT_STREQ("start.txt", ofn.lpstrFile);
+  EXPECT_EQ((DWORD)_MAX_PATH, ofn.nMaxFile);
+  EXPECT_STREQ("txt", ofn.lpstrDefExt);
+  EXPECT_EQ(NULL, ofn.lpstrFilter);
+  // Before the dialog runs, the parts come from the initial name.
+  EXPECT_EQ(CString("start.txt"), dlg.GetPathName());
+
+  CFileDialog older(TRUE, NULL, NULL, OFN_FILEMUSTEXIST, NULL, NULL, OPENFILENAME_SIZE_VERSION_400);
+  EXPECT_EQ((DWORD)OPENFILENAME_SIZE_VERSION_400, older.m_ofn.lStructSize);
+  EXPECT_TRUE(older.m_ofn.Flags & OFN_FILEMUSTEXIST);
+  EXPECT_STREQ("", older.m_ofn.lpstrFile);
+}
+
+TEST(FileDialog, FilterBarsBecomeNulls) {
+  CFileDialog dlg(TRUE, NULL, NULL, 0, "Text (*.txt)|*.txt|All files (*.*)|*.*||");
+  EXPECT_EQ(std::string("Text (*.txt)\0*.txt\0All files (*.*)\0*.*\0\0", 40),
+            FilterBytes(dlg.m_ofn.lpstrFilter));
+  // Without the closing bars the list still ends with two '\0's.
+  CFileDialog open(TRUE, NULL, NULL, 0, "Bitmaps|*.bmp");
+  EXPECT_EQ(std::string("Bitmaps\0*.bmp\0\0", 15), std::string(open.m_ofn.lpstrFilter, 15));
+}
+
+TEST(FileDialog, OverlongInitialNameIsCutToTheBuffer) {
+  std::string name(1000, 'n');
+  CFileDialog dlg(TRUE, NULL, name.c_str());
+  EXPECT_EQ((size_t)_MAX_PATH - 1, strlen(dlg.m_ofn.lpstrFile));
+  EXPECT_EQ(_MAX_PATH - 1, dlg.GetPathName().GetLength());
+}
+
+class FileDialogDriven : public ::testing::Test {
+protected:
+  TempDir m_dir;
+  DialogDriver m_driver;
+};
+
+TEST_F(FileDialogDriven, SaveAsGivesThePathAndItsParts) {
+  CFileDialog dlg(FALSE, "txt", NULL, OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT,
+                  "Text (*.txt)|*.txt||");
+  dlg.m_ofn.lpstrInitialDir = m_dir.Path().c_str();
+  // No extension typed: the default one is added.
+  m_driver.Then(TypeAndOK("report"));
+  ASSERT_EQ(IDOK, dlg.DoModal());
+  EXPECT_EQ(1u, m_driver.Captions().size());
+  EXPECT_EQ(CString(m_dir.File("report.txt").c_str()), dlg.GetPathName());
+  EXPECT_EQ(CString("report.txt"), dlg.GetFileName());
+  EXPECT_EQ(CString("txt"), dlg.GetFileExt());
+  EXPECT_EQ(CString("report"), dlg.GetFileTitle());
+  EXPECT_EQ(CString(), dlg.GetFolderPath()); // only while shown
+  EXPECT_EQ(NULL, dlg.m_hWnd);
+}
+
+TEST_F(FileDialogDriven, OpenChoosesAnExistingFile) {
+  ASSERT_TRUE(TempDir::WriteBytes(m_dir.File("data.set.bin"), "x"));
+  CFileDialog dlg(TRUE, NULL, NULL, OFN_HIDEREADONLY | OFN_FILEMUSTEXIST, "All|*.*||");
+  dlg.m_ofn.lpstrInitialDir = m_dir.Path().c_str();
+  dlg.m_ofn.lpstrTitle = "Pick one";
+  m_driver.Then(TypeAndOK("data.set.bin"));
+  ASSERT_EQ(IDOK, dlg.DoModal());
+  ASSERT_EQ(1u, m_driver.Captions().size());
+  EXPECT_EQ("Pick one", m_driver.Captions()[0]);
+  EXPECT_EQ(CString(m_dir.File("data.set.bin").c_str()), dlg.GetPathName());
+  EXPECT_EQ(CString("bin"), dlg.GetFileExt());
+  EXPECT_EQ(CString("data.set"), dlg.GetFileTitle());
+}
+
+TEST_F(FileDialogDriven, CancelLeavesTheInitialName) {
+  CFileDialog dlg(FALSE, NULL, "keep.dat");
+  dlg.m_ofn.lpstrInitialDir = m_dir.Path().c_str();
+  m_driver.Then([](HWND hDlg) { DialogDriver::Press(hDlg, IDCANCEL); });
+  EXPECT_EQ(IDCANCEL, dlg.DoModal());
+  EXPECT_EQ(1u, m_driver.Captions().size());
+  EXPECT_EQ(CString("keep.dat"), dlg.GetPathName());
+  EXPECT_EQ(0u, CommDlgExtendedError()); // a cancel, not a failure
+}
+
+// Records what the hook-based virtuals saw while the dialog was shown, and
+// refuses the first name it is offered.
+class CCheckingFileDialog : public CFileDialog {
+public:
+  CCheckingFileDialog() : CFileDialog(FALSE, "log") {}
+  int m_nInit = 0, m_nInitDone = 0, m_nFileOK = 0;
+  BOOL m_bWindowAtInit = FALSE;
+  CString m_strPathSeen, m_strFolderSeen, m_strNameSeen;
+
+  virtual BOOL OnInitDialog() {
+    m_nInit++;
+    m_bWindowAtInit = ::IsWindow(m_hWnd);
+    return CFileDialog::OnInitDialog();
+  }
+  virtual void OnInitDone() { m_nInitDone++; }
+  virtual BOOL OnFileNameOK() {
+    if (++m_nFileOK == 1) {
+      m_strPathSeen = GetPathName();
+      m_strFolderSeen = GetFolderPath();
+      m_strNameSeen = GetFileName();
+      return TRUE; // refused: the dialog stays open
+    }
+    return FALSE;
+  }
+};
+
+TEST_F(FileDialogDriven, VirtualsSeeTheShownDialogAndCanRefuseAName) {
+  CCheckingFileDialog dlg;
+  dlg.m_ofn.lpstrInitialDir = m_dir.Path().c_str();
+  m_driver.Then([](HWND hDlg) {
+    TypeAndOK("first")(hDlg);
+    // Still open after the refusal: the second press is accepted.
+    DialogDriver::Press(hDlg, IDOK);
+  });
+  ASSERT_EQ(IDOK, dlg.DoModal());
+  EXPECT_EQ(1, dlg.m_nInit);
+  EXPECT_TRUE(dlg.m_bWindowAtInit);
+  EXPECT_EQ(1, dlg.m_nInitDone);
+  EXPECT_EQ(2, dlg.m_nFileOK);
+  // While shown, the dialog's own text (the default extension may not be
+  // added yet).
+  EXPECT_EQ(0, dlg.m_strPathSeen.Find(m_dir.File("first").c_str()));
+  EXPECT_EQ(CString(m_dir.Path().c_str()), dlg.m_strFolderSeen);
+  EXPECT_EQ(0, dlg.m_strNameSeen.Find("first"));
+  EXPECT_EQ(CString(m_dir.File("first.log").c_str()), dlg.GetPathName());
+  EXPECT_EQ(NULL, dlg.m_hWnd);
+}
+
+// ---- Multiple selection ------------------------------------------------------------
+
+class FileDialogList : public ::testing::Test {
+protected:
+  // Puts a list (with its '\0's) into the dialog's buffer.
+  void SetList(CFileDialog& dlg, const std::string& list, DWORD dwFlags) {
+    ASSERT_LE(list.size(), sizeof(m_buffer));
+    memset(m_buffer, 'X', sizeof(m_buffer));
+    memcpy(m_buffer, list.data(), list.size());
+    dlg.m_ofn.lpstrFile = m_buffer;
+    dlg.m_ofn.nMaxFile = (DWORD)list.size();
+    dlg.m_ofn.Flags = dwFlags;
+  }
+  std::vector<CString> Walk(const CFileDialog& dlg) {
+    std::vector<CString> paths;
+    POSITION pos = dlg.GetStartPosition();
+    while (pos != NULL && paths.size() < 10)
+      paths.push_back(dlg.GetNextPathName(pos));
+    return paths;
+  }
+  char m_buffer[256];
+};
+
+TEST_F(FileDialogList, ExplorerListGivesEachFullPath) {
+  CFileDialog dlg(TRUE);
+  SetList(dlg, std::string("C:\\dir\0a.txt\0b.txt\0\0", 20), OFN_EXPLORER | OFN_ALLOWMULTISELECT);
+  std::vector<CString> paths = Walk(dlg);
+  ASSERT_EQ(2u, paths.size());
+  EXPECT_EQ(CString("C:\\dir\\a.txt"), paths[0]);
+  EXPECT_EQ(CString("C:\\dir\\b.txt"), paths[1]);
+  // One file chosen: the whole path, once.
+  SetList(dlg, std::string("C:\\dir\\one.txt\0\0", 16), OFN_EXPLORER | OFN_ALLOWMULTISELECT);
+  paths = Walk(dlg);
+  ASSERT_EQ(1u, paths.size());
+  EXPECT_EQ(CString("C:\\dir\\one.txt"), paths[0]);
+  // A root folder gets no second backslash.
+  SetList(dlg, std::string("C:\\\0x\0\0", 7), OFN_EXPLORER | OFN_ALLOWMULTISELECT);
+  paths = Walk(dlg);
+  ASSERT_EQ(1u, paths.size());
+  EXPECT_EQ(CString("C:\\x"), paths[0]);
+}
+
+TEST_F(FileDialogList, OldStyleListIsSeparatedBySpaces) {
+  CFileDialog dlg(TRUE);
+  SetList(dlg, std::string("C:\\DIR A.TXT B.TXT\0", 19), OFN_ALLOWMULTISELECT);
+  std::vector<CString> paths = Walk(dlg);
+  ASSERT_EQ(2u, paths.size());
+  EXPECT_EQ(CString("C:\\DIR\\A.TXT"), paths[0]);
+  EXPECT_EQ(CString("C:\\DIR\\B.TXT"), paths[1]);
+}
+
+TEST_F(FileDialogList, UnterminatedListStopsAtTheBufferEnd) {
+  CFileDialog dlg(TRUE);
+  // The buffer ends inside the second name: nothing past it is read.
+  SetList(dlg, std::string("C:\\d\0first\0sec", 14), OFN_EXPLORER | OFN_ALLOWMULTISELECT);
+  std::vector<CString> paths = Walk(dlg);
+  ASSERT_EQ(2u, paths.size());
+  EXPECT_EQ(CString("C:\\d\\first"), paths[0]);
+  EXPECT_EQ(CString("C:\\d\\sec"), paths[1]);
+  // Without multiple selection the buffer is one path, cut at its end.
+  SetList(dlg, std::string("C:\\abc", 6), OFN_EXPLORER);
+  paths = Walk(dlg);
+  ASSERT_EQ(1u, paths.size());
+  EXPECT_EQ(CString("C:\\abc"), paths[0]);
+  EXPECT_EQ(CString("C:\\abc"), dlg.GetPathName());
+  // A position from elsewhere ends the walk.
+  char other[4] = "x";
+  POSITION pos = (POSITION)other;
+  EXPECT_EQ(CString(), dlg.GetNextPathName(pos));
+  EXPECT_EQ(NULL, pos);
+}
+
+} // namespace
