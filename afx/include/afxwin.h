@@ -1242,6 +1242,8 @@ public:
   // ID_FILE_PRINT_SETUP: the print-setup form of the print dialog.
   void OnFilePrintSetup();
   void UpdatePrinterSelection(BOOL bForceDefaults);
+  // Runs pPD with the application's printer and keeps the one chosen.
+  virtual INT_PTR DoPrintDialog(class CPrintDialog* pPD);
 };
 
 AFX_API CWinApp* AFXAPI AfxGetApp();
