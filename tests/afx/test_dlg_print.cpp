@@ -1,0 +1,247 @@
+// CPrintDialog on the test prefix's printer ("VRK PostScript", Wine's
+// PostScript driver on LPT1:, letter paper at 300 dpi): the defaults without
+// a dialog, printer DCs made from the blocks, the Print and Print Setup
+// dialogs driven as a user would, the range and copies accessors, and
+// DEVNAMES and DEVMODE blocks that lie about their contents.
+#include <afxdlgs.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "dlg_driver.h"
+
+namespace {
+
+const char kPrinter[] = "VRK PostScript";
+
+// Frees what a dialog's m_pd collected.
+void FreeBlocks(PRINTDLG& pd) {
+  if (pd.hDC != NULL) ::DeleteDC(pd.hDC);
+  if (pd.hDevMode != NULL) ::GlobalFree(pd.hDevMode);
+  if (pd.hDevNames != NULL) ::GlobalFree(pd.hDevNames);
+  pd.hDC = NULL;
+  pd.hDevMode = pd.hDevNames = NULL;
+}
+
+// A DEVNAMES block with the given names.
+HGLOBAL MakeDevNames(const std::string& driver, const std::string& device,
+                     const std::string& output) {
+  size_t nSize = sizeof(DEVNAMES) + driver.size() + device.size() + output.size() + 3;
+  HGLOBAL h = ::GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, nSize);
+  BYTE* p = (BYTE*)::GlobalLock(h);
+  DEVNAMES* pDN = (DEVNAMES*)p;
+  size_t off = sizeof(DEVNAMES);
+  pDN->wDriverOffset = (WORD)off;
+  memcpy(p + off, driver.c_str(), driver.size() + 1);
+  off += driver.size() + 1;
+  pDN->wDeviceOffset = (WORD)off;
+  memcpy(p + off, device.c_str(), device.size() + 1);
+  off += device.size() + 1;
+  pDN->wOutputOffset = (WORD)off;
+  memcpy(p + off, output.c_str(), output.size() + 1);
+  ::GlobalUnlock(h);
+  return h;
+}
+
+TEST(PrintDialog, ConstructorFormsOfTheDialog) {
+  CPrintDialog print(FALSE);
+  EXPECT_EQ(sizeof(PRINTDLG), print.m_pd.lStructSize);
+  EXPECT_EQ(66u, sizeof(PRINTDLGA)); // as the SDK packs it on 32-bit Windows
+  const DWORD dwDefaults =
+      PD_ALLPAGES | PD_USEDEVMODECOPIES | PD_NOPAGENUMS | PD_HIDEPRINTTOFILE | PD_NOSELECTION;
+  EXPECT_EQ(dwDefaults, print.m_pd.Flags & dwDefaults);
+  // The print form returns a DC; both forms reach the object through hooks.
+  EXPECT_TRUE(print.m_pd.Flags & PD_RETURNDC);
+  EXPECT_FALSE(print.m_pd.Flags & PD_PRINTSETUP);
+  EXPECT_TRUE(print.m_pd.Flags & PD_ENABLEPRINTHOOK);
+  EXPECT_TRUE(print.m_pd.Flags & PD_ENABLESETUPHOOK);
+  EXPECT_TRUE(print.m_pd.lpfnPrintHook != NULL);
+  EXPECT_EQ(NULL, print.m_pd.hDevMode);
+  EXPECT_EQ(NULL, print.GetPrinterDC());
+  EXPECT_EQ(CString(), print.GetDeviceName());
+  EXPECT_EQ(NULL, print.GetDevMode());
+
+  CPrintDialog setup(TRUE, PD_ALLPAGES);
+  EXPECT_TRUE(setup.m_pd.Flags & PD_PRINTSETUP);
+  EXPECT_FALSE(setup.m_pd.Flags & PD_RETURNDC);
+  EXPECT_FALSE(setup.m_pd.Flags & PD_NOPAGENUMS);
+}
+
+TEST(PrintDialog, DefaultsAreTheConfiguredPrinter) {
+  CPrintDialog dlg(FALSE);
+  ASSERT_TRUE(dlg.GetDefaults()) << "no default printer: " << CommDlgExtendedError();
+  EXPECT_FALSE(dlg.m_pd.Flags & PD_RETURNDEFAULT); // taken off again
+  EXPECT_EQ(CString(kPrinter), dlg.GetDeviceName());
+  EXPECT_EQ(CString("wineps.drv"), dlg.GetDriverName());
+  EXPECT_EQ(CString("LPT1:"), dlg.GetPortName());
+  LPDEVMODE pDevMode = dlg.GetDevMode();
+  ASSERT_TRUE(pDevMode != NULL);
+  EXPECT_STREQ(kPrinter, (const char*)pDevMode->dmDeviceName);
+  EXPECT_EQ(DMPAPER_LETTER, pDevMode->dmPaperSize);
+  EXPECT_EQ(1, dlg.GetCopies());
+
+  // The print form brought a DC for the printer: letter paper at 300 dpi.
+  HDC hDC = dlg.GetPrinterDC();
+  ASSERT_TRUE(hDC != NULL);
+  EXPECT_EQ(DT_RASPRINTER, ::GetDeviceCaps(hDC, TECHNOLOGY));
+  EXPECT_EQ(300, ::GetDeviceCaps(hDC, LOGPIXELSX));
+  EXPECT_EQ(2550, ::GetDeviceCaps(hDC, PHYSICALWIDTH));
+  EXPECT_EQ(3300, ::GetDeviceCaps(hDC, PHYSICALHEIGHT));
+
+  // The system's idea of the default printer is the same one.
+  char szDefault[256];
+  DWORD nSize = sizeof(szDefault);
+  ASSERT_TRUE(::GetDefaultPrinterA(szDefault, &nSize));
+  EXPECT_STREQ(kPrinter, szDefault);
+  FreeBlocks(dlg.m_pd);
+}
+
+TEST(PrintDialog, CreatePrinterDCFromTheBlocks) {
+  CPrintDialog setup(TRUE);
+  ASSERT_TRUE(setup.GetDefaults());
+  EXPECT_EQ(NULL, setup.GetPrinterDC()); // the setup form makes no DC
+  HDC hDC = setup.CreatePrinterDC();
+  ASSERT_TRUE(hDC != NULL);
+  EXPECT_EQ(hDC, setup.GetPrinterDC());
+  EXPECT_EQ(DT_RASPRINTER, ::GetDeviceCaps(hDC, TECHNOLOGY));
+
+  // The DEVMODE's settings reach the DC: landscape swaps the page.
+  LPDEVMODE pDevMode = setup.GetDevMode();
+  pDevMode->dmOrientation = DMORIENT_LANDSCAPE;
+  pDevMode->dmFields |= DM_ORIENTATION;
+  HDC hLandscape = AfxCreateDC(setup.m_pd.hDevNames, setup.m_pd.hDevMode);
+  ASSERT_TRUE(hLandscape != NULL);
+  EXPECT_EQ(3300, ::GetDeviceCaps(hLandscape, PHYSICALWIDTH));
+  EXPECT_EQ(2550, ::GetDeviceCaps(hLandscape, PHYSICALHEIGHT));
+  ::DeleteDC(hLandscape);
+  FreeBlocks(setup.m_pd);
+}
+
+TEST(PrintDialog, RangeAndCopies) {
+  CPrintDialog dlg(FALSE, PD_ALLPAGES);
+  EXPECT_TRUE(dlg.PrintAll());
+  EXPECT_FALSE(dlg.PrintRange());
+  dlg.m_pd.nFromPage = 2;
+  dlg.m_pd.nToPage = 5;
+  EXPECT_EQ(-1, dlg.GetFromPage()); // no range chosen
+  EXPECT_EQ(-1, dlg.GetToPage());
+  dlg.m_pd.Flags |= PD_PAGENUMS;
+  EXPECT_TRUE(dlg.PrintRange());
+  EXPECT_FALSE(dlg.PrintAll());
+  EXPECT_EQ(2, dlg.GetFromPage());
+  EXPECT_EQ(5, dlg.GetToPage());
+  dlg.m_pd.Flags = (dlg.m_pd.Flags & ~PD_PAGENUMS) | PD_SELECTION | PD_COLLATE;
+  EXPECT_TRUE(dlg.PrintSelection());
+  EXPECT_FALSE(dlg.PrintAll());
+  EXPECT_TRUE(dlg.PrintCollate());
+
+  // Copies: the DEVMODE's count with PD_USEDEVMODECOPIES, else nCopies.
+  ASSERT_TRUE(dlg.GetDefaults());
+  dlg.GetDevMode()->dmCopies = 3;
+  dlg.m_pd.nCopies = 2;
+  EXPECT_EQ(2, dlg.GetCopies());
+  dlg.m_pd.Flags |= PD_USEDEVMODECOPIES;
+  EXPECT_EQ(3, dlg.GetCopies());
+  FreeBlocks(dlg.m_pd);
+}
+
+TEST(PrintDialog, LyingBlocksGiveNoNamesAndNoDC) {
+  CPrintDialog dlg(TRUE);
+  // Offsets past the block's end, and a name running to its end.
+  HGLOBAL hBad = MakeDevNames("wineps.drv", kPrinter, "LPT1:");
+  DEVNAMES* pDN = (DEVNAMES*)::GlobalLock(hBad);
+  SIZE_T nSize = ::GlobalSize(hBad);
+  pDN->wDeviceOffset = 0xFFF0;
+  pDN->wOutputOffset = (WORD)(nSize - 1);
+  ((BYTE*)pDN)[nSize - 1] = 'X';
+  ::GlobalUnlock(hBad);
+  dlg.m_pd.hDevNames = hBad;
+  EXPECT_EQ(CString("wineps.drv"), dlg.GetDriverName());
+  EXPECT_EQ(CString(), dlg.GetDeviceName());
+  EXPECT_EQ(CString(), dlg.GetPortName());
+  EXPECT_EQ(NULL, dlg.CreatePrinterDC());
+  ::GlobalFree(hBad);
+
+  // A block smaller than DEVNAMES itself.
+  HGLOBAL hTiny = ::GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, 3);
+  dlg.m_pd.hDevNames = hTiny;
+  EXPECT_EQ(CString(), dlg.GetDriverName());
+  EXPECT_EQ(NULL, AfxCreateDC(hTiny, NULL));
+  ::GlobalFree(hTiny);
+  dlg.m_pd.hDevNames = NULL;
+
+  // A DEVMODE claiming more than its block holds is not read: the printer's
+  // own defaults are used.
+  HGLOBAL hNames = MakeDevNames("wineps.drv", kPrinter, "LPT1:");
+  HGLOBAL hShort = ::GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, sizeof(DEVMODEA));
+  DEVMODEA* pDM = (DEVMODEA*)::GlobalLock(hShort);
+  pDM->dmSize = sizeof(DEVMODEA);
+  pDM->dmDriverExtra = 0x4000;
+  ::GlobalUnlock(hShort);
+  HDC hDC = AfxCreateDC(hNames, hShort);
+  ASSERT_TRUE(hDC != NULL);
+  EXPECT_EQ(DT_RASPRINTER, ::GetDeviceCaps(hDC, TECHNOLOGY));
+  ::DeleteDC(hDC);
+  // An unknown printer gives no DC.
+  HGLOBAL hUnknown = MakeDevNames("wineps.drv", "No Such Printer", "LPT1:");
+  EXPECT_EQ(NULL, AfxCreateDC(hUnknown, NULL));
+  EXPECT_EQ(NULL, AfxCreateDC(NULL, NULL));
+  ::GlobalFree(hUnknown);
+  ::GlobalFree(hShort);
+  ::GlobalFree(hNames);
+}
+
+// ---- The dialogs shown -------------------------------------------------------------
+
+// Counts its initialisation and looks at itself while shown.
+class CWatchedPrintDialog : public CPrintDialog {
+public:
+  explicit CWatchedPrintDialog(BOOL bSetup) : CPrintDialog(bSetup) {}
+  int m_nInit = 0;
+  CString m_strCaption;
+  virtual BOOL OnInitDialog() {
+    m_nInit++;
+    GetWindowText(m_strCaption);
+    return CPrintDialog::OnInitDialog();
+  }
+};
+
+TEST(PrintDialogShown, OkGivesTheChosenPrinterAndADC) {
+  DialogDriver driver;
+  driver.Then([](HWND hDlg) { DialogDriver::Press(hDlg, IDOK); });
+  CWatchedPrintDialog dlg(FALSE);
+  ASSERT_EQ(IDOK, dlg.DoModal());
+  ASSERT_EQ(1u, driver.Captions().size());
+  EXPECT_EQ(1, dlg.m_nInit);
+  EXPECT_EQ(CString(driver.Captions()[0].c_str()), dlg.m_strCaption);
+  EXPECT_EQ(NULL, dlg.m_hWnd); // let go with the window
+  EXPECT_EQ(CString(kPrinter), dlg.GetDeviceName());
+  ASSERT_TRUE(dlg.GetPrinterDC() != NULL);
+  EXPECT_EQ(DT_RASPRINTER, ::GetDeviceCaps(dlg.GetPrinterDC(), TECHNOLOGY));
+  EXPECT_TRUE(dlg.PrintAll());
+  FreeBlocks(dlg.m_pd);
+}
+
+TEST(PrintDialogShown, CancelGivesNoDC) {
+  DialogDriver driver;
+  driver.Then([](HWND hDlg) { DialogDriver::Press(hDlg, IDCANCEL); });
+  CWatchedPrintDialog dlg(FALSE);
+  EXPECT_EQ(IDCANCEL, dlg.DoModal());
+  EXPECT_EQ(1u, driver.Captions().size());
+  EXPECT_EQ(NULL, dlg.GetPrinterDC());
+  EXPECT_EQ(0u, CommDlgExtendedError());
+  FreeBlocks(dlg.m_pd);
+}
+
+TEST(PrintDialogShown, SetupFormChoosesWithoutADC) {
+  DialogDriver driver;
+  driver.Then([](HWND hDlg) { DialogDriver::Press(hDlg, IDOK); });
+  CWatchedPrintDialog dlg(TRUE);
+  ASSERT_EQ(IDOK, dlg.DoModal());
+  EXPECT_EQ(1, dlg.m_nInit);
+  EXPECT_EQ(CString(kPrinter), dlg.GetDeviceName());
+  EXPECT_EQ(NULL, dlg.GetPrinterDC());
+  FreeBlocks(dlg.m_pd);
+}
+
+} // namespace
