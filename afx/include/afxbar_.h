@@ -328,6 +328,9 @@ protected:
   void SetButtonRaw(int nIndex, const TBBUTTON* pButton);
   // The size of one row (bHorz) or column of the buttons, borders included.
   CSize CalcSize(BOOL bHorz) const;
+  // Marks the buttons TBBS_WRAPPED for a column (!bHorz), clears the marks
+  // for a row.
+  void WrapButtons(BOOL bHorz);
 
   // With CBRS_FLYBY the owner is told of the button under the mouse
   // (WM_SETMESSAGESTRING with its id) and of the mouse leaving the buttons

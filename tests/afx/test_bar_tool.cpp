@@ -233,7 +233,21 @@ TEST_F(ToolBarTest, SizeIsOneRowOrColumnOfButtons) {
   int cyMargins = m_bar.m_cyTopBorder + m_bar.m_cyBottomBorder;
   EXPECT_EQ(CSize(3 * 23 + 6 + cxMargins, 22 + cyMargins), m_bar.CalcFixedLayout(FALSE, TRUE));
   EXPECT_EQ(CSize(23 + cxMargins, 3 * 22 + 6 + cyMargins), m_bar.CalcFixedLayout(FALSE, FALSE));
+  // A column wraps after every button; the control stacks them.
+  EXPECT_EQ((UINT)(TBBS_BUTTON | TBBS_WRAPPED), m_bar.GetButtonStyle(0));
+  EXPECT_EQ((UINT)TBBS_BUTTON, m_bar.GetButtonStyle(3));
+  m_bar.MoveWindow(0, 0, 23 + cxMargins, 200);
+  CRect rect0, rect1;
+  m_bar.GetItemRect(0, &rect0);
+  m_bar.GetItemRect(1, &rect1);
+  EXPECT_GE(rect1.top, rect0.bottom);
+  EXPECT_EQ(rect0.left, rect1.left);
+  // A row again: no wraps.
   EXPECT_EQ(CSize(32767, 22 + cyMargins), m_bar.CalcFixedLayout(TRUE, TRUE));
+  EXPECT_EQ((UINT)TBBS_BUTTON, m_bar.GetButtonStyle(0));
+  m_bar.GetItemRect(1, &rect1);
+  EXPECT_EQ(rect0.top, rect1.top);
+
   // A hidden button takes no room.
   m_bar.SetButtonStyle(0, TBBS_BUTTON | TBBS_HIDDEN);
   EXPECT_EQ(2 * 23 + 6 + cxMargins, m_bar.CalcFixedLayout(FALSE, TRUE).cx);

@@ -232,12 +232,13 @@ void CToolBar::SetButtonRaw(int nIndex, const TBBUTTON* pButton) {
   if (old.idCommand == button.idCommand && old.fsStyle == button.fsStyle &&
       old.fsState == button.fsState && old.iBitmap == button.iBitmap)
     return; // unchanged: no repaint
-  if (old.fsStyle == button.fsStyle && !(button.fsStyle & TBSTYLE_SEP)) {
+  BOOL bSeparator = (button.fsStyle & TBSTYLE_SEP) != 0;
+  if (old.fsStyle == button.fsStyle && (!bSeparator || old.iBitmap == button.iBitmap)) {
     // Same kind of button: change it in place, found by its index.
     TBBUTTONINFO info;
     memset(&info, 0, sizeof(info));
     info.cbSize = sizeof(info);
-    info.dwMask = TBIF_BYINDEX | TBIF_COMMAND | TBIF_IMAGE | TBIF_STATE;
+    info.dwMask = TBIF_BYINDEX | TBIF_COMMAND | TBIF_STATE | (bSeparator ? 0 : TBIF_IMAGE);
     info.idCommand = button.idCommand;
     info.iImage = button.iBitmap;
     info.fsState = button.fsState;
@@ -328,7 +329,22 @@ CSize CToolBar::CalcSize(BOOL bHorz) const {
   return size;
 }
 
+void CToolBar::WrapButtons(BOOL bHorz) {
+  // A row has no breaks; a column breaks after every button but the last.
+  for (int i = 0; i < m_nCount; i++) {
+    TBBUTTON button;
+    if (!GetButtonRaw(i, &button)) continue;
+    BYTE fsState = button.fsState & ~TBSTATE_WRAP;
+    if (!bHorz && i < m_nCount - 1) fsState |= TBSTATE_WRAP;
+    if (fsState == button.fsState) continue;
+    button.fsState = fsState;
+    SetButtonRaw(i, &button);
+  }
+}
+
 CSize CToolBar::CalcFixedLayout(BOOL bStretch, BOOL bHorz) {
+  // The control lays the buttons out as the bar's edge wants them.
+  if (m_hWnd != NULL) WrapButtons(bHorz);
   CSize size = CalcSize(bHorz);
   if (bStretch) {
     if (bHorz)
