@@ -1,0 +1,265 @@
+// The application's printer and the print job's record: CPrintInfo's
+// defaults and ownership of its dialog's DC; CWinApp's DEVMODE and DEVNAMES
+// blocks looked up, lent, handed to print dialogs and remembered from them,
+// replaced and freed, followed when they name the system's default printer.
+#include <afxdlgs.h>
+#include <afxprint_.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "dlg_driver.h"
+
+namespace {
+
+const char kPrinter[] = "VRK PostScript";
+
+// The device name in a DEVNAMES block ("" for none).
+std::string DeviceName(HGLOBAL hDevNames) {
+  if (hDevNames == NULL) return "";
+  const DEVNAMES* p = (const DEVNAMES*)::GlobalLock(hDevNames);
+  std::string name = (const char*)p + p->wDeviceOffset;
+  ::GlobalUnlock(hDevNames);
+  return name;
+}
+
+HGLOBAL MakeDevNames(const std::string& device, WORD wDefault) {
+  const std::string driver = "wineps.drv", output = "LPT1:";
+  size_t nSize = sizeof(DEVNAMES) + driver.size() + device.size() + output.size() + 3;
+  HGLOBAL h = ::GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, nSize);
+  BYTE* p = (BYTE*)::GlobalLock(h);
+  DEVNAMES* pDN = (DEVNAMES*)p;
+  pDN->wDriverOffset = sizeof(DEVNAMES);
+  memcpy(p + pDN->wDriverOffset, driver.c_str(), driver.size() + 1);
+  pDN->wDeviceOffset = (WORD)(pDN->wDriverOffset + driver.size() + 1);
+  memcpy(p + pDN->wDeviceOffset, device.c_str(), device.size() + 1);
+  pDN->wOutputOffset = (WORD)(pDN->wDeviceOffset + device.size() + 1);
+  memcpy(p + pDN->wOutputOffset, output.c_str(), output.size() + 1);
+  pDN->wDefault = wDefault;
+  ::GlobalUnlock(h);
+  return h;
+}
+
+bool IsFreed(HGLOBAL h) { return ::GlobalFlags(h) == GMEM_INVALID_HANDLE; }
+
+int DevModeCopies(HGLOBAL hDevMode) {
+  const DEVMODE* p = (const DEVMODE*)::GlobalLock(hDevMode);
+  int n = p->dmCopies;
+  ::GlobalUnlock(hDevMode);
+  return n;
+}
+
+// ---- CPrintInfo ------------------------------------------------------------------
+
+TEST(PrintInfo, Defaults) {
+  CPrintInfo info;
+  ASSERT_TRUE(info.m_pPD != NULL);
+  EXPECT_TRUE(info.m_pPD->IsKindOf(RUNTIME_CLASS(CPrintDialog)));
+  EXPECT_EQ(1u, info.GetMinPage());
+  EXPECT_EQ(0xFFFFu, info.GetMaxPage());
+  EXPECT_EQ(1u, info.GetFromPage());
+  EXPECT_EQ(0xFFFFu, info.GetToPage());
+  EXPECT_EQ(0u, info.GetOffsetPage());
+  EXPECT_EQ(1u, info.m_nCurPage);
+  EXPECT_TRUE(info.m_bContinuePrinting);
+  EXPECT_FALSE(info.m_bDirect);
+  EXPECT_FALSE(info.m_bPreview);
+  EXPECT_FALSE(info.m_bDocObject);
+  EXPECT_EQ(0u, info.m_dwFlags);
+  EXPECT_EQ(NULL, info.m_lpUserData);
+  EXPECT_TRUE(info.m_strPageDesc.IsEmpty());
+  EXPECT_TRUE(info.m_rectDraw.IsRectNull());
+  // The job's dialog offers page numbers and print to file, never the
+  // selection, and hands back a DC.
+  DWORD dwFlags = info.m_pPD->m_pd.Flags;
+  EXPECT_FALSE(dwFlags & PD_NOPAGENUMS);
+  EXPECT_FALSE(dwFlags & PD_HIDEPRINTTOFILE);
+  EXPECT_TRUE(dwFlags & PD_NOSELECTION);
+  EXPECT_TRUE(dwFlags & PD_USEDEVMODECOPIES);
+  EXPECT_TRUE(dwFlags & PD_RETURNDC);
+
+  info.SetMinPage(3);
+  info.SetMaxPage(9);
+  EXPECT_EQ(3, info.m_pPD->m_pd.nMinPage);
+  EXPECT_EQ(9, info.m_pPD->m_pd.nMaxPage);
+  EXPECT_EQ(3u, info.GetMinPage());
+  EXPECT_EQ(9u, info.GetMaxPage());
+}
+
+TEST(PrintInfo, DestructorDeletesTheJobsDC) {
+  HDC hDC;
+  HGLOBAL hDevMode, hDevNames;
+  {
+    CPrintInfo info;
+    ASSERT_TRUE(info.m_pPD->GetDefaults());
+    hDC = info.m_pPD->GetPrinterDC();
+    hDevMode = info.m_pPD->m_pd.hDevMode;
+    hDevNames = info.m_pPD->m_pd.hDevNames;
+    ASSERT_TRUE(hDC != NULL);
+    EXPECT_EQ((DWORD)OBJ_DC, ::GetObjectType(hDC));
+  }
+  EXPECT_EQ(0u, ::GetObjectType(hDC));
+  // The blocks are not the job's (usually they are the application's).
+  EXPECT_FALSE(IsFreed(hDevMode));
+  EXPECT_FALSE(IsFreed(hDevNames));
+  ::GlobalFree(hDevMode);
+  ::GlobalFree(hDevNames);
+}
+
+// ---- CWinApp's printer -------------------------------------------------------------
+
+class AppPrinter : public ::testing::Test {
+protected:
+  CWinApp m_app{"PrintTest"};
+};
+
+TEST_F(AppPrinter, DefaultsAreLookedUpOnceAndLent) {
+  EXPECT_EQ(NULL, m_app.m_hDevNames);
+  PRINTDLG pd;
+  memset(&pd, 0, sizeof(pd));
+  ASSERT_TRUE(m_app.GetPrinterDeviceDefaults(&pd));
+  ASSERT_TRUE(m_app.m_hDevNames != NULL);
+  EXPECT_EQ(m_app.m_hDevNames, pd.hDevNames);
+  EXPECT_EQ(m_app.m_hDevMode, pd.hDevMode);
+  EXPECT_EQ(kPrinter, DeviceName(pd.hDevNames));
+  // Asked again: the same blocks, not a new lookup.
+  PRINTDLG pd2;
+  memset(&pd2, 0, sizeof(pd2));
+  ASSERT_TRUE(m_app.GetPrinterDeviceDefaults(&pd2));
+  EXPECT_EQ(pd.hDevNames, pd2.hDevNames);
+  EXPECT_EQ(pd.hDevMode, pd2.hDevMode);
+  EXPECT_FALSE(m_app.GetPrinterDeviceDefaults(NULL));
+}
+
+TEST_F(AppPrinter, CreatePrinterDC) {
+  CDC dc;
+  ASSERT_TRUE(m_app.CreatePrinterDC(dc));
+  ASSERT_TRUE(dc.GetSafeHdc() != NULL);
+  EXPECT_EQ(DT_RASPRINTER, dc.GetDeviceCaps(TECHNOLOGY));
+  EXPECT_EQ(kPrinter, DeviceName(m_app.m_hDevNames));
+  // A second one replaces (and deletes) the first.
+  HDC hFirst = dc.GetSafeHdc();
+  ASSERT_TRUE(m_app.CreatePrinterDC(dc));
+  EXPECT_NE(hFirst, dc.GetSafeHdc());
+  EXPECT_EQ(0u, ::GetObjectType(hFirst));
+}
+
+TEST_F(AppPrinter, SelectPrinterFreesWhatItReplaces) {
+  m_app.UpdatePrinterSelection(TRUE);
+  HGLOBAL hOldNames = m_app.m_hDevNames, hOldMode = m_app.m_hDevMode;
+  ASSERT_TRUE(hOldNames != NULL);
+  ASSERT_TRUE(hOldMode != NULL);
+  HGLOBAL hNames = MakeDevNames("Elsewhere", 0);
+  // The same DEVMODE again is kept; the old DEVNAMES goes.
+  m_app.SelectPrinter(hNames, hOldMode);
+  EXPECT_TRUE(IsFreed(hOldNames));
+  EXPECT_FALSE(IsFreed(hOldMode));
+  EXPECT_EQ(hNames, m_app.m_hDevNames);
+  // Without bFreeOld the caller keeps the old ones.
+  HGLOBAL hOther = MakeDevNames("Other", 0);
+  m_app.SelectPrinter(hOther, NULL, FALSE);
+  EXPECT_FALSE(IsFreed(hNames));
+  EXPECT_FALSE(IsFreed(hOldMode));
+  EXPECT_EQ(NULL, m_app.m_hDevMode);
+  ::GlobalFree(hNames);
+  ::GlobalFree(hOldMode);
+}
+
+TEST_F(AppPrinter, ChosenPrinterStaysDefaultPrinterFollows) {
+  // A printer chosen by name stays chosen, even one that is not there.
+  m_app.SelectPrinter(MakeDevNames("Elsewhere", 0), NULL);
+  m_app.UpdatePrinterSelection(FALSE);
+  EXPECT_EQ("Elsewhere", DeviceName(m_app.m_hDevNames));
+  // One chosen as "the default printer" follows the system's default.
+  m_app.SelectPrinter(MakeDevNames("Former Default", DN_DEFAULTPRN), NULL);
+  m_app.UpdatePrinterSelection(FALSE);
+  EXPECT_EQ(kPrinter, DeviceName(m_app.m_hDevNames));
+  EXPECT_TRUE(m_app.m_hDevMode != NULL);
+  // While it is the default, its settings are left as they are.
+  HGLOBAL hMode = m_app.m_hDevMode;
+  m_app.UpdatePrinterSelection(FALSE);
+  EXPECT_EQ(hMode, m_app.m_hDevMode);
+  // Forced: the system's default whatever was chosen.
+  m_app.SelectPrinter(MakeDevNames("Elsewhere", 0), NULL);
+  m_app.UpdatePrinterSelection(TRUE);
+  EXPECT_EQ(kPrinter, DeviceName(m_app.m_hDevNames));
+}
+
+// A print dialog that shows nothing: it records the blocks it was handed,
+// changes the copies as a user would, makes the DC and says OK.
+class CSilentPrintDialog : public CPrintDialog {
+public:
+  CSilentPrintDialog() : CPrintDialog(FALSE) {}
+  HGLOBAL m_hNamesIn = NULL, m_hModeIn = NULL;
+  int m_nCopiesIn = 0;
+  short m_nCopiesChosen = 4;
+  BOOL m_bReplaceNames = FALSE;
+  virtual INT_PTR DoModal() {
+    m_hNamesIn = m_pd.hDevNames;
+    m_hModeIn = m_pd.hDevMode;
+    if (m_hModeIn != NULL) {
+      m_nCopiesIn = DevModeCopies(m_hModeIn);
+      DEVMODE* p = (DEVMODE*)::GlobalLock(m_pd.hDevMode);
+      p->dmCopies = m_nCopiesChosen;
+      ::GlobalUnlock(m_pd.hDevMode);
+    }
+    if (m_bReplaceNames) {
+      // As PrintDlg may: a new block for the names, the old one freed.
+      ::GlobalFree(m_pd.hDevNames);
+      m_pd.hDevNames = MakeDevNames("Chosen Printer", 0);
+    }
+    if (!m_bReplaceNames) CreatePrinterDC();
+    return IDOK;
+  }
+};
+
+TEST_F(AppPrinter, DoPrintDialogHandsOverAndRemembersTheBlocks) {
+  CSilentPrintDialog first;
+  ASSERT_EQ(IDOK, m_app.DoPrintDialog(&first));
+  // The first dialog already gets the default printer's blocks.
+  ASSERT_TRUE(first.m_hNamesIn != NULL);
+  EXPECT_EQ(kPrinter, DeviceName(first.m_hNamesIn));
+  EXPECT_EQ(1, first.m_nCopiesIn);
+  EXPECT_EQ(first.m_hNamesIn, m_app.m_hDevNames);
+  ASSERT_TRUE(first.GetPrinterDC() != NULL);
+  ::DeleteDC(first.m_pd.hDC);
+
+  // The next dialog starts from what the user chose in the last one.
+  CSilentPrintDialog second;
+  second.m_bReplaceNames = TRUE;
+  ASSERT_EQ(IDOK, m_app.DoPrintDialog(&second));
+  EXPECT_EQ(first.m_hNamesIn, second.m_hNamesIn);
+  EXPECT_EQ(4, second.m_nCopiesIn);
+  // The block the dialog made is the application's now, and being a
+  // printer chosen by name it stays so.
+  EXPECT_EQ(second.m_pd.hDevNames, m_app.m_hDevNames);
+  EXPECT_EQ("Chosen Printer", DeviceName(m_app.m_hDevNames));
+  PRINTDLG pd;
+  memset(&pd, 0, sizeof(pd));
+  ASSERT_TRUE(m_app.GetPrinterDeviceDefaults(&pd));
+  EXPECT_EQ("Chosen Printer", DeviceName(pd.hDevNames));
+}
+
+TEST_F(AppPrinter, DoPrintDialogShownAndConfirmed) {
+  DialogDriver driver;
+  driver.Then([](HWND hDlg) { DialogDriver::Press(hDlg, IDOK); });
+  CPrintDialog dlg(FALSE);
+  ASSERT_EQ(IDOK, m_app.DoPrintDialog(&dlg));
+  EXPECT_EQ(1u, driver.Captions().size());
+  EXPECT_EQ(kPrinter, DeviceName(m_app.m_hDevNames));
+  EXPECT_EQ(dlg.m_pd.hDevNames, m_app.m_hDevNames);
+  EXPECT_EQ(dlg.m_pd.hDevMode, m_app.m_hDevMode);
+  ASSERT_TRUE(dlg.GetPrinterDC() != NULL);
+  ::DeleteDC(dlg.m_pd.hDC);
+}
+
+TEST_F(AppPrinter, PrintSetupCommand) {
+  DialogDriver driver;
+  driver.Then([](HWND hDlg) { DialogDriver::Press(hDlg, IDOK); });
+  m_app.OnFilePrintSetup();
+  EXPECT_EQ(1u, driver.Captions().size());
+  EXPECT_EQ(kPrinter, DeviceName(m_app.m_hDevNames));
+  EXPECT_TRUE(m_app.m_hDevMode != NULL);
+}
+
+} // namespace
