@@ -1,0 +1,365 @@
+// COleDataSource and COleDataObject joined directly (no clipboard): the
+// formats offered and their order, copies handed out, delayed rendering,
+// GDI media, streams, SetData and the source's reference count.
+#include <afxole.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+struct OleEnv : ::testing::Environment {
+  void SetUp() override { ASSERT_TRUE(AfxOleInit()); }
+};
+::testing::Environment* const g_oleEnv = ::testing::AddGlobalTestEnvironment(new OleEnv);
+
+HGLOBAL MakeBlock(const std::string& bytes) {
+  HGLOBAL h = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
+  memcpy(GlobalLock(h), bytes.data(), bytes.size());
+  GlobalUnlock(h);
+  return h;
+}
+
+std::string BlockBytes(HGLOBAL h) {
+  if (h == NULL) return "<null>";
+  const char* p = (const char*)GlobalLock(h);
+  std::string s(p, GlobalSize(h));
+  GlobalUnlock(h);
+  return s;
+}
+
+CLIPFORMAT TestFormat() { return (CLIPFORMAT)RegisterClipboardFormatA("VRK afx ole data test"); }
+
+// A source that says when it dies and renders two formats on request.
+class CTestSource : public COleDataSource {
+public:
+  explicit CTestSource(bool* pDeleted = NULL) : m_pDeleted(pDeleted) {}
+  ~CTestSource() override {
+    if (m_pDeleted != NULL) *m_pDeleted = true;
+  }
+  BOOL OnRenderGlobalData(LPFORMATETC lpFormatEtc, HGLOBAL* phGlobal) override {
+    m_nRenders++;
+    if (lpFormatEtc->cfFormat != CF_TEXT) return FALSE;
+    if (*phGlobal != NULL) { // fill in place
+      if (GlobalSize(*phGlobal) < 9) return FALSE;
+      memcpy(GlobalLock(*phGlobal), "rendered", 9);
+      GlobalUnlock(*phGlobal);
+      return TRUE;
+    }
+    *phGlobal = MakeBlock(std::string("rendered", 9));
+    return TRUE;
+  }
+  BOOL OnRenderFileData(LPFORMATETC lpFormatEtc, CFile* pFile) override {
+    if (lpFormatEtc->cfFormat != TestFormat()) return FALSE;
+    pFile->Write("file bytes", 10);
+    return TRUE;
+  }
+  BOOL OnSetData(LPFORMATETC lpFormatEtc, LPSTGMEDIUM lpStgMedium, BOOL bRelease) override {
+    m_strSet = BlockBytes(lpStgMedium->hGlobal);
+    if (bRelease) ReleaseStgMedium(lpStgMedium);
+    return lpFormatEtc->cfFormat == CF_TEXT;
+  }
+
+  int m_nRenders = 0;
+  std::string m_strSet;
+
+private:
+  bool* m_pDeleted;
+};
+
+std::vector<CLIPFORMAT> Formats(COleDataObject& data) {
+  std::vector<CLIPFORMAT> formats;
+  data.BeginEnumFormats();
+  FORMATETC fmt;
+  while (data.GetNextFormat(&fmt)) {
+    formats.push_back(fmt.cfFormat);
+    CoTaskMemFree(fmt.ptd);
+  }
+  return formats;
+}
+
+} // namespace
+
+// ---- Cached data ------------------------------------------------------------------------
+
+TEST(OleDataCache, FormatsInTheOrderTheyWereCached) {
+  COleDataSource source;
+  source.CacheGlobalData(TestFormat(), MakeBlock("abc"));
+  source.CacheGlobalData(CF_TEXT, MakeBlock(std::string("text", 5)));
+  source.DelayRenderData(CF_OEMTEXT);
+  COleDataObject data;
+  data.Attach((LPDATAOBJECT)source.GetInterface(&IID_IDataObject), FALSE);
+  EXPECT_EQ((std::vector<CLIPFORMAT>{TestFormat(), CF_TEXT, CF_OEMTEXT}), Formats(data));
+
+  // Caching a format again replaces it where it stands.
+  source.CacheGlobalData(TestFormat(), MakeBlock("xyz"));
+  EXPECT_EQ((std::vector<CLIPFORMAT>{TestFormat(), CF_TEXT, CF_OEMTEXT}), Formats(data));
+  HGLOBAL h = data.GetGlobalData(TestFormat());
+  EXPECT_EQ("xyz", BlockBytes(h));
+  GlobalFree(h);
+
+  source.Empty();
+  EXPECT_TRUE(Formats(data).empty());
+  EXPECT_FALSE(data.IsDataAvailable(CF_TEXT));
+}
+
+TEST(OleDataCache, GetGlobalDataHandsOutCopiesTheCallerOwns) {
+  COleDataSource source;
+  HGLOBAL hCached = MakeBlock("one block");
+  source.CacheGlobalData(TestFormat(), hCached);
+  COleDataObject data;
+  data.Attach((LPDATAOBJECT)source.GetInterface(&IID_IDataObject), FALSE);
+
+  HGLOBAL h1 = data.GetGlobalData(TestFormat());
+  HGLOBAL h2 = data.GetGlobalData(TestFormat());
+  ASSERT_NE((HGLOBAL)NULL, h1);
+  EXPECT_NE(hCached, h1);
+  EXPECT_NE(h1, h2);
+  EXPECT_EQ("one block", BlockBytes(h1));
+  // Changing and freeing one copy touches neither the other nor the cache.
+  *(char*)GlobalLock(h1) = 'X';
+  GlobalUnlock(h1);
+  EXPECT_EQ(NULL, GlobalFree(h1));
+  EXPECT_EQ("one block", BlockBytes(h2));
+  GlobalFree(h2);
+  HGLOBAL h3 = data.GetGlobalData(TestFormat());
+  EXPECT_EQ("one block", BlockBytes(h3));
+  GlobalFree(h3);
+}
+
+TEST(OleDataCache, MissingFormatsAndAspects) {
+  COleDataSource source;
+  source.CacheGlobalData(CF_TEXT, MakeBlock(std::string("t", 2)));
+  COleDataObject data;
+  data.Attach((LPDATAOBJECT)source.GetInterface(&IID_IDataObject), FALSE);
+  EXPECT_TRUE(data.IsDataAvailable(CF_TEXT));
+  EXPECT_FALSE(data.IsDataAvailable(CF_BITMAP));
+  EXPECT_EQ((HGLOBAL)NULL, data.GetGlobalData(CF_BITMAP));
+
+  FORMATETC icon = {CF_TEXT, NULL, DVASPECT_ICON, -1, TYMED_HGLOBAL};
+  EXPECT_FALSE(data.IsDataAvailable(CF_TEXT, &icon));
+  FORMATETC streamOnly = {CF_TEXT, NULL, DVASPECT_CONTENT, -1, TYMED_ISTREAM};
+  EXPECT_FALSE(data.IsDataAvailable(CF_TEXT, &streamOnly));
+  STGMEDIUM medium;
+  EXPECT_FALSE(data.GetData(CF_TEXT, &medium, &streamOnly));
+  EXPECT_EQ((DWORD)TYMED_NULL, medium.tymed);
+}
+
+TEST(OleDataCache, ABitmapIsOfferedAsAGdiHandle) {
+  HDC hdc = GetDC(NULL);
+  HBITMAP hbm = CreateCompatibleBitmap(hdc, 7, 5);
+  HDC hMem = CreateCompatibleDC(hdc);
+  HGDIOBJ hOld = SelectObject(hMem, hbm);
+  SetPixel(hMem, 3, 2, RGB(255, 0, 0));
+  SelectObject(hMem, hOld);
+
+  COleDataSource source;
+  source.CacheGlobalData(CF_BITMAP, (HGLOBAL)hbm);
+  COleDataObject data;
+  data.Attach((LPDATAOBJECT)source.GetInterface(&IID_IDataObject), FALSE);
+  FORMATETC fmt;
+  data.BeginEnumFormats();
+  ASSERT_TRUE(data.GetNextFormat(&fmt));
+  EXPECT_EQ(CF_BITMAP, fmt.cfFormat);
+  EXPECT_EQ((DWORD)TYMED_GDI, fmt.tymed);
+
+  STGMEDIUM medium;
+  ASSERT_TRUE(data.GetData(CF_BITMAP, &medium));
+  EXPECT_EQ((DWORD)TYMED_GDI, medium.tymed);
+  EXPECT_NE(hbm, medium.hBitmap); // a copy
+  BITMAP bm;
+  ASSERT_EQ((int)sizeof(bm), GetObject(medium.hBitmap, sizeof(bm), &bm));
+  EXPECT_EQ(7, bm.bmWidth);
+  EXPECT_EQ(5, bm.bmHeight);
+  hOld = SelectObject(hMem, medium.hBitmap);
+  EXPECT_EQ(RGB(255, 0, 0), GetPixel(hMem, 3, 2));
+  SelectObject(hMem, hOld);
+  ReleaseStgMedium(&medium);
+  // Not a global block: GetGlobalData has nothing to give.
+  EXPECT_EQ((HGLOBAL)NULL, data.GetGlobalData(CF_BITMAP));
+
+  DeleteDC(hMem);
+  ReleaseDC(NULL, hdc);
+}
+
+TEST(OleDataCache, StreamMediaAreReadIntoABlock) {
+  IStream* pStream = NULL;
+  ASSERT_EQ(S_OK, CreateStreamOnHGlobal(NULL, TRUE, &pStream));
+  ULONG n;
+  pStream->Write("streamed", 8, &n);
+  STGMEDIUM medium = {};
+  medium.tymed = TYMED_ISTREAM;
+  medium.pstm = pStream; // the source's now
+  COleDataSource source;
+  source.CacheData(TestFormat(), &medium);
+  COleDataObject data;
+  data.Attach((LPDATAOBJECT)source.GetInterface(&IID_IDataObject), FALSE);
+  HGLOBAL h = data.GetGlobalData(TestFormat());
+  EXPECT_EQ("streamed", BlockBytes(h));
+  GlobalFree(h);
+
+  CFile* pFile = data.GetFileData(TestFormat());
+  ASSERT_NE((CFile*)NULL, pFile);
+  char buf[16] = {};
+  EXPECT_EQ(8u, pFile->Read(buf, sizeof(buf)));
+  EXPECT_STREQ("streamed", buf);
+  delete pFile;
+  EXPECT_EQ((CFile*)NULL, data.GetFileData(CF_TEXT));
+}
+
+TEST(OleDataCache, GetDataHereFillsTheCallersBlock) {
+  COleDataSource source;
+  source.CacheGlobalData(TestFormat(), MakeBlock("12345"));
+  IDataObject* pData = (IDataObject*)source.GetInterface(&IID_IDataObject);
+  FORMATETC fmt = {TestFormat(), NULL, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
+  STGMEDIUM medium = {};
+  medium.tymed = TYMED_HGLOBAL;
+  medium.hGlobal = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, 8);
+  EXPECT_EQ(S_OK, pData->GetDataHere(&fmt, &medium));
+  EXPECT_EQ(std::string("12345\0\0\0", 8), BlockBytes(medium.hGlobal));
+  GlobalFree(medium.hGlobal);
+  medium.hGlobal = GlobalAlloc(GMEM_MOVEABLE, 2);
+  EXPECT_EQ(STG_E_MEDIUMFULL, pData->GetDataHere(&fmt, &medium));
+  GlobalFree(medium.hGlobal);
+}
+
+// ---- Delayed rendering and SetData -----------------------------------------------------------
+
+TEST(OleDataDelayed, RenderedOnEveryRequest) {
+  CTestSource source;
+  source.DelayRenderData(CF_TEXT);
+  COleDataObject data;
+  data.Attach((LPDATAOBJECT)source.GetInterface(&IID_IDataObject), FALSE);
+  EXPECT_TRUE(data.IsDataAvailable(CF_TEXT));
+  EXPECT_EQ(0, source.m_nRenders); // asking is not rendering
+  HGLOBAL h = data.GetGlobalData(CF_TEXT);
+  EXPECT_EQ(std::string("rendered", 9), BlockBytes(h));
+  GlobalFree(h);
+  h = data.GetGlobalData(CF_TEXT);
+  GlobalFree(h);
+  EXPECT_EQ(2, source.m_nRenders);
+
+  IDataObject* pData = data.GetIDataObject(FALSE);
+  FORMATETC fmt = {CF_TEXT, NULL, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
+  STGMEDIUM medium = {};
+  medium.tymed = TYMED_HGLOBAL;
+  medium.hGlobal = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, 12);
+  EXPECT_EQ(S_OK, pData->GetDataHere(&fmt, &medium));
+  EXPECT_EQ(std::string("rendered\0\0\0\0", 12), BlockBytes(medium.hGlobal));
+  GlobalFree(medium.hGlobal);
+}
+
+TEST(OleDataDelayed, FileRenderingAsABlockOrAStream) {
+  CTestSource source;
+  source.DelayRenderFileData(TestFormat());
+  COleDataObject data;
+  data.Attach((LPDATAOBJECT)source.GetInterface(&IID_IDataObject), FALSE);
+  HGLOBAL h = data.GetGlobalData(TestFormat());
+  ASSERT_NE((HGLOBAL)NULL, h);
+  EXPECT_EQ(std::string("file bytes"), BlockBytes(h).substr(0, 10));
+  GlobalFree(h);
+
+  FORMATETC fmt = {TestFormat(), NULL, DVASPECT_CONTENT, -1, TYMED_ISTREAM};
+  STGMEDIUM medium;
+  ASSERT_TRUE(data.GetData(TestFormat(), &medium, &fmt));
+  ASSERT_EQ((DWORD)TYMED_ISTREAM, medium.tymed);
+  STATSTG stat;
+  medium.pstm->Stat(&stat, STATFLAG_NONAME);
+  EXPECT_EQ(10u, stat.cbSize.QuadPart); // exactly what was written
+  ReleaseStgMedium(&medium);
+}
+
+TEST(OleDataDelayed, RenderingThatFailsGivesNothing) {
+  CTestSource source;
+  source.DelayRenderData(CF_OEMTEXT); // OnRenderGlobalData refuses it
+  COleDataObject data;
+  data.Attach((LPDATAOBJECT)source.GetInterface(&IID_IDataObject), FALSE);
+  EXPECT_TRUE(data.IsDataAvailable(CF_OEMTEXT));
+  EXPECT_EQ((HGLOBAL)NULL, data.GetGlobalData(CF_OEMTEXT));
+}
+
+TEST(OleDataDelayed, SetDataOnlyForAnnouncedFormats) {
+  CTestSource source;
+  source.DelaySetData(CF_TEXT);
+  IDataObject* pData = (IDataObject*)source.GetInterface(&IID_IDataObject);
+  FORMATETC fmt = {CF_TEXT, NULL, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
+  STGMEDIUM medium = {};
+  medium.tymed = TYMED_HGLOBAL;
+  medium.hGlobal = MakeBlock("set me");
+  EXPECT_EQ(S_OK, pData->SetData(&fmt, &medium, TRUE));
+  EXPECT_EQ("set me", source.m_strSet);
+  // Set formats are not offered for reading.
+  EXPECT_EQ(DV_E_FORMATETC, pData->QueryGetData(&fmt));
+  fmt.cfFormat = CF_OEMTEXT;
+  medium.hGlobal = MakeBlock("no");
+  EXPECT_EQ(DV_E_FORMATETC, pData->SetData(&fmt, &medium, FALSE));
+  GlobalFree(medium.hGlobal);
+}
+
+// ---- Reference counts and the receiving object ---------------------------------------------
+
+TEST(OleDataRefs, TheLastReleaseDeletesTheSource) {
+  bool bDeleted = false;
+  CTestSource* pSource = new CTestSource(&bDeleted);
+  IDataObject* pData = NULL;
+  ASSERT_EQ(S_OK, ((IUnknown*)pSource->GetInterface(&IID_IUnknown))
+                      ->QueryInterface(IID_IDataObject, (void**)&pData));
+  {
+    COleDataObject data;
+    data.Attach(pData, TRUE); // takes the reference QueryInterface made
+  }
+  EXPECT_FALSE(bDeleted);
+  IEnumFORMATETC* pEnum = NULL;
+  EXPECT_EQ(E_NOINTERFACE, ((IUnknown*)pSource->GetInterface(&IID_IUnknown))
+                               ->QueryInterface(IID_IEnumFORMATETC, (void**)&pEnum));
+  EXPECT_EQ(0u, pSource->InternalRelease()); // the creator's reference
+  EXPECT_TRUE(bDeleted);
+}
+
+TEST(OleDataRefs, DetachKeepsTheReference) {
+  bool bDeleted = false;
+  CTestSource* pSource = new CTestSource(&bDeleted);
+  pSource->InternalAddRef();
+  COleDataObject data;
+  data.Attach((LPDATAOBJECT)pSource->GetInterface(&IID_IDataObject), TRUE);
+  LPDATAOBJECT p = data.Detach();
+  data.Release();
+  EXPECT_FALSE(bDeleted);
+  p->Release();
+  EXPECT_FALSE(bDeleted);
+  pSource->InternalRelease();
+  EXPECT_TRUE(bDeleted);
+}
+
+TEST(OleDataRefs, AnEnumeratorOutlivesChangesToTheCache) {
+  COleDataSource source;
+  source.CacheGlobalData(CF_TEXT, MakeBlock("a"));
+  IDataObject* pData = (IDataObject*)source.GetInterface(&IID_IDataObject);
+  IEnumFORMATETC* pEnum = NULL;
+  ASSERT_EQ(S_OK, pData->EnumFormatEtc(DATADIR_GET, &pEnum));
+  source.CacheGlobalData(TestFormat(), MakeBlock("b"));
+  FORMATETC fmts[3];
+  ULONG n = 0;
+  EXPECT_EQ(S_FALSE, pEnum->Next(3, fmts, &n));
+  EXPECT_EQ(1u, n);
+  EXPECT_EQ(CF_TEXT, fmts[0].cfFormat);
+  pEnum->Reset();
+  IEnumFORMATETC* pClone = NULL;
+  ASSERT_EQ(S_OK, pEnum->Clone(&pClone));
+  EXPECT_EQ(S_OK, pClone->Next(1, fmts, NULL));
+  pClone->Release();
+  pEnum->Release();
+}
+
+TEST(OleDataRefs, AnEmptyDataObjectHasNothing) {
+  COleDataObject data;
+  FORMATETC fmt;
+  data.BeginEnumFormats();
+  EXPECT_FALSE(data.GetNextFormat(&fmt));
+  EXPECT_FALSE(data.IsDataAvailable(CF_TEXT));
+  EXPECT_EQ((HGLOBAL)NULL, data.GetGlobalData(CF_TEXT));
+  STGMEDIUM medium;
+  EXPECT_FALSE(data.GetData(CF_TEXT, &medium));
+  EXPECT_EQ((LPDATAOBJECT)NULL, data.Detach());
+}

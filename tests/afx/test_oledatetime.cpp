@@ -1,0 +1,416 @@
+// COleDateTime and COleDateTimeSpan: construction and parts, the range and
+// status rules, formatting and parsing, arithmetic and ordering across the
+// days before 1899-12-30 (whose DATE fraction counts the other way).
+#include <afxdisp.h>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+const LCID kEnglishUS = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);
+
+// 2024-02-29 is day 45351; 13:45:10 is 49510 seconds into it.
+const double kLeapDay = 45351.0;
+const double kLeapTime = 49510.0 / 86400.0;
+
+void ExpectParts(const COleDateTime& dt, int y, int mo, int d, int h, int mi, int s) {
+  EXPECT_EQ(y, dt.GetYear());
+  EXPECT_EQ(mo, dt.GetMonth());
+  EXPECT_EQ(d, dt.GetDay());
+  EXPECT_EQ(h, dt.GetHour());
+  EXPECT_EQ(mi, dt.GetMinute());
+  EXPECT_EQ(s, dt.GetSecond());
+}
+
+} // namespace
+
+// ---- Construction and parts ------------------------------------------------------------
+
+TEST(OleDateTimeParts, FromPartsGivesTheOleDayNumberAndBack) {
+  COleDateTime dt(2024, 2, 29, 13, 45, 10);
+  ASSERT_EQ(COleDateTime::valid, dt.GetStatus());
+  EXPECT_DOUBLE_EQ(kLeapDay + kLeapTime, dt.m_dt);
+  ExpectParts(dt, 2024, 2, 29, 13, 45, 10);
+  EXPECT_EQ(5, dt.GetDayOfWeek()); // a Thursday; Sunday is 1
+  EXPECT_EQ(60, dt.GetDayOfYear());
+}
+
+TEST(OleDateTimeParts, DefaultIsDayZeroAndValid) {
+  COleDateTime dt;
+  EXPECT_EQ(COleDateTime::valid, dt.GetStatus());
+  EXPECT_EQ(0.0, dt.m_dt);
+  ExpectParts(dt, 1899, 12, 30, 0, 0, 0);
+  EXPECT_EQ(7, dt.GetDayOfWeek()); // a Saturday
+}
+
+TEST(OleDateTimeParts, BeforeDayZeroTheFractionCountsForwardsFromTheDay) {
+  COleDateTime dt(1899, 12, 29, 6, 0, 0);
+  EXPECT_DOUBLE_EQ(-1.25, dt.m_dt);
+  COleDateTime raw(-1.75);
+  ExpectParts(raw, 1899, 12, 29, 18, 0, 0);
+  COleDateTime old(1850, 7, 4, 0, 0, 0);
+  EXPECT_DOUBLE_EQ(-18076.0, old.m_dt);
+  EXPECT_EQ(5, old.GetDayOfWeek()); // a Thursday
+}
+
+TEST(OleDateTimeParts, TimesRoundToTheNearestSecondAcrossMidnight) {
+  COleDateTime almost(kLeapDay + 86399.6 / 86400.0);
+  ExpectParts(almost, 2024, 3, 1, 0, 0, 0);
+  COleDateTime half(kLeapDay + 10.4 / 86400.0);
+  ExpectParts(half, 2024, 2, 29, 0, 0, 10);
+}
+
+TEST(OleDateTimeParts, OtherSources) {
+  SYSTEMTIME st = {};
+  st.wYear = 2010;
+  st.wMonth = 12;
+  st.wDay = 31;
+  st.wHour = 23;
+  st.wMinute = 59;
+  st.wSecond = 58;
+  st.wMilliseconds = 999;
+  ExpectParts(COleDateTime(st), 2010, 12, 31, 23, 59, 58);
+
+  st.wMonth = 13;
+  EXPECT_EQ(COleDateTime::invalid, COleDateTime(st).GetStatus());
+
+  const WORD wDosDate = (WORD)(((2024 - 1980) << 9) | (2 << 5) | 29);
+  const WORD wDosTime = (WORD)((13 << 11) | (45 << 5) | (10 / 2));
+  COleDateTime dos(wDosDate, wDosTime);
+  EXPECT_EQ(COleDateTime::valid, dos.GetStatus());
+  EXPECT_DOUBLE_EQ(kLeapDay + kLeapTime, dos.m_dt);
+
+  VARIANT var;
+  VariantInit(&var);
+  var.vt = VT_R8;
+  var.dblVal = kLeapDay + 0.5;
+  ExpectParts(COleDateTime(var), 2024, 2, 29, 12, 0, 0);
+  var.vt = VT_NULL;
+  EXPECT_EQ(COleDateTime::null, COleDateTime(var).GetStatus());
+  var.vt = VT_BSTR;
+  var.bstrVal = SysAllocString(L"no date at all");
+  EXPECT_EQ(COleDateTime::invalid, COleDateTime(var).GetStatus());
+  VariantClear(&var);
+}
+
+TEST(OleDateTimeParts, TimeValuesAreLocalTime) {
+  const __time64_t t = 1709214310; // 2024-02-29 13:45:10 UTC
+  struct tm local;
+  ASSERT_EQ(0, _localtime64_s(&local, &t));
+  COleDateTime dt(t);
+  ExpectParts(dt, local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour,
+              local.tm_min, local.tm_sec);
+  EXPECT_EQ(COleDateTime::invalid, COleDateTime((__time64_t)-1).GetStatus());
+
+  // A file time is UTC too: the same instant gives the same local parts.
+  ULARGE_INTEGER u;
+  u.QuadPart = ((ULONGLONG)t + 11644473600ULL) * 10000000ULL;
+  FILETIME ft;
+  ft.dwLowDateTime = u.LowPart;
+  ft.dwHighDateTime = u.HighPart;
+  EXPECT_DOUBLE_EQ(dt.m_dt, COleDateTime(ft).m_dt);
+}
+
+TEST(OleDateTimeParts, CurrentTimeIsNow) {
+  SYSTEMTIME before;
+  GetLocalTime(&before);
+  COleDateTime now = COleDateTime::GetCurrentTime();
+  SYSTEMTIME after;
+  GetLocalTime(&after);
+  COleDateTime lo(before.wYear, before.wMonth, before.wDay, before.wHour, before.wMinute,
+                  before.wSecond);
+  COleDateTime hi(after.wYear, after.wMonth, after.wDay, after.wHour, after.wMinute, after.wSecond);
+  EXPECT_EQ(COleDateTime::valid, now.GetStatus());
+  EXPECT_LE(lo.m_dt, now.m_dt);
+  EXPECT_GE(hi.m_dt, now.m_dt);
+}
+
+// ---- Setting, range and status ---------------------------------------------------------
+
+TEST(OleDateTimeSet, RangeIsYear100To9999) {
+  COleDateTime dt;
+  EXPECT_EQ(0, dt.SetDate(100, 1, 1));
+  EXPECT_DOUBLE_EQ(-657434.0, dt.m_dt);
+  EXPECT_EQ(0, dt.SetDateTime(9999, 12, 31, 23, 59, 59));
+  EXPECT_DOUBLE_EQ(2958465.0 + 86399.0 / 86400.0, dt.m_dt);
+  ExpectParts(dt, 9999, 12, 31, 23, 59, 59);
+
+  EXPECT_EQ(1, dt.SetDate(99, 12, 31));
+  EXPECT_EQ(COleDateTime::invalid, dt.GetStatus());
+  EXPECT_EQ(1, dt.SetDate(10000, 1, 1));
+  EXPECT_EQ(COleDateTime::invalid, dt.GetStatus());
+}
+
+TEST(OleDateTimeSet, DaysOfTheMonthAndClockLimits) {
+  COleDateTime dt;
+  EXPECT_EQ(0, dt.SetDate(2024, 2, 29));
+  EXPECT_EQ(1, dt.SetDate(2023, 2, 29));
+  EXPECT_EQ(1, dt.SetDate(1900, 2, 29)); // not a leap year
+  EXPECT_EQ(0, dt.SetDate(2000, 2, 29)); // a leap year
+  EXPECT_EQ(1, dt.SetDate(2024, 4, 31));
+  EXPECT_EQ(1, dt.SetDate(2024, 0, 1));
+  EXPECT_EQ(1, dt.SetDateTime(2024, 1, 1, 24, 0, 0));
+  EXPECT_EQ(1, dt.SetDateTime(2024, 1, 1, 0, 60, 0));
+  EXPECT_EQ(1, dt.SetDateTime(2024, 1, 1, 0, 0, -1));
+}
+
+TEST(OleDateTimeSet, SetDateIsMidnightAndSetTimeIsDayZero) {
+  COleDateTime dt(2024, 2, 29, 13, 45, 10);
+  EXPECT_EQ(0, dt.SetDate(2024, 3, 1));
+  EXPECT_DOUBLE_EQ(kLeapDay + 1, dt.m_dt);
+  EXPECT_EQ(0, dt.SetTime(13, 45, 10));
+  EXPECT_DOUBLE_EQ(kLeapTime, dt.m_dt);
+  ExpectParts(dt, 1899, 12, 30, 13, 45, 10);
+}
+
+TEST(OleDateTimeSet, ARefusedValueLeavesTheDateAndTheAccessorsReportAnError) {
+  COleDateTime dt(2024, 2, 29, 0, 0, 0);
+  EXPECT_EQ(1, dt.SetTime(25, 0, 0));
+  EXPECT_DOUBLE_EQ(kLeapDay, dt.m_dt);
+  EXPECT_EQ(AFX_OLE_DATETIME_ERROR, dt.GetYear());
+  EXPECT_EQ(AFX_OLE_DATETIME_ERROR, dt.GetDayOfWeek());
+  SYSTEMTIME st;
+  EXPECT_FALSE(dt.GetAsSystemTime(st));
+  // Valid again once a good value is set.
+  EXPECT_EQ(0, dt.SetTime(1, 2, 3));
+  EXPECT_EQ(2, dt.GetMinute());
+
+  COleDateTime tooLate(2958466.5);
+  EXPECT_EQ(COleDateTime::valid, tooLate.GetStatus());
+  EXPECT_EQ(AFX_OLE_DATETIME_ERROR, tooLate.GetYear());
+  dt.SetStatus(COleDateTime::null);
+  EXPECT_EQ(AFX_OLE_DATETIME_ERROR, dt.GetHour());
+}
+
+// ---- Formatting --------------------------------------------------------------------------
+
+TEST(OleDateTimeFormat, CodesOfTheMaskedDateAndTimeEdits) {
+  COleDateTime dt(2024, 2, 29, 13, 45, 10);
+  EXPECT_STREQ("02/29/2024", dt.Format("%m/%d/%Y"));
+  EXPECT_STREQ("13:45:10", dt.Format("%H:%M:%S"));
+  COleDateTime early(1850, 7, 4, 9, 5, 0);
+  EXPECT_STREQ("07/04/1850", early.Format("%m/%d/%Y"));
+  EXPECT_STREQ("09:05:00", early.Format("%H:%M:%S"));
+}
+
+TEST(OleDateTimeFormat, NamesFlagsAndLiterals) {
+  COleDateTime dt(2024, 2, 29, 13, 45, 10);
+  EXPECT_STREQ("Thursday, February 29, 2024", dt.Format("%A, %B %d, %Y"));
+  EXPECT_STREQ("Thu Feb 060 01 PM", dt.Format("%a %b %j %I %p"));
+  EXPECT_STREQ("3/1", (dt + COleDateTimeSpan(1.0)).Format("%#m/%#d"));
+  EXPECT_STREQ("100% at %Q", dt.Format("100%% at %Q"));
+  EXPECT_STREQ("trailing %", dt.Format("trailing %"));
+  EXPECT_STREQ("", dt.Format(""));
+}
+
+TEST(OleDateTimeFormat, InvalidAndNullValues) {
+  COleDateTime dt(2024, 2, 29, 13, 45, 10);
+  dt.SetStatus(COleDateTime::invalid);
+  EXPECT_STREQ("Invalid DateTime", dt.Format("%m/%d/%Y"));
+  EXPECT_STREQ("Invalid DateTime", dt.Format());
+  dt.SetStatus(COleDateTime::null);
+  EXPECT_STREQ("", dt.Format("%m/%d/%Y"));
+  EXPECT_STREQ("", dt.Format());
+  COleDateTime outOfRange(-700000.0);
+  EXPECT_STREQ("Invalid DateTime", outOfRange.Format("%Y"));
+}
+
+TEST(OleDateTimeFormat, LocaleForms) {
+  COleDateTime dt(2024, 2, 29, 13, 45, 10);
+  EXPECT_STREQ("2/29/2024 1:45:10 PM", dt.Format(0, kEnglishUS));
+  EXPECT_STREQ("2/29/2024", dt.Format(VAR_DATEVALUEONLY, kEnglishUS));
+  EXPECT_STREQ("1:45:10 PM", dt.Format(VAR_TIMEVALUEONLY, kEnglishUS));
+}
+
+// ---- Parsing -------------------------------------------------------------------------------
+
+TEST(OleDateTimeParse, DatesAndTimesWithTheDefaults) {
+  COleDateTime dt;
+  EXPECT_TRUE(dt.ParseDateTime("02/29/2024"));
+  EXPECT_EQ(COleDateTime::valid, dt.GetStatus());
+  EXPECT_DOUBLE_EQ(kLeapDay, dt.m_dt);
+
+  EXPECT_TRUE(dt.ParseDateTime("13:45:10"));
+  EXPECT_DOUBLE_EQ(kLeapTime, dt.m_dt);
+  ExpectParts(dt, 1899, 12, 30, 13, 45, 10);
+
+  EXPECT_TRUE(dt.ParseDateTime("12/31/2010 23:59:58"));
+  ExpectParts(dt, 2010, 12, 31, 23, 59, 58);
+}
+
+TEST(OleDateTimeParse, FlagsKeepOnlyOnePart) {
+  COleDateTime dt;
+  EXPECT_TRUE(dt.ParseDateTime("12/31/2010 23:59:58", VAR_DATEVALUEONLY, kEnglishUS));
+  ExpectParts(dt, 2010, 12, 31, 0, 0, 0);
+  EXPECT_TRUE(dt.ParseDateTime("12/31/2010 23:59:58", VAR_TIMEVALUEONLY, kEnglishUS));
+  ExpectParts(dt, 1899, 12, 30, 23, 59, 58);
+}
+
+TEST(OleDateTimeParse, GarbageGivesFalseAndAnInvalidValue) {
+  COleDateTime dt(2024, 2, 29, 0, 0, 0);
+  EXPECT_FALSE(dt.ParseDateTime("not a date"));
+  EXPECT_EQ(COleDateTime::invalid, dt.GetStatus());
+  EXPECT_STREQ("Invalid DateTime", dt.Format("%m/%d/%Y"));
+
+  EXPECT_FALSE(dt.ParseDateTime(""));
+  EXPECT_EQ(COleDateTime::invalid, dt.GetStatus());
+  EXPECT_FALSE(dt.ParseDateTime(NULL));
+  EXPECT_EQ(COleDateTime::invalid, dt.GetStatus());
+
+  // A parse of a good string makes the value valid again.
+  EXPECT_TRUE(dt.ParseDateTime("1/25/1996 8:30:00"));
+  ExpectParts(dt, 1996, 1, 25, 8, 30, 0);
+}
+
+TEST(OleDateTimeParse, FormatAndParseRoundTrip) {
+  COleDateTime dt(1999, 12, 31, 0, 0, 0), back;
+  ASSERT_TRUE(back.ParseDateTime(dt.Format("%m/%d/%Y")));
+  EXPECT_TRUE(back == dt);
+  COleDateTime t, tBack;
+  t.SetTime(7, 8, 9);
+  ASSERT_TRUE(tBack.ParseDateTime(t.Format("%H:%M:%S")));
+  EXPECT_TRUE(tBack == t);
+}
+
+// ---- Arithmetic and comparison -----------------------------------------------------------
+
+TEST(OleDateTimeArithmetic, AddingSpansAcrossDayZero) {
+  COleDateTime dt(1899, 12, 29, 6, 0, 0); // -1.25
+  COleDateTime later = dt + COleDateTimeSpan(0, 12, 0, 0);
+  EXPECT_DOUBLE_EQ(-1.75, later.m_dt);
+  ExpectParts(later, 1899, 12, 29, 18, 0, 0);
+  COleDateTime next = later + COleDateTimeSpan(0, 12, 0, 0);
+  EXPECT_DOUBLE_EQ(0.25, next.m_dt);
+  ExpectParts(next, 1899, 12, 30, 6, 0, 0);
+  COleDateTime back = next - COleDateTimeSpan(2, 0, 0, 0);
+  EXPECT_DOUBLE_EQ(-2.25, back.m_dt);
+  ExpectParts(back, 1899, 12, 28, 6, 0, 0);
+
+  COleDateTime moving(1899, 12, 29, 6, 0, 0);
+  moving += COleDateTimeSpan(1, 0, 0, 0);
+  EXPECT_DOUBLE_EQ(0.25, moving.m_dt);
+  moving -= COleDateTimeSpan(1.5);
+  ExpectParts(moving, 1899, 12, 28, 18, 0, 0);
+}
+
+TEST(OleDateTimeArithmetic, DifferenceIsTheRealTimeBetween) {
+  COleDateTime evening(1899, 12, 29, 18, 0, 0); // -1.75
+  COleDateTime morning(1899, 12, 30, 6, 0, 0);  // 0.25
+  COleDateTimeSpan span = morning - evening;
+  EXPECT_EQ(COleDateTimeSpan::valid, span.GetStatus());
+  EXPECT_DOUBLE_EQ(0.5, span.m_span);
+  EXPECT_EQ(12, span.GetHours());
+  COleDateTimeSpan years = COleDateTime(2024, 2, 29, 0, 0, 0) - COleDateTime(1850, 7, 4, 12, 0, 0);
+  EXPECT_DOUBLE_EQ(kLeapDay + 18076.0 - 0.5, years.m_span);
+}
+
+TEST(OleDateTimeArithmetic, StatusRules) {
+  COleDateTime good(2024, 2, 29, 0, 0, 0);
+  COleDateTime bad = good;
+  bad.SetStatus(COleDateTime::invalid);
+  COleDateTime none = good;
+  none.SetStatus(COleDateTime::null);
+  COleDateTimeSpan day(1.0), badSpan(1.0), noSpan(1.0);
+  badSpan.SetStatus(COleDateTimeSpan::invalid);
+  noSpan.SetStatus(COleDateTimeSpan::null);
+
+  EXPECT_EQ(COleDateTime::invalid, (bad + day).GetStatus());
+  EXPECT_EQ(COleDateTime::invalid, (good + badSpan).GetStatus());
+  EXPECT_EQ(COleDateTime::null, (none + day).GetStatus());
+  EXPECT_EQ(COleDateTime::null, (bad + noSpan).GetStatus()); // null wins
+  EXPECT_EQ(COleDateTimeSpan::invalid, (good - bad).GetStatus());
+  EXPECT_EQ(COleDateTimeSpan::null, (bad - none).GetStatus());
+
+  // Leaving the range of dates makes the result invalid.
+  COleDateTime last(9999, 12, 31, 12, 0, 0);
+  EXPECT_EQ(COleDateTime::invalid, (last + day).GetStatus());
+  COleDateTime first(100, 1, 1, 0, 0, 0);
+  EXPECT_EQ(COleDateTime::invalid, (first - COleDateTimeSpan(0, 0, 0, 1)).GetStatus());
+  EXPECT_EQ(COleDateTime::valid, (first + COleDateTimeSpan(0, 0, 0, 1)).GetStatus());
+}
+
+TEST(OleDateTimeCompare, OrderFollowsTimeAlsoBeforeDayZero) {
+  COleDateTime morning(1899, 12, 29, 6, 0, 0);  // DATE -1.25
+  COleDateTime evening(1899, 12, 29, 18, 0, 0); // DATE -1.75, later
+  EXPECT_TRUE(morning < evening);
+  EXPECT_TRUE(evening > morning);
+  EXPECT_TRUE(morning <= evening);
+  EXPECT_FALSE(morning >= evening);
+  EXPECT_TRUE(evening < COleDateTime(1899, 12, 30, 0, 0, 0));
+  EXPECT_TRUE(COleDateTime(1850, 1, 1, 0, 0, 0) < morning);
+  EXPECT_TRUE(COleDateTime(2024, 2, 29, 0, 0, 0) > COleDateTime(2024, 2, 28, 23, 59, 59));
+}
+
+TEST(OleDateTimeCompare, EqualityIncludesTheStatus) {
+  COleDateTime a(2024, 2, 29, 13, 45, 10), b(kLeapDay + kLeapTime);
+  EXPECT_TRUE(a == b);
+  EXPECT_FALSE(a != b);
+  // -0.5 and 0.5 are both noon of day 0.
+  EXPECT_TRUE(COleDateTime(-0.5) == COleDateTime(0.5));
+  b.SetStatus(COleDateTime::invalid);
+  EXPECT_FALSE(a == b);
+  COleDateTime n1, n2(1.0);
+  n1.SetStatus(COleDateTime::null);
+  n2.SetStatus(COleDateTime::null);
+  EXPECT_TRUE(n1 == n2);
+}
+
+// ---- Spans -----------------------------------------------------------------------------------
+
+TEST(OleDateTimeSpan, PartsAndTotals) {
+  COleDateTimeSpan ts(3, 1, 5, 12);
+  EXPECT_EQ(3, ts.GetDays());
+  EXPECT_EQ(1, ts.GetHours());
+  EXPECT_EQ(5, ts.GetMinutes());
+  EXPECT_EQ(12, ts.GetSeconds());
+  EXPECT_EQ(3.0, ts.GetTotalDays());
+  EXPECT_EQ(73.0, ts.GetTotalHours());
+  EXPECT_EQ(4385.0, ts.GetTotalMinutes());
+  EXPECT_EQ(263112.0, ts.GetTotalSeconds());
+
+  COleDateTimeSpan plus = ts + COleDateTimeSpan(100.0 / 86400.0);
+  EXPECT_EQ(6, plus.GetMinutes());
+  EXPECT_EQ(52, plus.GetSeconds());
+}
+
+TEST(OleDateTimeSpan, NegativeSpansHaveNegativeParts) {
+  COleDateTimeSpan ts = -COleDateTimeSpan(3, 1, 5, 12);
+  EXPECT_EQ(-3, ts.GetDays());
+  EXPECT_EQ(-1, ts.GetHours());
+  EXPECT_EQ(-5, ts.GetMinutes());
+  EXPECT_EQ(-12, ts.GetSeconds());
+  EXPECT_EQ(-73.0, ts.GetTotalHours());
+  // Hours, minutes and seconds given as negatives reduce the days.
+  COleDateTimeSpan mixed(1, -12, 0, 0);
+  EXPECT_DOUBLE_EQ(0.5, mixed.m_span);
+}
+
+TEST(OleDateTimeSpan, ArithmeticComparisonAndStatus) {
+  COleDateTimeSpan a(10.0), b(100.0);
+  b -= a;
+  EXPECT_EQ(90.0, b.GetTotalDays());
+  EXPECT_TRUE(a < b);
+  EXPECT_TRUE(b >= a);
+  EXPECT_TRUE(COleDateTimeSpan(0, 24, 0, 0) == COleDateTimeSpan(1.0));
+
+  COleDateTimeSpan bad(1.0), none(1.0);
+  bad.SetStatus(COleDateTimeSpan::invalid);
+  none.SetStatus(COleDateTimeSpan::null);
+  EXPECT_EQ(COleDateTimeSpan::invalid, (a + bad).GetStatus());
+  EXPECT_EQ(COleDateTimeSpan::null, (bad + none).GetStatus());
+  EXPECT_FALSE(bad == a);
+
+  // Beyond the distance between the first and last dates: invalid.
+  COleDateTimeSpan huge(4000000, 0, 0, 0);
+  EXPECT_EQ(COleDateTimeSpan::invalid, huge.GetStatus());
+}
+
+TEST(OleDateTimeSpan, Format) {
+  COleDateTimeSpan ts(3, 1, 5, 12);
+  EXPECT_STREQ("3 days 01:05:12", ts.Format("%D days %H:%M:%S"));
+  EXPECT_STREQ("100% %x", ts.Format("100%% %x"));
+  ts.SetStatus(COleDateTimeSpan::invalid);
+  EXPECT_STREQ("Invalid DateTimeSpan", ts.Format("%D"));
+  ts.SetStatus(COleDateTimeSpan::null);
+  EXPECT_STREQ("", ts.Format("%D"));
+}
