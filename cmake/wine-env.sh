@@ -11,19 +11,22 @@ vrk_cmake_dir=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 
 # The test printer: Wine's PostScript driver with our printer description,
 # printing to LPT1:, which Wine's spooler redirects to a file in the build
-# tree (so a test can read the pages that came out).
+# tree (so a test can read the pages that came out). The file's name must
+# not be a DOS device's ("LPT1.ps" is the port itself to Windows programs).
 VRK_PRINTER_NAME="VRK PostScript"
 VRK_PRINTER_PORT="LPT1:"
-VRK_PRINTER_OUTPUT="$vrk_build/printer/LPT1.ps"
+VRK_PRINTER_OUTPUT="$vrk_build/printer/printed.ps"
+# Made when the printer is set up; a new name sets it up again.
+vrk_printer_marker="$WINEPREFIX/.vrk-printer-2"
 
-wine_prefix_ready() { [ -f "$WINEPREFIX/.vrk-ready" ] && [ -f "$WINEPREFIX/.vrk-printer" ]; }
+wine_prefix_ready() { [ -f "$WINEPREFIX/.vrk-ready" ] && [ -f "$vrk_printer_marker" ]; }
 
 # Adds the printer (to a prefix made before it existed, too). Runs under the
 # prefix lock and needs no wineserver -w, so it works beside a persistent
 # server. Tried once per prefix: a failure is reported here, and the printing
 # tests then say that there is no printer.
 wine_printer_make() {
-  [ -f "$WINEPREFIX/.vrk-printer" ] && return 0
+  [ -f "$vrk_printer_marker" ] && return 0
   local dir="$vrk_build/printer"
   local exe="$dir/wine-printer.exe"
   mkdir -p "$dir"
@@ -31,7 +34,7 @@ wine_printer_make() {
     i686-w64-mingw32-gcc-posix -O1 -s -o "$exe" "$vrk_cmake_dir/wine-printer.c" \
       -lwinspool -lgdi32 >"$dir/setup.log" 2>&1 || {
       cat "$dir/setup.log" >&2
-      touch "$WINEPREFIX/.vrk-printer"
+      touch "$vrk_printer_marker"
       return 0
     }
   fi
@@ -45,7 +48,7 @@ wine_printer_make() {
     echo "wine: warning: could not set up the printer \"$VRK_PRINTER_NAME\":" >&2
     cat "$dir/setup.log" >&2
   fi
-  touch "$WINEPREFIX/.vrk-printer"
+  touch "$vrk_printer_marker"
 }
 
 wine_prefix_make() {
