@@ -121,7 +121,7 @@ public:
 
   // The number of panes or buttons.
   int GetCount() const { return m_nCount; }
-  // The inner margins of the bar, inside its window.
+  // The margins of the bar, inside its window and around its client area.
   void SetBorders(int cxLeft = 0, int cyTop = 0, int cxRight = 0, int cyBottom = 0);
   void SetBorders(LPCRECT lpRect) {
     SetBorders(lpRect->left, lpRect->top, lpRect->right, lpRect->bottom);
@@ -192,6 +192,10 @@ protected:
 
   afx_msg LRESULT OnSizeParent(WPARAM wParam, LPARAM lParam);
   afx_msg LRESULT OnIdleUpdateCmdUI(WPARAM wParam, LPARAM lParam);
+  // The borders (m_cxLeftBorder...) lie outside the client area, painted in
+  // the button face colour: a control on a bar draws inside them.
+  afx_msg LRESULT OnNcCalcSize(WPARAM wParam, LPARAM lParam);
+  afx_msg LRESULT OnNcPaint(WPARAM wParam, LPARAM lParam);
   DECLARE_MESSAGE_MAP()
 };
 
@@ -328,6 +332,7 @@ protected:
   void SetButtonRaw(int nIndex, const TBBUTTON* pButton);
   // The size of one row (bHorz) or column of the buttons, borders included.
   CSize CalcSize(BOOL bHorz) const;
+  CSize GetControlMargin() const;
   // Marks the buttons TBBS_WRAPPED for a column (!bHorz), clears the marks
   // for a row.
   void WrapButtons(BOOL bHorz);

@@ -89,6 +89,16 @@ TEST_F(BarLayoutTest, BarsTakeTheEdgesInOrderAndTheViewGetsTheMiddle) {
   // The left bar comes after both: it spans what they left.
   EXPECT_EQ(CRect(0, 30, 40, 280), RectInParent(m_left));
   EXPECT_EQ(CRect(40, 30, 400, 280), RectInParent(m_view));
+  // The margins (six pixels at the ends, one above and below) lie outside
+  // the client area.
+  CRect rectClient;
+  m_top.GetClientRect(&rectClient);
+  m_top.MapWindowPoints(&m_parent, &rectClient);
+  EXPECT_EQ(CRect(6, 1, 394, 29), rectClient);
+  m_top.SetBorders(2, 3, 4, 5);
+  m_top.GetClientRect(&rectClient);
+  m_top.MapWindowPoints(&m_parent, &rectClient);
+  EXPECT_EQ(CRect(2, 3, 396, 25), rectClient);
   // The bar window is afx's bar class.
   char szClass[64];
   ::GetClassName(m_top.m_hWnd, szClass, sizeof(szClass));
@@ -234,12 +244,18 @@ TEST(BarLayout, ToolBarAndStatusBarAroundTheView) {
 
   int cyTool = toolBar.CalcFixedLayout(TRUE, TRUE).cy;
   int cyStatus = statusBar.CalcFixedLayout(TRUE, TRUE).cy;
-  // Buttons of 22 pixels and the bar's margins; one line of text and borders.
-  EXPECT_EQ(22 + toolBar.m_cyTopBorder + toolBar.m_cyBottomBorder, cyTool);
   EXPECT_GT(cyStatus, 10);
   EXPECT_EQ(CRect(0, 0, 400, cyTool), RectInParent(toolBar));
   EXPECT_EQ(CRect(0, 300 - cyStatus, 400, 300), RectInParent(statusBar));
   EXPECT_EQ(CRect(0, cyTool, 400, 300 - cyStatus), RectInParent(view));
+  // The buttons sit inside the toolbar's margins, none clipped.
+  CRect rectButton;
+  toolBar.GetItemRect(0, &rectButton);
+  toolBar.MapWindowPoints(&parent, &rectButton);
+  EXPECT_EQ(toolBar.m_cxLeftBorder, rectButton.left);
+  EXPECT_GE(rectButton.top, toolBar.m_cyTopBorder);
+  EXPECT_EQ(22, rectButton.Height());
+  EXPECT_EQ(cyTool - toolBar.m_cyBottomBorder, rectButton.bottom);
   // The status bar's only pane stretches over its whole width.
   int nRight = 0;
   statusBar.SendMessage(SB_GETPARTS, 1, (LPARAM)&nRight);

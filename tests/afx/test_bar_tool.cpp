@@ -228,9 +228,12 @@ TEST_F(ToolBarTest, FlyByPromptsFollowTheMouse) {
 
 TEST_F(ToolBarTest, SizeIsOneRowOrColumnOfButtons) {
   ASSERT_TRUE(m_bar.LoadToolBar(IDR_TOOLBAR));
-  // Three 23 x 22 buttons, a six-pixel separator and the bar's margins.
-  int cxMargins = m_bar.m_cxLeftBorder + m_bar.m_cxRightBorder;
-  int cyMargins = m_bar.m_cyTopBorder + m_bar.m_cyBottomBorder;
+  // Three 23 x 22 buttons, a six-pixel separator, the bar's margins and the
+  // control's own space above its first button.
+  CRect rectFirst;
+  m_bar.GetItemRect(0, &rectFirst);
+  int cxMargins = m_bar.m_cxLeftBorder + m_bar.m_cxRightBorder + rectFirst.left;
+  int cyMargins = m_bar.m_cyTopBorder + m_bar.m_cyBottomBorder + rectFirst.top;
   EXPECT_EQ(CSize(3 * 23 + 6 + cxMargins, 22 + cyMargins), m_bar.CalcFixedLayout(FALSE, TRUE));
   EXPECT_EQ(CSize(23 + cxMargins, 3 * 22 + 6 + cyMargins), m_bar.CalcFixedLayout(FALSE, FALSE));
   // A column wraps after every button; the control stacks them.

@@ -9,6 +9,8 @@ IMPLEMENT_DYNAMIC(CControlBar, CWnd)
 BEGIN_MESSAGE_MAP(CControlBar, CWnd)
 ON_MESSAGE(WM_SIZEPARENT, &CControlBar::OnSizeParent)
 ON_MESSAGE(WM_IDLEUPDATECMDUI, &CControlBar::OnIdleUpdateCmdUI)
+ON_MESSAGE(WM_NCCALCSIZE, &CControlBar::OnNcCalcSize)
+ON_MESSAGE(WM_NCPAINT, &CControlBar::OnNcPaint)
 END_MESSAGE_MAP()
 
 // Decided here: six pixels at the ends of a bar, one above and below, two
@@ -28,6 +30,10 @@ void CControlBar::SetBorders(int cxLeft, int cyTop, int cxRight, int cyBottom) {
   m_cyTopBorder = cyTop;
   m_cxRightBorder = cxRight;
   m_cyBottomBorder = cyBottom;
+  // The client area shrinks or grows with the margins.
+  if (m_hWnd != NULL)
+    ::SetWindowPos(m_hWnd, NULL, 0, 0, 0, 0,
+                   SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
 }
 
 void CControlBar::SetBarStyle(DWORD dwStyle) {
@@ -83,6 +89,40 @@ void CControlBar::CalcInsideRect(CRect& rect, BOOL) const {
   rect.top += m_cyTopBorder;
   rect.right -= m_cxRightBorder;
   rect.bottom -= m_cyBottomBorder;
+}
+
+// ---- Borders -------------------------------------------------------------------------
+
+LRESULT CControlBar::OnNcCalcSize(WPARAM wParam, LPARAM lParam) {
+  LRESULT lResult = Default();
+  RECT* pRect = wParam ? &((NCCALCSIZE_PARAMS*)lParam)->rgrc[0] : (RECT*)lParam;
+  if (pRect == NULL) return lResult;
+  pRect->left += m_cxLeftBorder;
+  pRect->top += m_cyTopBorder;
+  pRect->right -= m_cxRightBorder;
+  pRect->bottom -= m_cyBottomBorder;
+  // Margins wider than the window leave an empty client area, never a
+  // negative one.
+  if (pRect->right < pRect->left) pRect->right = pRect->left;
+  if (pRect->bottom < pRect->top) pRect->bottom = pRect->top;
+  return lResult;
+}
+
+LRESULT CControlBar::OnNcPaint(WPARAM, LPARAM) {
+  Default();
+  CRect rectWindow, rectClient;
+  ::GetWindowRect(m_hWnd, &rectWindow);
+  ::GetClientRect(m_hWnd, &rectClient);
+  ::ClientToScreen(m_hWnd, (LPPOINT)&rectClient.left);
+  ::ClientToScreen(m_hWnd, (LPPOINT)&rectClient.right);
+  rectClient.OffsetRect(-rectWindow.left, -rectWindow.top);
+  rectWindow.OffsetRect(-rectWindow.left, -rectWindow.top);
+  HDC hDC = ::GetWindowDC(m_hWnd);
+  if (hDC == NULL) return 0;
+  ::ExcludeClipRect(hDC, rectClient.left, rectClient.top, rectClient.right, rectClient.bottom);
+  ::FillRect(hDC, &rectWindow, ::GetSysColorBrush(COLOR_BTNFACE));
+  ::ReleaseDC(m_hWnd, hDC);
+  return 0;
 }
 
 // ---- Showing -----------------------------------------------------------------------

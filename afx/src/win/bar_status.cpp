@@ -235,9 +235,8 @@ void CStatusBar::UpdateAllPanes(BOOL bUpdateRects, BOOL bUpdateText) {
   if (m_hWnd == NULL) return;
   AFX_STATUSPANE* pPanes = (AFX_STATUSPANE*)m_pData;
   if (bUpdateRects && m_nCount > 0) {
-    CRect rect;
+    CRect rect; // the borders lie outside it already
     GetClientRect(&rect);
-    CalcInsideRect(rect, TRUE);
     int rgBorders[3] = {0, 0, 0};
     DefWindowProc(SB_GETBORDERS, 0, (LPARAM)rgBorders);
     int nGap = rgBorders[2];

@@ -104,10 +104,11 @@ void CToolBar::SetSizes(SIZE sizeButton, SIZE sizeImage) {
 
 void CToolBar::SetHeight(int cyHeight) {
   // The margins share what the buttons leave, the larger one on top.
-  m_cyBottomBorder = (cyHeight - m_sizeButton.cy) / 2;
-  m_cyTopBorder = cyHeight - m_sizeButton.cy - m_cyBottomBorder;
+  int cyButtons = m_sizeButton.cy + GetControlMargin().cy;
+  m_cyBottomBorder = (cyHeight - cyButtons) / 2;
+  m_cyTopBorder = cyHeight - cyButtons - m_cyBottomBorder;
   if (m_cyTopBorder < 0 || m_cyBottomBorder < 0) m_cyTopBorder = m_cyBottomBorder = 0;
-  if (m_hWnd != NULL) Invalidate();
+  SetBorders(m_cxLeftBorder, m_cyTopBorder, m_cxRightBorder, m_cyBottomBorder);
 }
 
 BOOL CToolBar::LoadBitmap(LPCTSTR lpszResourceName) {
@@ -326,7 +327,19 @@ CSize CToolBar::CalcSize(BOOL bHorz) const {
     size = CSize(m_sizeButton.cx, nLength);
   size.cx += m_cxLeftBorder + m_cxRightBorder;
   size.cy += m_cyTopBorder + m_cyBottomBorder;
-  return size;
+  return size + GetControlMargin();
+}
+
+// The control keeps a margin of its own before the first button (above the
+// buttons of a raised toolbar): measured, so that no button is clipped.
+CSize CToolBar::GetControlMargin() const {
+  for (int i = 0; i < m_nCount && m_hWnd != NULL; i++) {
+    RECT rect;
+    if (!const_cast<CToolBar*>(this)->DefWindowProc(TB_GETITEMRECT, i, (LPARAM)&rect)) continue;
+    if (rect.right <= rect.left) continue; // hidden
+    return CSize(rect.left > 0 ? rect.left : 0, rect.top > 0 ? rect.top : 0);
+  }
+  return CSize(0, 0);
 }
 
 void CToolBar::WrapButtons(BOOL bHorz) {
