@@ -193,13 +193,6 @@ TEST_F(ToolBarTest, IdleUpdateSetsEnabledAndCheckedStates) {
   EXPECT_EQ(0, State(ID_TOOL_C) & (TBSTATE_CHECKED | TBSTATE_INDETERMINATE));
 }
 
-TEST_F(ToolBarTest, ButtonClickReachesTheParentsCommand) {
-  ASSERT_TRUE(m_bar.LoadToolBar(IDR_TOOLBAR));
-  // The control reports a click to its parent as WM_COMMAND from itself.
-  m_parent.SendMessage(WM_COMMAND, MAKEWPARAM(ID_TOOL_A, BN_CLICKED), (LPARAM)m_bar.m_hWnd);
-  EXPECT_EQ(1, m_parent.m_nCommands);
-}
-
 TEST_F(ToolBarTest, FlyByPromptsFollowTheMouse) {
   ASSERT_TRUE(m_bar.LoadToolBar(IDR_TOOLBAR));
   m_parent.RepositionBars(0, 0xFFFF, 0);
