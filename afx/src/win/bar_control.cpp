@@ -229,7 +229,9 @@ LRESULT CControlBar::OnIdleUpdateCmdUI(WPARAM wParam, LPARAM) {
   // Hidden bars are not updated.
   if (!(GetStyle() & WS_VISIBLE)) return 0;
   CCmdTarget* pTarget = GetUpdateTarget();
-  if (pTarget != NULL) OnUpdateCmdUI((CFrameWnd*)pTarget, (BOOL)wParam);
+  // The bars use the target only as a command target (CCmdUI::DoUpdate), so
+  // an owner that is no frame may travel under OnUpdateCmdUI's frame type.
+  if (pTarget != NULL) OnUpdateCmdUI(reinterpret_cast<CFrameWnd*>(pTarget), (BOOL)wParam);
   return 0;
 }
 

@@ -301,10 +301,10 @@ void CStatusBar::OnUpdateCmdUI(CFrameWnd* pTarget, BOOL bDisableIfNoHndler) {
     state.m_nID = ((AFX_STATUSPANE*)m_pData)[i].nID;
     // The bar's own handlers first, then the target's.
     if (CWnd::OnCmdMsg(state.m_nID, CN_UPDATE_COMMAND_UI, &state, NULL)) continue;
-    state.DoUpdate((CCmdTarget*)pTarget, FALSE);
+    state.DoUpdate(reinterpret_cast<CCmdTarget*>(pTarget), FALSE);
   }
   // Controls placed on the bar, then the texts set without an update.
-  UpdateDialogControls((CCmdTarget*)pTarget, bDisableIfNoHndler);
+  UpdateDialogControls(reinterpret_cast<CCmdTarget*>(pTarget), bDisableIfNoHndler);
   UpdateAllPanes(FALSE, FALSE);
 }
 

@@ -379,9 +379,9 @@ void CToolBar::OnUpdateCmdUI(CFrameWnd* pTarget, BOOL bDisableIfNoHndler) {
     state.m_nID = (UINT)button.idCommand;
     // The bar's own handlers first, then the target's.
     if (CWnd::OnCmdMsg(state.m_nID, CN_UPDATE_COMMAND_UI, &state, NULL)) continue;
-    state.DoUpdate((CCmdTarget*)pTarget, bDisableIfNoHndler);
+    state.DoUpdate(reinterpret_cast<CCmdTarget*>(pTarget), bDisableIfNoHndler);
   }
-  UpdateDialogControls((CCmdTarget*)pTarget, bDisableIfNoHndler);
+  UpdateDialogControls(reinterpret_cast<CCmdTarget*>(pTarget), bDisableIfNoHndler);
 }
 
 // ---- Fly-by prompts -----------------------------------------------------------------------
