@@ -1,73 +1,20 @@
 // CPrintDialog on the test prefix's printer ("VRK PostScript", Wine's
 // PostScript driver on LPT1:, letter paper at 300 dpi): the defaults without
 // a dialog, printer DCs made from the blocks, the Print and Print Setup
-// dialogs driven as a user would, the range and copies accessors, and
-// DEVNAMES and DEVMODE blocks that lie about their contents.
+// dialogs driven as a user would, the copies, and DEVNAMES and DEVMODE
+// blocks that lie about their contents.
 #include <afxdlgs.h>
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "dlg_driver.h"
+#include "print_testing.h"
 
 namespace {
 
-const char kPrinter[] = "VRK PostScript";
-
-// Frees what a dialog's m_pd collected.
-void FreeBlocks(PRINTDLG& pd) {
-  if (pd.hDC != NULL) ::DeleteDC(pd.hDC);
-  if (pd.hDevMode != NULL) ::GlobalFree(pd.hDevMode);
-  if (pd.hDevNames != NULL) ::GlobalFree(pd.hDevNames);
-  pd.hDC = NULL;
-  pd.hDevMode = pd.hDevNames = NULL;
-}
-
-// A DEVNAMES block with the given names.
-HGLOBAL MakeDevNames(const std::string& driver, const std::string& device,
-                     const std::string& output) {
-  size_t nSize = sizeof(DEVNAMES) + driver.size() + device.size() + output.size() + 3;
-  HGLOBAL h = ::GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, nSize);
-  BYTE* p = (BYTE*)::GlobalLock(h);
-  DEVNAMES* pDN = (DEVNAMES*)p;
-  size_t off = sizeof(DEVNAMES);
-  pDN->wDriverOffset = (WORD)off;
-  memcpy(p + off, driver.c_str(), driver.size() + 1);
-  off += driver.size() + 1;
-  pDN->wDeviceOffset = (WORD)off;
-  memcpy(p + off, device.c_str(), device.size() + 1);
-  off += device.size() + 1;
-  pDN->wOutputOffset = (WORD)off;
-  memcpy(p + off, output.c_str(), output.size() + 1);
-  ::GlobalUnlock(h);
-  return h;
-}
-
-TEST(PrintDialog, ConstructorFormsOfTheDialog) {
-  CPrintDialog print(FALSE);
-  EXPECT_EQ(sizeof(PRINTDLG), print.m_pd.lStructSize);
-  EXPECT_EQ(66u, sizeof(PRINTDLGA)); // as the SDK packs it on 32-bit Windows
-  const DWORD dwDefaults =
-      PD_ALLPAGES | PD_USEDEVMODECOPIES | PD_NOPAGENUMS | PD_HIDEPRINTTOFILE | PD_NOSELECTION;
-  EXPECT_EQ(dwDefaults, print.m_pd.Flags & dwDefaults);
-  // The print form returns a DC; both forms reach the object through hooks.
-  EXPECT_TRUE(print.m_pd.Flags & PD_RETURNDC);
-  EXPECT_FALSE(print.m_pd.Flags & PD_PRINTSETUP);
-  EXPECT_TRUE(print.m_pd.Flags & PD_ENABLEPRINTHOOK);
-  EXPECT_TRUE(print.m_pd.Flags & PD_ENABLESETUPHOOK);
-  EXPECT_TRUE(print.m_pd.lpfnPrintHook != NULL);
-  EXPECT_EQ(NULL, print.m_pd.hDevMode);
-  EXPECT_EQ(NULL, print.GetPrinterDC());
-  EXPECT_EQ(CString(), print.GetDeviceName());
-  EXPECT_EQ(NULL, print.GetDevMode());
-
-  CPrintDialog setup(TRUE, PD_ALLPAGES);
-  EXPECT_TRUE(setup.m_pd.Flags & PD_PRINTSETUP);
-  EXPECT_FALSE(setup.m_pd.Flags & PD_RETURNDC);
-  EXPECT_FALSE(setup.m_pd.Flags & PD_NOPAGENUMS);
-}
-
 TEST(PrintDialog, DefaultsAreTheConfiguredPrinter) {
+  EXPECT_EQ(66u, sizeof(PRINTDLGA)); // as the SDK packs it on 32-bit Windows
   CPrintDialog dlg(FALSE);
   ASSERT_TRUE(dlg.GetDefaults()) << "no default printer: " << CommDlgExtendedError();
   EXPECT_FALSE(dlg.m_pd.Flags & PD_RETURNDEFAULT); // taken off again
@@ -117,25 +64,8 @@ TEST(PrintDialog, CreatePrinterDCFromTheBlocks) {
   FreeBlocks(setup.m_pd);
 }
 
-TEST(PrintDialog, RangeAndCopies) {
+TEST(PrintDialog, CopiesFromTheDevModeOrTheStructure) {
   CPrintDialog dlg(FALSE, PD_ALLPAGES);
-  EXPECT_TRUE(dlg.PrintAll());
-  EXPECT_FALSE(dlg.PrintRange());
-  dlg.m_pd.nFromPage = 2;
-  dlg.m_pd.nToPage = 5;
-  EXPECT_EQ(-1, dlg.GetFromPage()); // no range chosen
-  EXPECT_EQ(-1, dlg.GetToPage());
-  dlg.m_pd.Flags |= PD_PAGENUMS;
-  EXPECT_TRUE(dlg.PrintRange());
-  EXPECT_FALSE(dlg.PrintAll());
-  EXPECT_EQ(2, dlg.GetFromPage());
-  EXPECT_EQ(5, dlg.GetToPage());
-  dlg.m_pd.Flags = (dlg.m_pd.Flags & ~PD_PAGENUMS) | PD_SELECTION | PD_COLLATE;
-  EXPECT_TRUE(dlg.PrintSelection());
-  EXPECT_FALSE(dlg.PrintAll());
-  EXPECT_TRUE(dlg.PrintCollate());
-
-  // Copies: the DEVMODE's count with PD_USEDEVMODECOPIES, else nCopies.
   ASSERT_TRUE(dlg.GetDefaults());
   dlg.GetDevMode()->dmCopies = 3;
   dlg.m_pd.nCopies = 2;
@@ -148,7 +78,7 @@ TEST(PrintDialog, RangeAndCopies) {
 TEST(PrintDialog, LyingBlocksGiveNoNamesAndNoDC) {
   CPrintDialog dlg(TRUE);
   // Offsets past the block's end, and a name running to its end.
-  HGLOBAL hBad = MakeDevNames("wineps.drv", kPrinter, "LPT1:");
+  HGLOBAL hBad = MakeDevNames(kPrinter);
   DEVNAMES* pDN = (DEVNAMES*)::GlobalLock(hBad);
   SIZE_T nSize = ::GlobalSize(hBad);
   pDN->wDeviceOffset = 0xFFF0;
@@ -172,7 +102,7 @@ TEST(PrintDialog, LyingBlocksGiveNoNamesAndNoDC) {
 
   // A DEVMODE claiming more than its block holds is not read: the printer's
   // own defaults are used.
-  HGLOBAL hNames = MakeDevNames("wineps.drv", kPrinter, "LPT1:");
+  HGLOBAL hNames = MakeDevNames(kPrinter);
   HGLOBAL hShort = ::GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, sizeof(DEVMODEA));
   DEVMODEA* pDM = (DEVMODEA*)::GlobalLock(hShort);
   pDM->dmSize = sizeof(DEVMODEA);
@@ -183,7 +113,7 @@ TEST(PrintDialog, LyingBlocksGiveNoNamesAndNoDC) {
   EXPECT_EQ(DT_RASPRINTER, ::GetDeviceCaps(hDC, TECHNOLOGY));
   ::DeleteDC(hDC);
   // An unknown printer gives no DC.
-  HGLOBAL hUnknown = MakeDevNames("wineps.drv", "No Such Printer", "LPT1:");
+  HGLOBAL hUnknown = MakeDevNames("No Such Printer");
   EXPECT_EQ(NULL, AfxCreateDC(hUnknown, NULL));
   EXPECT_EQ(NULL, AfxCreateDC(NULL, NULL));
   ::GlobalFree(hUnknown);
@@ -219,17 +149,6 @@ TEST(PrintDialogShown, OkGivesTheChosenPrinterAndADC) {
   ASSERT_TRUE(dlg.GetPrinterDC() != NULL);
   EXPECT_EQ(DT_RASPRINTER, ::GetDeviceCaps(dlg.GetPrinterDC(), TECHNOLOGY));
   EXPECT_TRUE(dlg.PrintAll());
-  FreeBlocks(dlg.m_pd);
-}
-
-TEST(PrintDialogShown, CancelGivesNoDC) {
-  DialogDriver driver;
-  driver.Then([](HWND hDlg) { DialogDriver::Press(hDlg, IDCANCEL); });
-  CWatchedPrintDialog dlg(FALSE);
-  EXPECT_EQ(IDCANCEL, dlg.DoModal());
-  EXPECT_EQ(1u, driver.Captions().size());
-  EXPECT_EQ(NULL, dlg.GetPrinterDC());
-  EXPECT_EQ(0u, CommDlgExtendedError());
   FreeBlocks(dlg.m_pd);
 }
 
