@@ -19,6 +19,9 @@ class CDynLinkLibrary;
 class CMenu;
 class CScrollBar;
 class CDataExchange;
+class CDocument;
+class CDocTemplate;
+class CDocManager;
 struct CCreateContext;
 
 // Marks the message handlers of a class.
@@ -1227,6 +1230,30 @@ public:
   // names from the module (called by AfxWinInit).
   void SetCurrentHandles();
 
+  // ---- Documents: the templates (deleted with the application object)
+  // and the commands an application puts in its map (ID_FILE_NEW...).
+  CDocManager* m_pDocManager = NULL;
+  void AddDocTemplate(CDocTemplate* pTemplate);
+  POSITION GetFirstDocTemplatePosition() const;
+  CDocTemplate* GetNextDocTemplate(POSITION& pos) const;
+  virtual CDocument* OpenDocumentFile(LPCTSTR lpszFileName);
+  // The Open or Save As dialog; fileName is the proposed and then the chosen
+  // name. FALSE when cancelled.
+  virtual BOOL DoPromptFileName(CString& fileName, UINT nIDSTitle, DWORD lFlags,
+                                BOOL bOpenFileDialog, CDocTemplate* pTemplate);
+  virtual BOOL SaveAllModified();
+  void CloseAllDocuments(BOOL bEndSession);
+  int GetOpenDocumentCount();
+  afx_msg void OnFileNew();
+  afx_msg void OnFileOpen();
+  afx_msg void OnAppExit();
+  // Deletes m_pDocManager when the application object goes.
+  struct AFX_API CDocManagerDeleter {
+    CWinApp* m_pApp;
+    ~CDocManagerDeleter();
+  };
+  CDocManagerDeleter m_docManagerDeleter = {this};
+
   // ---- Printer set-up: the application's current printer, kept as global
   // DEVMODE and DEVNAMES blocks (NULL until a printer is chosen or looked up).
   HGLOBAL m_hDevMode;
@@ -1284,6 +1311,14 @@ struct CCreateContext {
       : m_pNewViewClass(NULL), m_pCurrentDoc(NULL), m_pNewDocTemplate(NULL), m_pLastView(NULL),
         m_pCurrentFrame(NULL) {}
 };
+
+// The style of a frame's view (the border becomes a client edge).
+#define AFX_WS_DEFAULT_VIEW (WS_CHILD | WS_VISIBLE | WS_BORDER)
+
+// rString := field iSubString of lpszFullString (fields end at chSep);
+// FALSE when there are fewer fields.
+AFX_API BOOL AFXAPI AfxExtractSubString(CString& rString, LPCTSTR lpszFullString, int iSubString,
+                                        TCHAR chSep = '\n');
 
 // Frame styles (in the low word of the window style, unused by Windows for
 // overlapped windows): the document's name is shown in the title, before the
@@ -1409,6 +1444,7 @@ public:
   virtual ~CMDIFrameWnd();
 
   HWND m_hWndMDIClient;
+  HMENU m_hMenuAlt; // the menu DelayUpdateFrameMenu asked for
 
   virtual BOOL LoadFrame(UINT nIDResource,
                          DWORD dwDefaultStyle = WS_OVERLAPPEDWINDOW | FWS_ADDTOTITLE,
@@ -1493,7 +1529,6 @@ public:
 
   afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
   afx_msg LRESULT OnMDIActivate(WPARAM wParam, LPARAM lParam);
-  afx_msg void OnSize(UINT nType, int cx, int cy);
 
 protected:
   DECLARE_MESSAGE_MAP()
