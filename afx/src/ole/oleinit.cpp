@@ -9,7 +9,7 @@ namespace {
 struct OleThreadGuard {
   bool m_bInitialized = false;
   ~OleThreadGuard() {
-    if (m_bInitialized) ::OleUninitialize();
+    if (m_bInitialized) AfxOleTerm(FALSE);
   }
 };
 
@@ -29,7 +29,8 @@ BOOL AFXAPI AfxOleInit() {
 void AFXAPI AfxOleTerm(BOOL bJustRevoke) {
   if (bJustRevoke || !t_oleGuard.m_bInitialized) return;
   t_oleGuard.m_bInitialized = false;
-  // OleUninitialize renders our data onto the clipboard first, so what we
-  // put there outlives us.
+  // What we put on the clipboard is rendered there first, so that it
+  // outlives us (OLE itself would empty the clipboard).
+  COleDataSource::FlushClipboard();
   ::OleUninitialize();
 }

@@ -152,10 +152,12 @@ COleDataSource::COleDataSource()
     : m_pDataCache(NULL), m_nMaxSize(0), m_nSize(0), m_nGrowBy(10), m_dwRef(1) {}
 
 COleDataSource::~COleDataSource() {
-  // Deleted while still on the clipboard (a misuse): render the data there
-  // first so that the clipboard does not keep a pointer to a dead object.
-  // The clipboard's release must not delete us a second time.
-  if (::OleIsCurrentClipboard(&m_xDataObject) == S_OK) {
+  // Deleted while still on the clipboard (a misuse: references remain):
+  // render the data there first so that the clipboard does not keep a
+  // pointer to a dead object. The clipboard's release must not delete us a
+  // second time. A source the clipboard released itself (no references
+  // left) may still look current while OLE replaces or empties it.
+  if (m_dwRef > 0 && ::OleIsCurrentClipboard(&m_xDataObject) == S_OK) {
     m_dwRef += 0x10000;
     ::OleFlushClipboard();
   }

@@ -1,0 +1,268 @@
+// COleDataSource on the real OLE clipboard and COleDataObject reading it:
+// formats in order and bytes through AttachClipboard, the same data through
+// plain Win32 clipboard calls in this process and in another one, the
+// source's life as the clipboard takes, replaces, empties and flushes it.
+#include <afxole.h>
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace {
+
+const char kText[] = "ole clip text";
+const char kBlob[] = "\x01\x02\x00\x03 blob";
+const size_t kBlobSize = sizeof(kBlob) - 1;
+
+CLIPFORMAT BlobFormat() { return (CLIPFORMAT)RegisterClipboardFormatA("VRK afx ole clip test"); }
+
+HGLOBAL MakeBlock(const void* p, size_t n) {
+  HGLOBAL h = GlobalAlloc(GMEM_MOVEABLE, n);
+  memcpy(GlobalLock(h), p, n);
+  GlobalUnlock(h);
+  return h;
+}
+
+std::string BlockBytes(HGLOBAL h) {
+  if (h == NULL) return "<null>";
+  const char* p = (const char*)GlobalLock(h);
+  std::string s(p, GlobalSize(h));
+  GlobalUnlock(h);
+  return s;
+}
+
+// Another process may hold the clipboard for a moment.
+bool OpenClipboardRetry() {
+  for (int i = 0; i < 50; i++) {
+    if (OpenClipboard(NULL)) return true;
+    Sleep(20);
+  }
+  return false;
+}
+
+// The Win32 clipboard's bytes in a format, up to the first zero for text.
+std::string Win32ClipboardBytes(UINT cf, bool bText) {
+  if (!OpenClipboardRetry()) return "<no open>";
+  HANDLE h = GetClipboardData(cf);
+  std::string s = BlockBytes((HGLOBAL)h);
+  CloseClipboard();
+  if (bText && h != NULL) s = s.c_str();
+  return s;
+}
+
+// A source that says when it dies.
+class CFlagSource : public COleDataSource {
+public:
+  explicit CFlagSource(bool* pDeleted) : m_pDeleted(pDeleted) { *pDeleted = false; }
+  ~CFlagSource() override { *m_pDeleted = true; }
+
+private:
+  bool* m_pDeleted;
+};
+
+CFlagSource* MakeSource(bool* pDeleted, const char* pszText = kText) {
+  CFlagSource* pSource = new CFlagSource(pDeleted);
+  pSource->CacheGlobalData(CF_TEXT, MakeBlock(pszText, strlen(pszText) + 1));
+  pSource->CacheGlobalData(BlobFormat(), MakeBlock(kBlob, kBlobSize));
+  return pSource;
+}
+
+// ---- The child process --------------------------------------------------------------
+
+// This executable doubles as the "other program": started with VRK_OLE_CHILD
+// set, it does one job before the tests would run and exits with a code the
+// parent checks.
+int RunChild(const char* pszJob) {
+  if (strcmp(pszJob, "read") == 0) {
+    // Plain Win32, as any program would: the parent renders on request.
+    if (Win32ClipboardBytes(CF_TEXT, true) != kText) return 10;
+    if (Win32ClipboardBytes(BlobFormat(), false) != std::string(kBlob, kBlobSize)) return 11;
+    return 0;
+  }
+  const bool bTerm = strcmp(pszJob, "put-term") == 0;
+  if (!bTerm && strcmp(pszJob, "put-exit") != 0) return 2;
+  if (!AfxOleInit()) return 3;
+  COleDataSource* pSource = new COleDataSource;
+  const char* pszText = bTerm ? "left by AfxOleTerm" : "left at thread end";
+  pSource->CacheGlobalData(CF_TEXT, MakeBlock(pszText, strlen(pszText) + 1));
+  pSource->SetClipboard();
+  if (bTerm) AfxOleTerm();
+  return 0;
+}
+
+struct ChildMode {
+  ChildMode() {
+    char szJob[32];
+    if (GetEnvironmentVariableA("VRK_OLE_CHILD", szJob, sizeof(szJob)) != 0)
+      ExitProcess((UINT)RunChild(szJob));
+  }
+} g_childMode;
+
+// Runs this executable as a child doing pszJob while this thread keeps
+// serving messages (the clipboard asks the owner to render); its exit code.
+DWORD RunChildAndPump(const char* pszJob) {
+  char szExe[MAX_PATH];
+  GetModuleFileNameA(NULL, szExe, MAX_PATH);
+  std::string cmd = std::string("\"") + szExe + "\"";
+  SetEnvironmentVariableA("VRK_OLE_CHILD", pszJob);
+  STARTUPINFOA si = {};
+  si.cb = sizeof(si);
+  PROCESS_INFORMATION pi = {};
+  const BOOL bStarted = CreateProcessA(szExe, &cmd[0], NULL, NULL, FALSE, 0, NULL, NULL, &si, &pi);
+  SetEnvironmentVariableA("VRK_OLE_CHILD", NULL);
+  if (!bStarted) return 0xDEAD;
+  const DWORD dwStart = GetTickCount();
+  while (MsgWaitForMultipleObjects(1, &pi.hProcess, FALSE, 1000, QS_ALLINPUT) != WAIT_OBJECT_0) {
+    MSG msg;
+    while (PeekMessageA(&msg, NULL, 0, 0, PM_REMOVE))
+      DispatchMessageA(&msg);
+    if (GetTickCount() - dwStart > 60000) {
+      TerminateProcess(pi.hProcess, 0xBAD);
+      break;
+    }
+  }
+  DWORD dwCode = 0xBAD;
+  GetExitCodeProcess(pi.hProcess, &dwCode);
+  CloseHandle(pi.hThread);
+  CloseHandle(pi.hProcess);
+  return dwCode;
+}
+
+class OleClipboardTest : public ::testing::Test {
+protected:
+  static void SetUpTestSuite() { ASSERT_TRUE(AfxOleInit()); }
+  void TearDown() override {
+    // Leave nothing of ours behind for the next test.
+    OleSetClipboard(NULL);
+  }
+};
+
+std::vector<CLIPFORMAT> Formats(COleDataObject& data) {
+  std::vector<CLIPFORMAT> formats;
+  data.BeginEnumFormats();
+  FORMATETC fmt;
+  while (data.GetNextFormat(&fmt)) {
+    formats.push_back(fmt.cfFormat);
+    CoTaskMemFree(fmt.ptd);
+  }
+  return formats;
+}
+
+} // namespace
+
+TEST_F(OleClipboardTest, InitialisingTwiceIsFine) { EXPECT_TRUE(AfxOleInit()); }
+
+TEST_F(OleClipboardTest, ReadBackThroughAttachClipboard) {
+  bool bDeleted;
+  CFlagSource* pSource = MakeSource(&bDeleted);
+  pSource->SetClipboard();
+  EXPECT_EQ(pSource, COleDataSource::GetClipboardOwner());
+
+  COleDataObject data;
+  ASSERT_TRUE(data.AttachClipboard());
+  EXPECT_EQ((std::vector<CLIPFORMAT>{CF_TEXT, BlobFormat()}), Formats(data));
+  EXPECT_TRUE(data.IsDataAvailable(BlobFormat()));
+  HGLOBAL h = data.GetGlobalData(BlobFormat());
+  EXPECT_EQ(std::string(kBlob, kBlobSize), BlockBytes(h));
+  GlobalFree(h);
+  h = data.GetGlobalData(CF_TEXT);
+  EXPECT_STREQ(kText, BlockBytes(h).c_str());
+  GlobalFree(h);
+
+  const CLIPFORMAT cfMissing = (CLIPFORMAT)RegisterClipboardFormatA("VRK afx ole not there");
+  EXPECT_FALSE(data.IsDataAvailable(cfMissing));
+  EXPECT_EQ((HGLOBAL)NULL, data.GetGlobalData(cfMissing));
+  data.Release();
+  EXPECT_FALSE(bDeleted); // still on the clipboard
+}
+
+TEST_F(OleClipboardTest, OfferedToWin32ClipboardReaders) {
+  bool bDeleted;
+  MakeSource(&bDeleted)->SetClipboard();
+  EXPECT_TRUE(IsClipboardFormatAvailable(CF_TEXT));
+  EXPECT_TRUE(IsClipboardFormatAvailable(BlobFormat()));
+  EXPECT_EQ(kText, Win32ClipboardBytes(CF_TEXT, true));
+  EXPECT_EQ(std::string(kBlob, kBlobSize), Win32ClipboardBytes(BlobFormat(), false));
+}
+
+TEST_F(OleClipboardTest, AnotherProcessReadsTheData) {
+  bool bDeleted;
+  MakeSource(&bDeleted)->SetClipboard();
+  EXPECT_EQ(0u, RunChildAndPump("read"));
+  EXPECT_FALSE(bDeleted);
+}
+
+TEST_F(OleClipboardTest, ABitmapCachedAsGlobalDataReachesTheClipboard) {
+  HDC hdc = GetDC(NULL);
+  HBITMAP hbm = CreateCompatibleBitmap(hdc, 9, 4);
+  ReleaseDC(NULL, hdc);
+  COleDataSource* pSource = new COleDataSource;
+  pSource->CacheGlobalData(CF_BITMAP, (HGLOBAL)hbm);
+  pSource->SetClipboard();
+
+  ASSERT_TRUE(OpenClipboardRetry());
+  HBITMAP hClip = (HBITMAP)GetClipboardData(CF_BITMAP);
+  BITMAP bm = {};
+  const int nGot = hClip != NULL ? GetObject(hClip, sizeof(bm), &bm) : 0;
+  CloseClipboard();
+  EXPECT_EQ((int)sizeof(bm), nGot);
+  EXPECT_EQ(9, bm.bmWidth);
+  EXPECT_EQ(4, bm.bmHeight);
+}
+
+TEST_F(OleClipboardTest, ReplacingTheDataReleasesTheOldSource) {
+  bool bFirstDeleted, bSecondDeleted;
+  MakeSource(&bFirstDeleted)->SetClipboard();
+  CFlagSource* pSecond = MakeSource(&bSecondDeleted, "second");
+  pSecond->SetClipboard();
+  EXPECT_TRUE(bFirstDeleted);
+  EXPECT_FALSE(bSecondDeleted);
+  EXPECT_EQ(pSecond, COleDataSource::GetClipboardOwner());
+  EXPECT_EQ("second", Win32ClipboardBytes(CF_TEXT, true));
+}
+
+TEST_F(OleClipboardTest, EmptyingTheClipboardReleasesTheSource) {
+  bool bDeleted;
+  MakeSource(&bDeleted)->SetClipboard();
+  ASSERT_TRUE(OpenClipboardRetry());
+  EmptyClipboard();
+  CloseClipboard();
+  EXPECT_TRUE(bDeleted);
+  EXPECT_EQ((COleDataSource*)NULL, COleDataSource::GetClipboardOwner());
+  COleDataObject data;
+  if (data.AttachClipboard()) EXPECT_FALSE(data.IsDataAvailable(BlobFormat()));
+}
+
+TEST_F(OleClipboardTest, FlushingRendersEverythingAndLetsTheSourceGo) {
+  bool bDeleted;
+  MakeSource(&bDeleted)->SetClipboard();
+  COleDataSource::FlushClipboard();
+  EXPECT_TRUE(bDeleted);
+  EXPECT_EQ((COleDataSource*)NULL, COleDataSource::GetClipboardOwner());
+  // The data stays for every reader, with no source behind it.
+  EXPECT_EQ(kText, Win32ClipboardBytes(CF_TEXT, true));
+  EXPECT_EQ(std::string(kBlob, kBlobSize), Win32ClipboardBytes(BlobFormat(), false));
+  COleDataObject data;
+  ASSERT_TRUE(data.AttachClipboard());
+  HGLOBAL h = data.GetGlobalData(BlobFormat());
+  EXPECT_EQ(std::string(kBlob, kBlobSize), BlockBytes(h));
+  GlobalFree(h);
+}
+
+TEST_F(OleClipboardTest, DeletingAPlacedSourceFlushesItFirst) {
+  bool bDeleted;
+  CFlagSource* pSource = MakeSource(&bDeleted);
+  pSource->SetClipboard();
+  delete pSource; // a misuse that must not leave a dangling object behind
+  EXPECT_TRUE(bDeleted);
+  EXPECT_EQ((COleDataSource*)NULL, COleDataSource::GetClipboardOwner());
+  EXPECT_EQ(kText, Win32ClipboardBytes(CF_TEXT, true));
+}
+
+TEST_F(OleClipboardTest, DataOutlivesTheProcessThatPutIt) {
+  EXPECT_EQ(0u, RunChildAndPump("put-term"));
+  EXPECT_EQ("left by AfxOleTerm", Win32ClipboardBytes(CF_TEXT, true));
+  EXPECT_EQ(0u, RunChildAndPump("put-exit"));
+  EXPECT_EQ("left at thread end", Win32ClipboardBytes(CF_TEXT, true));
+}
