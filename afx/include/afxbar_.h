@@ -272,6 +272,8 @@ protected:
   afx_msg LRESULT OnGetTextLength(WPARAM wParam, LPARAM lParam);
   afx_msg LRESULT OnSetMinHeight(WPARAM wParam, LPARAM lParam);
   afx_msg void OnSize(UINT nType, int cx, int cy);
+  // The size grip lets the mouse through to the frame, which sizes itself.
+  afx_msg LRESULT OnNcHitTest(CPoint point);
   DECLARE_MESSAGE_MAP()
 };
 

@@ -327,4 +327,30 @@ TEST_F(StatusBarTest, MinimumHeightSetsTheBarsHeight) {
   EXPECT_EQ(60, rect.Height());
 }
 
+TEST(StatusBarGrip, SizeableParentGetsAGripThatLetsTheMouseThrough) {
+  CWnd parent;
+  ASSERT_TRUE(parent.CreateEx(0, NULL, "sizeable", WS_POPUP | WS_THICKFRAME | WS_VISIBLE, 0, 0, 300,
+                              200, NULL, NULL));
+  CStatusBar bar;
+  ASSERT_TRUE(bar.Create(&parent));
+  EXPECT_TRUE(bar.GetStyle() & SBARS_SIZEGRIP);
+  parent.RepositionBars(0, 0xFFFF, 0);
+  CRect rect;
+  bar.GetWindowRect(&rect);
+  LPARAM lCorner = MAKELPARAM(rect.right - 2, rect.bottom - 2);
+  // The control itself calls the corner the bottom-right sizing border.
+  EXPECT_EQ(HTBOTTOMRIGHT, bar.DefWindowProc(WM_NCHITTEST, 0, lCorner));
+  EXPECT_EQ(HTTRANSPARENT, bar.SendMessage(WM_NCHITTEST, 0, lCorner));
+  LPARAM lMiddle = MAKELPARAM(rect.left + 5, rect.top + 5);
+  EXPECT_EQ(HTCLIENT, bar.SendMessage(WM_NCHITTEST, 0, lMiddle));
+  parent.DestroyWindow();
+
+  // A parent of fixed size: no grip.
+  ASSERT_TRUE(parent.CreateEx(0, NULL, "fixed", WS_POPUP, 0, 0, 300, 200, NULL, NULL));
+  CStatusBar plain;
+  ASSERT_TRUE(plain.Create(&parent));
+  EXPECT_FALSE(plain.GetStyle() & SBARS_SIZEGRIP);
+  parent.DestroyWindow();
+}
+
 } // namespace

@@ -16,6 +16,7 @@ ON_MESSAGE(WM_GETTEXT, &CStatusBar::OnGetText)
 ON_MESSAGE(WM_GETTEXTLENGTH, &CStatusBar::OnGetTextLength)
 ON_MESSAGE(SB_SETMINHEIGHT, &CStatusBar::OnSetMinHeight)
 ON_WM_SIZE()
+ON_WM_NCHITTEST()
 END_MESSAGE_MAP()
 
 namespace {
@@ -352,4 +353,9 @@ void CStatusBar::OnSize(UINT, int, int) {
   Default();
   // The stretching pane follows the new width.
   UpdateAllPanes(TRUE, FALSE);
+}
+
+LRESULT CStatusBar::OnNcHitTest(CPoint) {
+  LRESULT lResult = Default();
+  return lResult == HTBOTTOMRIGHT ? HTTRANSPARENT : lResult;
 }
