@@ -81,11 +81,7 @@ int VrkArSerializeDocument(CDocument* document, CFile* file, int store) {
   CArchive ar(file, (store ? CArchive::store : CArchive::load) | CArchive::bNoFlushOnDelete, 4096);
   ar.m_pDocument = document;
   try {
-    // afx declares no CDocument yet (only the name, for CArchive). A document
-    // is a CCmdTarget, singly derived from CObject, so the pointer is its
-    // CObject and Serialize is the same virtual. With a complete CDocument
-    // this becomes document->Serialize(ar).
-    reinterpret_cast<CObject*>(document)->Serialize(ar);
+    document->Serialize(ar);
   } catch (...) {
     // Close, then pass the document's exception on; a second failure while
     // closing must not replace (and leak) the first.
