@@ -219,6 +219,40 @@ TEST_F(ToolBarTest, FlyByPromptsFollowTheMouse) {
   EXPECT_EQ(expected, m_parent.m_prompts);
 }
 
+TEST(ToolBarTips, ButtonTipIsTheTextAfterThePrompt) {
+  CWnd parent;
+  ASSERT_TRUE(parent.CreateEx(0, NULL, "host", WS_POPUP, 0, 0, 300, 100, NULL, NULL));
+  CToolBar bar;
+  ASSERT_TRUE(bar.Create(&parent, WS_CHILD | WS_VISIBLE | CBRS_TOP | CBRS_TOOLTIPS));
+  ASSERT_TRUE(bar.LoadToolBar(IDR_TOOLBAR));
+  EXPECT_TRUE(bar.GetStyle() & TBSTYLE_TOOLTIPS);
+  HWND hWndTip = (HWND)bar.SendMessage(TB_GETTOOLTIPS);
+  ASSERT_TRUE(hWndTip != NULL);
+
+  // What the tool tip asks the toolbar, in both character sets.
+  TOOLTIPTEXTA ttA = {};
+  ttA.hdr.hwndFrom = hWndTip;
+  ttA.hdr.idFrom = ID_TOOL_A;
+  ttA.hdr.code = TTN_NEEDTEXTA;
+  bar.SendMessage(WM_NOTIFY, 0, (LPARAM)&ttA);
+  EXPECT_STREQ("Tool A", ttA.lpszText);
+  TOOLTIPTEXTW ttW = {};
+  ttW.hdr.hwndFrom = hWndTip;
+  ttW.hdr.idFrom = ID_TOOL_A;
+  ttW.hdr.code = TTN_NEEDTEXTW;
+  bar.SendMessage(WM_NOTIFY, 0, (LPARAM)&ttW);
+  EXPECT_TRUE(ttW.lpszText != NULL && lstrcmpW(L"Tool A", ttW.lpszText) == 0);
+  // A prompt without a tip part, or no string at all: no tip.
+  TOOLTIPTEXTA ttB = {};
+  ttB.hdr.hwndFrom = hWndTip;
+  ttB.hdr.idFrom = ID_TOOL_B;
+  ttB.hdr.code = TTN_NEEDTEXTA;
+  bar.SendMessage(WM_NOTIFY, 0, (LPARAM)&ttB);
+  EXPECT_EQ('\0', ttB.szText[0]);
+  EXPECT_TRUE(ttB.lpszText == NULL || ttB.lpszText[0] == '\0');
+  parent.DestroyWindow();
+}
+
 TEST_F(ToolBarTest, SizeIsOneRowOrColumnOfButtons) {
   ASSERT_TRUE(m_bar.LoadToolBar(IDR_TOOLBAR));
   // Three 23 x 22 buttons, a six-pixel separator, the bar's margins and the

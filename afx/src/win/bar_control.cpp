@@ -250,6 +250,32 @@ static BOOL IsUnansweredToolTip(LPARAM lParam) {
   return (pTTT->lpszText == NULL || *pTTT->lpszText == 0) && pTTT->szText[0] == 0;
 }
 
+// Decided here: a tip the owner left empty is given by the bar itself, as
+// frames give them: the text after the first '\n' of the string resource of
+// the button's command (at most 79 characters, the size of szText).
+static BOOL FillToolTip(NMHDR* pNMHDR) {
+  BOOL bAnsi = pNMHDR->code == TTN_NEEDTEXTA;
+  UINT uFlags = bAnsi ? ((TOOLTIPTEXTA*)pNMHDR)->uFlags : ((TOOLTIPTEXTW*)pNMHDR)->uFlags;
+  UINT nID = (UINT)pNMHDR->idFrom;
+  if ((uFlags & TTF_IDISHWND) || nID == 0) return FALSE;
+  TCHAR szFull[256];
+  if (AfxLoadString(nID, szFull, 256) == 0) return FALSE;
+  CString strTip;
+  if (!AfxExtractSubString(strTip, szFull, 1, '\n') || strTip.IsEmpty()) return FALSE;
+  if (bAnsi) {
+    TOOLTIPTEXTA* pTTT = (TOOLTIPTEXTA*)pNMHDR;
+    lstrcpynA(pTTT->szText, strTip, sizeof(pTTT->szText));
+    pTTT->lpszText = pTTT->szText;
+  } else {
+    TOOLTIPTEXTW* pTTT = (TOOLTIPTEXTW*)pNMHDR;
+    const int nMax = sizeof(pTTT->szText) / sizeof(WCHAR);
+    if (::MultiByteToWideChar(CP_ACP, 0, strTip, -1, pTTT->szText, nMax) == 0)
+      pTTT->szText[nMax - 1] = 0; // cut to fit
+    pTTT->lpszText = pTTT->szText;
+  }
+  return TRUE;
+}
+
 LRESULT CControlBar::WindowProc(UINT nMsg, WPARAM wParam, LPARAM lParam) {
   switch (nMsg) {
   case WM_SETMESSAGESTRING:
@@ -273,9 +299,12 @@ LRESULT CControlBar::WindowProc(UINT nMsg, WPARAM wParam, LPARAM lParam) {
     CWnd* pOwner = GetOwner();
     if (pOwner == NULL || pOwner->m_hWnd == m_hWnd) return DefWindowProc(nMsg, wParam, lParam);
     lResult = pOwner->SendMessage(nMsg, wParam, lParam);
-    // A tool tip the owner gave no text keeps the control's own handling.
-    if (nMsg == WM_NOTIFY && IsUnansweredToolTip(lParam))
+    // A tool tip the owner gave no text: the command's own tip, else the
+    // control's handling.
+    if (nMsg == WM_NOTIFY && IsUnansweredToolTip(lParam)) {
+      if (FillToolTip((NMHDR*)lParam)) return 0;
       lResult = DefWindowProc(nMsg, wParam, lParam);
+    }
     return lResult;
   }
   }
