@@ -1,0 +1,17 @@
+// Ids shared by the frame, document and MDI tests and their resources (only
+// #defines: the resource compiler reads this file too).
+#ifndef VRK_TESTS_FRAME_TESTING_H
+#define VRK_TESTS_FRAME_TESTING_H
+
+#define IDR_FRAME 0x0300
+#define IDR_NOMENU 0x0301
+#define IDR_NOTES 0x0310
+#define IDR_MAINFRAME 0x0320
+#define IDR_SHEET 0x0321
+#define IDR_RICHDOC 0x0330
+
+#define ID_REFRESH 0x8201
+#define ID_ORPHAN 0x8202
+#define ID_GREYED 0x8203
+
+#endif

@@ -1,0 +1,277 @@
+// CFrameWnd on real windows: what LoadFrame takes from one resource id (the
+// title, menu, icon and accelerators), an accelerator key reaching its
+// command handler through the message pump, titles with a document, the
+// status bar's messages and menu prompts, menu item updates, key indicators,
+// command routing through the active view, and the view's layout.
+#include <afxext.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "frame_testing.h"
+
+namespace {
+
+// Dispatches what is queued, pre-translating as the application's loop does.
+void Pump() {
+  MSG msg;
+  while (::PeekMessage(&msg, NULL, 0, 0, PM_REMOVE)) {
+    if (msg.message == WM_QUIT) continue;
+    if (!CWnd::WalkPreTranslateTree(NULL, &msg)) {
+      ::TranslateMessage(&msg);
+      ::DispatchMessage(&msg);
+    }
+  }
+}
+
+CString WindowText(CWnd* pWnd) {
+  CString str;
+  pWnd->GetWindowText(str);
+  return str;
+}
+
+int g_nFramesDeleted = 0;
+
+class CTestFrame : public CFrameWnd {
+  DECLARE_DYNCREATE(CTestFrame)
+public:
+  int m_nRefresh = 0;
+  BOOL m_bNewEnabled = TRUE;
+  virtual ~CTestFrame() { g_nFramesDeleted++; }
+  afx_msg void OnRefresh() { m_nRefresh++; }
+  afx_msg void OnGreyed() {}
+  afx_msg void OnUpdateNew(CCmdUI* pCmdUI) { pCmdUI->Enable(m_bNewEnabled); }
+  afx_msg void OnUpdateGreyed(CCmdUI* pCmdUI) { pCmdUI->Enable(FALSE); }
+  afx_msg void OnNew() {}
+  DECLARE_MESSAGE_MAP()
+};
+IMPLEMENT_DYNCREATE(CTestFrame, CFrameWnd)
+BEGIN_MESSAGE_MAP(CTestFrame, CFrameWnd)
+ON_COMMAND(ID_REFRESH, &CTestFrame::OnRefresh)
+ON_COMMAND(ID_FILE_NEW, &CTestFrame::OnNew)
+ON_UPDATE_COMMAND_UI(ID_FILE_NEW, &CTestFrame::OnUpdateNew)
+ON_COMMAND(ID_GREYED, &CTestFrame::OnGreyed)
+ON_UPDATE_COMMAND_UI(ID_GREYED, &CTestFrame::OnUpdateGreyed)
+END_MESSAGE_MAP()
+
+// A view that takes ID_REFRESH before its frame and counts its updates.
+class CTestView : public CView {
+  DECLARE_DYNCREATE(CTestView)
+public:
+  int m_nRefresh = 0;
+  int m_nInitialUpdates = 0;
+  virtual void OnDraw(CDC*) {}
+  virtual void OnInitialUpdate() {
+    m_nInitialUpdates++;
+    CView::OnInitialUpdate();
+  }
+  afx_msg void OnRefresh() { m_nRefresh++; }
+  DECLARE_MESSAGE_MAP()
+};
+IMPLEMENT_DYNCREATE(CTestView, CView)
+BEGIN_MESSAGE_MAP(CTestView, CView)
+ON_COMMAND(ID_REFRESH, &CTestView::OnRefresh)
+END_MESSAGE_MAP()
+
+class FrameTest : public ::testing::Test {
+protected:
+  void TearDown() override {
+    if (::IsWindow(m_hWndFrame)) ::DestroyWindow(m_hWndFrame);
+    Pump();
+  }
+  CTestFrame* Load(DWORD dwStyle = WS_OVERLAPPEDWINDOW, CCreateContext* pContext = NULL) {
+    CTestFrame* pFrame = new CTestFrame; // deleted with its window
+    if (!pFrame->LoadFrame(IDR_FRAME, dwStyle, NULL, pContext)) return NULL;
+    m_hWndFrame = pFrame->m_hWnd;
+    return pFrame;
+  }
+  HWND m_hWndFrame = NULL;
+};
+
+TEST_F(FrameTest, LoadFrameTakesTitleMenuIconAndAcceleratorsFromOneId) {
+  CTestFrame* pFrame = Load();
+  ASSERT_NE(nullptr, pFrame);
+  EXPECT_STREQ("Frame Test", WindowText(pFrame)); // the first "\n" field only
+  EXPECT_EQ(IDR_FRAME, pFrame->m_nIDHelp);
+
+  HMENU hMenu = ::GetMenu(pFrame->m_hWnd);
+  ASSERT_NE(nullptr, hMenu);
+  EXPECT_EQ(hMenu, pFrame->m_hMenuDefault);
+  EXPECT_EQ(2, ::GetMenuItemCount(hMenu));
+  HMENU hFile = ::GetSubMenu(hMenu, 0);
+  EXPECT_EQ((UINT)ID_REFRESH, ::GetMenuItemID(hFile, 1));
+  char szItem[64];
+  ::GetMenuString(hFile, 1, szItem, sizeof(szItem), MF_BYPOSITION);
+  EXPECT_STREQ("&Refresh\tF5", szItem);
+
+  // The window class carries the icon of the same id.
+  HICON hIcon = ::LoadIcon(::GetModuleHandle(NULL), MAKEINTRESOURCE(IDR_FRAME));
+  ASSERT_NE(nullptr, hIcon);
+  EXPECT_EQ((ULONG_PTR)hIcon, ::GetClassLongPtr(pFrame->m_hWnd, GCLP_HICON));
+
+  ASSERT_NE(nullptr, pFrame->m_hAccelTable);
+  EXPECT_EQ(pFrame->m_hAccelTable, pFrame->GetDefaultAccelerator());
+  ACCEL accel[4];
+  ASSERT_EQ(1, ::CopyAcceleratorTable(pFrame->m_hAccelTable, accel, 4));
+  EXPECT_EQ(VK_F5, accel[0].key);
+  EXPECT_EQ(ID_REFRESH, accel[0].cmd);
+}
+
+TEST_F(FrameTest, AcceleratorKeyRunsItsCommandThroughThePump) {
+  CTestFrame* pFrame = Load();
+  ASSERT_NE(nullptr, pFrame);
+  pFrame->PostMessage(WM_KEYDOWN, VK_F5, 0x003F0001);
+  pFrame->PostMessage(WM_KEYDOWN, VK_F6, 0x00400001); // in no table
+  Pump();
+  EXPECT_EQ(1, pFrame->m_nRefresh);
+}
+
+TEST_F(FrameTest, MissingMenuFailsTheLoadAndDeletesTheFrame) {
+  int nDeletedBefore = g_nFramesDeleted;
+  CTestFrame* pFrame = new CTestFrame;
+  EXPECT_FALSE(pFrame->LoadFrame(IDR_NOMENU));
+  EXPECT_EQ(nDeletedBefore + 1, g_nFramesDeleted);
+}
+
+TEST_F(FrameTest, TitleNamesTheDocumentBeforeTheApplication) {
+  CTestFrame* pFrame = Load(WS_OVERLAPPEDWINDOW | FWS_ADDTOTITLE);
+  ASSERT_NE(nullptr, pFrame);
+  EXPECT_TRUE(pFrame->GetStyle() & FWS_PREFIXTITLE);
+  pFrame->UpdateFrameTitleForDocument("notes.txt");
+  EXPECT_STREQ("notes.txt - Frame Test", WindowText(pFrame));
+  pFrame->m_nWindow = 2; // the second frame on the document
+  pFrame->UpdateFrameTitleForDocument("notes.txt");
+  EXPECT_STREQ("notes.txt:2 - Frame Test", WindowText(pFrame));
+  pFrame->UpdateFrameTitleForDocument(NULL);
+  EXPECT_STREQ("Frame Test", WindowText(pFrame));
+  // Without the prefix style the application comes first.
+  pFrame->ModifyStyle(FWS_PREFIXTITLE, 0);
+  pFrame->m_nWindow = 0;
+  pFrame->UpdateFrameTitleForDocument("notes.txt");
+  EXPECT_STREQ("Frame Test - notes.txt", WindowText(pFrame));
+}
+
+TEST_F(FrameTest, StatusBarShowsPromptsMessagesAndTheIdleMessage) {
+  CTestFrame* pFrame = Load();
+  ASSERT_NE(nullptr, pFrame);
+  CStatusBar statusBar;
+  ASSERT_TRUE(statusBar.Create(pFrame));
+  const UINT panes[] = {ID_SEPARATOR};
+  ASSERT_TRUE(statusBar.SetIndicators(panes, 1));
+  EXPECT_EQ(&statusBar, pFrame->GetMessageBar());
+  Pump(); // the message the frame posted as it was created
+  EXPECT_STREQ("Ready", WindowText(&statusBar));
+
+  pFrame->SetMessageText(ID_REFRESH); // the prompt: the string up to "\n"
+  EXPECT_STREQ("Reloads the sheet", WindowText(&statusBar));
+  pFrame->SetMessageText("Copying...");
+  EXPECT_STREQ("Copying...", WindowText(&statusBar));
+
+  // A menu item's prompt appears when the menu loop goes idle; until then a
+  // pop-up message does not replace what is shown...
+  pFrame->SendMessage(WM_MENUSELECT, MAKEWPARAM(ID_FILE_NEW, MF_STRING),
+                      (LPARAM)::GetMenu(*pFrame));
+  pFrame->SendMessage(WM_POPMESSAGESTRING, AFX_IDS_IDLEMESSAGE);
+  EXPECT_STREQ("Copying...", WindowText(&statusBar));
+  pFrame->SendMessage(WM_ENTERIDLE, MSGF_MENU, 0);
+  EXPECT_STREQ("Creates a document", WindowText(&statusBar));
+  // ...and closing the menu brings back the idle message.
+  pFrame->SendMessage(WM_MENUSELECT, MAKEWPARAM(0, 0xFFFF), 0);
+  EXPECT_STREQ("Ready", WindowText(&statusBar));
+
+  // A prompt noted but not shown yet is shown at idle time.
+  pFrame->m_nIDTracking = ID_REFRESH;
+  pFrame->SendMessage(WM_IDLEUPDATECMDUI, TRUE);
+  EXPECT_STREQ("Reloads the sheet", WindowText(&statusBar));
+  statusBar.DestroyWindow();
+}
+
+TEST_F(FrameTest, OpeningAMenuUpdatesItsItems) {
+  CTestFrame* pFrame = Load();
+  ASSERT_NE(nullptr, pFrame);
+  HMENU hFile = ::GetSubMenu(::GetMenu(*pFrame), 0);
+  pFrame->m_bNewEnabled = FALSE;
+  pFrame->SendMessage(WM_INITMENUPOPUP, (WPARAM)hFile, MAKELPARAM(0, FALSE));
+  EXPECT_TRUE(::GetMenuState(hFile, ID_FILE_NEW, MF_BYCOMMAND) & MF_GRAYED); // its handler says so
+  EXPECT_FALSE(::GetMenuState(hFile, ID_REFRESH, MF_BYCOMMAND) & MF_GRAYED);
+  EXPECT_TRUE(::GetMenuState(hFile, ID_ORPHAN, MF_BYCOMMAND) & MF_GRAYED); // nobody handles it
+  EXPECT_TRUE(::GetMenuState(hFile, ID_GREYED, MF_BYCOMMAND) & MF_GRAYED);
+
+  pFrame->m_bNewEnabled = TRUE;
+  pFrame->m_bAutoMenuEnable = FALSE;
+  ::EnableMenuItem(hFile, ID_ORPHAN, MF_BYCOMMAND | MF_ENABLED);
+  pFrame->SendMessage(WM_INITMENUPOPUP, (WPARAM)hFile, MAKELPARAM(0, FALSE));
+  EXPECT_FALSE(::GetMenuState(hFile, ID_FILE_NEW, MF_BYCOMMAND) & MF_GRAYED);
+  EXPECT_FALSE(::GetMenuState(hFile, ID_ORPHAN, MF_BYCOMMAND) & MF_GRAYED);
+
+  // A disabled command is refused even when it arrives as a message.
+  pFrame->SendMessage(WM_COMMAND, ID_GREYED);
+  pFrame->m_bNewEnabled = FALSE;
+  pFrame->SendMessage(WM_COMMAND, ID_REFRESH);
+  EXPECT_EQ(1, pFrame->m_nRefresh);
+}
+
+// Records the state an update handler gives an indicator.
+class CIndicatorUI : public CCmdUI {
+public:
+  virtual void Enable(BOOL bOn) {
+    m_bEnabled = bOn;
+    m_bEnableChanged = TRUE;
+  }
+  BOOL m_bEnabled = -1;
+};
+
+TEST_F(FrameTest, KeyIndicatorsFollowTheToggleKeys) {
+  CTestFrame* pFrame = Load();
+  ASSERT_NE(nullptr, pFrame);
+  BYTE keys[256];
+  ASSERT_TRUE(::GetKeyboardState(keys));
+  BYTE saved[256];
+  memcpy(saved, keys, sizeof(keys));
+  keys[VK_CAPITAL] = 0x01; // toggled on
+  keys[VK_NUMLOCK] = 0x00;
+  ASSERT_TRUE(::SetKeyboardState(keys));
+  CIndicatorUI caps, num;
+  caps.m_nID = ID_INDICATOR_CAPS;
+  num.m_nID = ID_INDICATOR_NUM;
+  EXPECT_TRUE(pFrame->OnCmdMsg(ID_INDICATOR_CAPS, CN_UPDATE_COMMAND_UI, &caps, NULL));
+  EXPECT_TRUE(pFrame->OnCmdMsg(ID_INDICATOR_NUM, CN_UPDATE_COMMAND_UI, &num, NULL));
+  EXPECT_EQ(TRUE, caps.m_bEnabled);
+  EXPECT_EQ(FALSE, num.m_bEnabled);
+  ::SetKeyboardState(saved);
+}
+
+TEST_F(FrameTest, ViewFromTheContextFillsTheFrameAndTakesCommandsFirst) {
+  CCreateContext context;
+  context.m_pNewViewClass = RUNTIME_CLASS(CTestView);
+  CTestFrame* pFrame = Load(WS_OVERLAPPEDWINDOW, &context);
+  ASSERT_NE(nullptr, pFrame);
+  CWnd* pPane = pFrame->GetDlgItem(AFX_IDW_PANE_FIRST);
+  ASSERT_NE(nullptr, pPane);
+  CTestView* pView = DYNAMIC_DOWNCAST(CTestView, CWnd::FromHandlePermanent(pPane->m_hWnd));
+  ASSERT_NE(nullptr, pView);
+  EXPECT_TRUE(pView->GetExStyle() & WS_EX_CLIENTEDGE); // the border became a client edge
+  EXPECT_EQ(pFrame, pView->GetParentFrame());
+
+  pFrame->InitialUpdateFrame(NULL, TRUE);
+  EXPECT_EQ(pView, pFrame->GetActiveView());
+  EXPECT_EQ(1, pView->m_nInitialUpdates);
+  EXPECT_TRUE(pFrame->IsWindowVisible());
+
+  // Resizing lays the view out over the whole client area.
+  pFrame->MoveWindow(10, 10, 420, 300);
+  CRect rectClient, rectView;
+  pFrame->GetClientRect(&rectClient);
+  pView->GetWindowRect(&rectView);
+  pFrame->ScreenToClient(&rectView);
+  EXPECT_EQ(rectClient, rectView);
+
+  pFrame->SendMessage(WM_COMMAND, ID_REFRESH);
+  EXPECT_EQ(1, pView->m_nRefresh);
+  EXPECT_EQ(0, pFrame->m_nRefresh);
+  pFrame->SetActiveView(NULL);
+  pFrame->SendMessage(WM_COMMAND, ID_REFRESH);
+  EXPECT_EQ(1, pFrame->m_nRefresh);
+}
+
+} // namespace
