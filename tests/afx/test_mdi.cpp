@@ -1,0 +1,182 @@
+// A multiple-document application: children of one CMultiDocTemplate share
+// its menu and accelerator table, the menu bar follows the active child, an
+// accelerator reaches the active document, titles number the documents, and
+// closing children gives the frame its own menu back.
+#include <afxext.h>
+#include <gtest/gtest.h>
+
+#include "frame_testing.h"
+
+namespace {
+
+void Pump() {
+  MSG msg;
+  while (::PeekMessage(&msg, NULL, 0, 0, PM_REMOVE)) {
+    if (msg.message == WM_QUIT) continue;
+    if (!AfxGetApp()->PreTranslateMessage(&msg)) {
+      ::TranslateMessage(&msg);
+      ::DispatchMessage(&msg);
+    }
+  }
+}
+
+CString WindowText(CWnd* pWnd) {
+  CString str;
+  pWnd->GetWindowText(str);
+  return str;
+}
+
+int g_nSheetsDeleted = 0;
+
+class CSheetDoc : public CDocument {
+  DECLARE_DYNCREATE(CSheetDoc)
+public:
+  int m_nRefresh = 0;
+  virtual ~CSheetDoc() { g_nSheetsDeleted++; }
+  afx_msg void OnRefresh() { m_nRefresh++; }
+  DECLARE_MESSAGE_MAP()
+};
+IMPLEMENT_DYNCREATE(CSheetDoc, CDocument)
+BEGIN_MESSAGE_MAP(CSheetDoc, CDocument)
+ON_COMMAND(ID_REFRESH, &CSheetDoc::OnRefresh)
+END_MESSAGE_MAP()
+
+class CSheetView : public CView {
+  DECLARE_DYNCREATE(CSheetView)
+public:
+  virtual void OnDraw(CDC*) {}
+};
+IMPLEMENT_DYNCREATE(CSheetView, CView)
+
+class CMdiApp : public CWinApp {
+public:
+  CMdiApp() : CWinApp("MDI Test") {}
+};
+CMdiApp theApp;
+
+class MdiTest : public ::testing::Test {
+protected:
+  void SetUp() override {
+    m_pTemplate = new CMultiDocTemplate(IDR_SHEET, RUNTIME_CLASS(CSheetDoc),
+                                        RUNTIME_CLASS(CMDIChildWnd), RUNTIME_CLASS(CSheetView));
+    theApp.AddDocTemplate(m_pTemplate);
+    m_pMainFrame = new CMDIFrameWnd;
+    ASSERT_TRUE(m_pMainFrame->LoadFrame(IDR_MAINFRAME));
+    theApp.m_pMainWnd = m_pMainFrame;
+    m_pMainFrame->ShowWindow(SW_SHOW);
+    Pump();
+  }
+  void TearDown() override {
+    if (theApp.m_pMainWnd != NULL) theApp.m_pMainWnd->DestroyWindow();
+    Pump();
+    // The template goes with the application; this one only for the test.
+    delete theApp.m_pDocManager;
+    theApp.m_pDocManager = NULL;
+  }
+  CSheetDoc* NewSheet() { return (CSheetDoc*)m_pTemplate->OpenDocumentFile(NULL); }
+  static CMDIChildWnd* FrameOf(CDocument* pDoc) {
+    POSITION pos = pDoc->GetFirstViewPosition();
+    return (CMDIChildWnd*)pDoc->GetNextView(pos)->GetParentFrame();
+  }
+  CMultiDocTemplate* m_pTemplate = NULL;
+  CMDIFrameWnd* m_pMainFrame = NULL;
+};
+
+TEST_F(MdiTest, ChildrenShareTheTemplatesMenuAndAccelerators) {
+  ASSERT_NE(nullptr, m_pTemplate->m_hMenuShared);
+  ASSERT_NE(nullptr, m_pTemplate->m_hAccelTable);
+  HMENU hMenuDefault = m_pMainFrame->m_hMenuDefault;
+  EXPECT_EQ(hMenuDefault, ::GetMenu(*m_pMainFrame));
+  EXPECT_STREQ("MDI Test", WindowText(m_pMainFrame));
+
+  CSheetDoc* pDoc1 = NewSheet();
+  CSheetDoc* pDoc2 = NewSheet();
+  ASSERT_NE(nullptr, pDoc1);
+  ASSERT_NE(nullptr, pDoc2);
+  CMDIChildWnd* pChild1 = FrameOf(pDoc1);
+  CMDIChildWnd* pChild2 = FrameOf(pDoc2);
+  ASSERT_NE(pChild1, pChild2);
+  EXPECT_EQ(m_pMainFrame, pChild1->GetMDIFrame());
+  EXPECT_EQ(m_pTemplate->m_hMenuShared, pChild1->m_hMenuShared);
+  EXPECT_EQ(m_pTemplate->m_hMenuShared, pChild2->m_hMenuShared);
+  EXPECT_EQ(m_pTemplate->m_hAccelTable, pChild1->m_hAccelTable);
+  EXPECT_EQ(m_pTemplate->m_hAccelTable, pChild2->m_hAccelTable);
+
+  // Numbered titles; the last one opened is active and named by the frame.
+  EXPECT_STREQ("Sheet1", pDoc1->GetTitle());
+  EXPECT_STREQ("Sheet2", pDoc2->GetTitle());
+  EXPECT_STREQ("Sheet2", WindowText(pChild2));
+  EXPECT_EQ(pChild2, m_pMainFrame->MDIGetActive());
+  EXPECT_EQ(pChild2, m_pMainFrame->GetActiveFrame());
+  EXPECT_STREQ("Sheet2 - MDI Test", WindowText(m_pMainFrame));
+  EXPECT_EQ(m_pTemplate->m_hMenuShared, ::GetMenu(*m_pMainFrame));
+
+  m_pMainFrame->MDIActivate(pChild1);
+  EXPECT_EQ(pChild1, m_pMainFrame->MDIGetActive());
+  EXPECT_STREQ("Sheet1 - MDI Test", WindowText(m_pMainFrame));
+  EXPECT_EQ(m_pTemplate->m_hMenuShared, ::GetMenu(*m_pMainFrame));
+}
+
+TEST_F(MdiTest, AcceleratorReachesTheActiveDocument) {
+  CSheetDoc* pDoc1 = NewSheet();
+  CSheetDoc* pDoc2 = NewSheet();
+  ASSERT_NE(nullptr, pDoc2);
+  CView* pView2 = FrameOf(pDoc2)->GetActiveView();
+  ASSERT_NE(nullptr, pView2);
+  pView2->PostMessage(WM_KEYDOWN, VK_F5, 0x003F0001);
+  Pump();
+  EXPECT_EQ(1, pDoc2->m_nRefresh);
+  EXPECT_EQ(0, pDoc1->m_nRefresh);
+
+  // The menu command goes the same way: the active child's document.
+  m_pMainFrame->MDIActivate(FrameOf(pDoc1));
+  m_pMainFrame->SendMessage(WM_COMMAND, ID_REFRESH);
+  EXPECT_EQ(1, pDoc1->m_nRefresh);
+  EXPECT_EQ(1, pDoc2->m_nRefresh);
+}
+
+TEST_F(MdiTest, ClosingChildrenLeavesTheFramesOwnMenu) {
+  CSheetDoc* pDoc1 = NewSheet();
+  CSheetDoc* pDoc2 = NewSheet();
+  ASSERT_NE(nullptr, pDoc2);
+  CMDIChildWnd* pChild1 = FrameOf(pDoc1);
+  int nDeleted = g_nSheetsDeleted;
+
+  FrameOf(pDoc2)->SendMessage(WM_CLOSE);
+  EXPECT_EQ(nDeleted + 1, g_nSheetsDeleted);
+  EXPECT_EQ(pChild1, m_pMainFrame->MDIGetActive());
+  EXPECT_STREQ("Sheet1 - MDI Test", WindowText(m_pMainFrame));
+  EXPECT_EQ(1, theApp.GetOpenDocumentCount());
+  EXPECT_EQ(m_pTemplate->m_hMenuShared, ::GetMenu(*m_pMainFrame));
+
+  pChild1->SendMessage(WM_CLOSE);
+  EXPECT_EQ(nDeleted + 2, g_nSheetsDeleted);
+  EXPECT_EQ(nullptr, m_pMainFrame->MDIGetActive());
+  EXPECT_EQ(0, theApp.GetOpenDocumentCount());
+  EXPECT_EQ(m_pMainFrame->m_hMenuDefault, ::GetMenu(*m_pMainFrame));
+  EXPECT_STREQ("MDI Test", WindowText(m_pMainFrame));
+  // The shared menu lives on with the template.
+  EXPECT_TRUE(::IsMenu(m_pTemplate->m_hMenuShared));
+}
+
+TEST_F(MdiTest, WindowNewShowsTheDocumentInANumberedSecondFrame) {
+  CSheetDoc* pDoc = NewSheet();
+  ASSERT_NE(nullptr, pDoc);
+  m_pMainFrame->SendMessage(WM_COMMAND, ID_WINDOW_NEW);
+  int nViews = 0;
+  for (POSITION pos = pDoc->GetFirstViewPosition(); pos != NULL; pDoc->GetNextView(pos))
+    nViews++;
+  EXPECT_EQ(2, nViews);
+  CMDIChildWnd* pActive = m_pMainFrame->MDIGetActive();
+  ASSERT_NE(nullptr, pActive);
+  EXPECT_STREQ("Sheet1:2", WindowText(pActive));
+  // Closing one of the two frames asks nothing and keeps the document.
+  pDoc->SetModifiedFlag();
+  int nDeleted = g_nSheetsDeleted;
+  pActive->SendMessage(WM_CLOSE);
+  EXPECT_EQ(nDeleted, g_nSheetsDeleted);
+  EXPECT_STREQ("Sheet1", WindowText(FrameOf(pDoc)));
+  pDoc->SetModifiedFlag(FALSE);
+}
+
+} // namespace
