@@ -130,6 +130,23 @@ TEST_F(FileDialogDriven, VirtualsSeeTheShownDialogAndCanRefuseAName) {
   EXPECT_EQ(NULL, dlg.m_hWnd);
 }
 
+TEST_F(FileDialogDriven, OldStyleDialogReachesTheSameVirtuals) {
+  CCheckingFileDialog dlg;
+  dlg.m_ofn.Flags &= ~OFN_EXPLORER;
+  dlg.m_ofn.lpstrInitialDir = m_dir.Path().c_str();
+  m_driver.Then([](HWND hDlg) {
+    TypeAndOK("old.log")(hDlg);
+    DialogDriver::Press(hDlg, IDOK);
+  });
+  ASSERT_EQ(IDOK, dlg.DoModal());
+  EXPECT_EQ(1, dlg.m_nInit);
+  EXPECT_TRUE(dlg.m_bWindowAtInit);
+  EXPECT_EQ(0, dlg.m_nInitDone); // an explorer-style notification
+  EXPECT_EQ(2, dlg.m_nFileOK);
+  EXPECT_EQ(CString(), dlg.m_strFolderSeen);
+  EXPECT_EQ(CString(m_dir.File("old.log").c_str()), dlg.GetPathName());
+}
+
 // ---- Multiple selection ------------------------------------------------------------
 
 class FileDialogList : public ::testing::Test {

@@ -1,0 +1,238 @@
+// CView's print job end to end on the test prefix's printer ("VRK
+// PostScript": Wine's PostScript driver on LPT1:, which the spooler writes to
+// a file): a two-page view printed with ID_FILE_PRINT_DIRECT and with
+// ID_FILE_PRINT through the print dialog (all pages, a page range, print to
+// a file chosen in the Save As dialog), checked in the PostScript that comes
+// out; the hooks' order; cancelling; a view that never asked for a printer.
+#include <afxdlgs.h>
+#include <afxprint_.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "dlg_driver.h"
+#include "print_testing.h"
+#include "msgbox_catcher.h"
+#include "temp_dir.h"
+
+namespace {
+
+const char kPort[] = "LPT1:";
+
+// Where Wine's spooler writes the jobs sent to the port (set up with the
+// test prefix), as a Windows path.
+std::string SpoolFile() {
+  char szUnix[MAX_PATH] = "";
+  DWORD cb = sizeof(szUnix);
+  if (::RegGetValueA(HKEY_CURRENT_USER, "Software\\Wine\\Printing\\Spooler", kPort, RRF_RT_REG_SZ,
+                     NULL, szUnix, &cb) != ERROR_SUCCESS)
+    return "";
+  // Wine's Z: drive is the Unix root.
+  std::string path = std::string("Z:") + szUnix;
+  for (char& ch : path)
+    if (ch == '/') ch = '\\';
+  return path;
+}
+
+// The pages of a PostScript file: the text after each "%%Page:" line.
+struct PostScript {
+  std::string text;
+  std::vector<std::string> pages;
+  explicit PostScript(const std::string& bytes) : text(bytes) {
+    size_t pos = text.find("\n%%Page: ");
+    while (pos != std::string::npos) {
+      size_t next = text.find("\n%%Page: ", pos + 1);
+      pages.push_back(
+          text.substr(pos + 1, next == std::string::npos ? std::string::npos : next - pos - 1));
+      pos = next;
+    }
+  }
+  bool Has(const std::string& s) const { return text.find(s) != std::string::npos; }
+};
+
+// The glyphs Wine's driver shows for a page's number digit.
+const char* const kDigitGlyph[] = {"/zero glyphshow", "/one glyphshow", "/two glyphshow",
+                                   "/three glyphshow"};
+
+// Prints "Page N" on each of its pages and logs the print hooks.
+class CPageView : public CView {
+public:
+  std::vector<std::string> m_log;
+  UINT m_nPages = 2;
+  BOOL m_bAskForPrinter = TRUE;
+  CRect m_rectDraw;
+
+  virtual void OnDraw(CDC*) {}
+  virtual BOOL OnPreparePrinting(CPrintInfo* pInfo) {
+    Log("prepare", pInfo->m_bDirect);
+    pInfo->SetMaxPage(m_nPages);
+    return m_bAskForPrinter ? DoPreparePrinting(pInfo) : TRUE;
+  }
+  virtual void OnBeginPrinting(CDC* pDC, CPrintInfo*) { Log("begin", pDC->IsPrinting()); }
+  virtual void OnPrepareDC(CDC* pDC, CPrintInfo* pInfo) {
+    CView::OnPrepareDC(pDC, pInfo);
+    if (pInfo != NULL) Log("dc", pInfo->m_nCurPage);
+  }
+  virtual void OnPrint(CDC* pDC, CPrintInfo* pInfo) {
+    Log("print", pInfo->m_nCurPage);
+    m_rectDraw = pInfo->m_rectDraw;
+    CFont font;
+    font.CreatePointFont(240, "Arial", pDC);
+    CFont* pOld = pDC->SelectObject(&font);
+    CString strText;
+    strText.Format("Page %u", pInfo->m_nCurPage);
+    pDC->TextOut(300, 300, strText);
+    pDC->SelectObject(pOld);
+  }
+  virtual void OnEndPrinting(CDC*, CPrintInfo*) { Log("end", 0); }
+
+private:
+  void Log(const char* what, UINT n) {
+    m_log.push_back(std::string(what) + " " + std::to_string(n));
+  }
+  DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CPageView, CView)
+ON_COMMAND(ID_FILE_PRINT, &CView::OnFilePrint)
+ON_COMMAND(ID_FILE_PRINT_DIRECT, &CView::OnFilePrint)
+END_MESSAGE_MAP()
+
+class CReportDoc : public CDocument {};
+
+class ViewPrinting : public ::testing::Test {
+protected:
+  void SetUp() override {
+    m_strSpool = SpoolFile();
+    ASSERT_FALSE(m_strSpool.empty()) << "the test prefix has no printer output file";
+    ::DeleteFileA(m_strSpool.c_str());
+    m_doc.SetTitle("Quarterly Report");
+    m_pFrame = new CFrameWnd;
+    ASSERT_TRUE(m_pFrame->Create(NULL, "Report Frame"));
+    CCreateContext context;
+    context.m_pCurrentDoc = &m_doc;
+    m_pView = new CPageView;
+    ASSERT_TRUE(m_pView->Create(NULL, NULL, WS_CHILD | WS_VISIBLE, CRect(0, 0, 200, 100), m_pFrame,
+                                AFX_IDW_PANE_FIRST, &context));
+  }
+  void TearDown() override {
+    if (m_pFrame != NULL && m_pFrame->m_hWnd != NULL) m_pFrame->DestroyWindow();
+  }
+  std::string SpoolBytes() const { return TempDir::ReadBytes(m_strSpool); }
+  void Print(UINT nID) { m_pView->SendMessage(WM_COMMAND, nID); }
+
+  CWinApp m_app{"PrintViewTest"};
+  CReportDoc m_doc;
+  CFrameWnd* m_pFrame = NULL;
+  CPageView* m_pView = NULL;
+  std::string m_strSpool;
+};
+
+TEST_F(ViewPrinting, DirectPrintsTwoPagesOnThePrinter) {
+  Print(ID_FILE_PRINT_DIRECT);
+  std::vector<std::string> expected = {"prepare 1", "begin 1", "dc 1",    "dc 1", "print 1",
+                                       "dc 2",      "dc 2",    "print 2", "end 0"};
+  EXPECT_EQ(expected, m_pView->m_log);
+  // The whole letter page at 300 dpi less the printer's margins, in the
+  // view's (text) units.
+  EXPECT_EQ(CRect(0, 0, 2400, 3150), m_pView->m_rectDraw);
+
+  PostScript ps(SpoolBytes());
+  ASSERT_EQ(2u, ps.pages.size()) << ps.text;
+  EXPECT_TRUE(ps.Has("%%Title: Quarterly Report"));
+  EXPECT_TRUE(ps.Has("\n%%Pages: 2"));
+  EXPECT_EQ(0u, ps.pages[0].find("%%Page: 1 1"));
+  EXPECT_EQ(0u, ps.pages[1].find("%%Page: 2 2"));
+  // Each page shows its own number, and only that.
+  for (int i = 0; i < 2; i++) {
+    EXPECT_NE(std::string::npos, ps.pages[i].find("/P glyphshow")) << i;
+    EXPECT_NE(std::string::npos, ps.pages[i].find(kDigitGlyph[i + 1])) << i;
+    EXPECT_EQ(std::string::npos, ps.pages[i].find(kDigitGlyph[2 - i])) << i;
+  }
+  // The application remembers the printer the job used.
+  EXPECT_TRUE(m_app.m_hDevNames != NULL);
+}
+
+TEST_F(ViewPrinting, PageRangeChosenInTheDialog) {
+  m_pView->m_nPages = 3;
+  DialogDriver driver;
+  driver.Then([](HWND hDlg) {
+    ::CheckRadioButton(hDlg, rad1, rad3, rad3);
+    ::SetDlgItemTextA(hDlg, edt1, "2");
+    ::SetDlgItemTextA(hDlg, edt2, "2");
+    DialogDriver::Press(hDlg, IDOK);
+  });
+  Print(ID_FILE_PRINT);
+  std::vector<std::string> expected = {"prepare 0", "begin 1", "dc 2", "dc 2", "print 2", "end 0"};
+  EXPECT_EQ(expected, m_pView->m_log);
+  PostScript ps(SpoolBytes());
+  ASSERT_EQ(1u, ps.pages.size()) << ps.text;
+  EXPECT_TRUE(ps.Has("\n%%Pages: 1"));
+  EXPECT_NE(std::string::npos, ps.pages[0].find(kDigitGlyph[2]));
+  EXPECT_EQ(std::string::npos, ps.pages[0].find(kDigitGlyph[1]));
+}
+
+TEST_F(ViewPrinting, PrintToFileAsksForTheFile) {
+  TempDir dir;
+  const std::string out = dir.File("report.prn");
+  CString strCaption, strDefault;
+  strCaption.LoadString(AFX_IDS_PRINTCAPTION);
+  strDefault.LoadString(AFX_IDS_PRINTDEFAULT);
+  std::string nameOffered;
+  DialogDriver driver;
+  driver.Then([](HWND hDlg) {
+    ::CheckDlgButton(hDlg, chx1, BST_CHECKED); // "Print to file"
+    DialogDriver::Press(hDlg, IDOK);
+  });
+  driver.Then([&](HWND hDlg) {
+    HWND hName = ::GetDlgItem(hDlg, cmb13);
+    if (hName == NULL) hName = ::GetDlgItem(hDlg, edt1);
+    nameOffered = DialogDriver::Text(hName);
+    ::SetWindowTextA(hName, out.c_str());
+    DialogDriver::Press(hDlg, IDOK);
+  });
+  Print(ID_FILE_PRINT);
+  ASSERT_EQ(2u, driver.Captions().size());
+  EXPECT_EQ(std::string(strCaption), driver.Captions()[1]);
+  EXPECT_EQ(std::string(strDefault), nameOffered);
+  PostScript ps(TempDir::ReadBytes(out));
+  EXPECT_EQ(2u, ps.pages.size());
+  EXPECT_TRUE(ps.Has("%%Title: Quarterly Report"));
+  // Nothing went to the printer's port.
+  EXPECT_EQ(INVALID_FILE_ATTRIBUTES, ::GetFileAttributesA(m_strSpool.c_str()));
+}
+
+TEST_F(ViewPrinting, CancelledDialogsPrintNothing) {
+  DialogDriver driver;
+  driver.Then([](HWND hDlg) { DialogDriver::Press(hDlg, IDCANCEL); });
+  Print(ID_FILE_PRINT);
+  std::vector<std::string> expected = {"prepare 0"};
+  EXPECT_EQ(expected, m_pView->m_log);
+  // Print to file, then the file dialog cancelled.
+  m_pView->m_log.clear();
+  driver.Then([](HWND hDlg) {
+    ::CheckDlgButton(hDlg, chx1, BST_CHECKED);
+    DialogDriver::Press(hDlg, IDOK);
+  });
+  driver.Then([](HWND hDlg) { DialogDriver::Press(hDlg, IDCANCEL); });
+  Print(ID_FILE_PRINT);
+  EXPECT_EQ(3u, driver.Captions().size());
+  EXPECT_EQ(expected, m_pView->m_log);
+  EXPECT_EQ(INVALID_FILE_ATTRIBUTES, ::GetFileAttributesA(m_strSpool.c_str()));
+}
+
+TEST_F(ViewPrinting, ViewThatNeverAskedForAPrinter) {
+  m_pView->m_bAskForPrinter = FALSE;
+  MsgBoxCatcher catcher;
+  Print(ID_FILE_PRINT_DIRECT);
+  ASSERT_EQ(1u, catcher.Count());
+  CString strFailed;
+  strFailed.LoadString(AFX_IDP_FAILED_TO_START_PRINT);
+  EXPECT_EQ(std::string(strFailed), catcher.Last().text);
+  std::vector<std::string> expected = {"prepare 1"};
+  EXPECT_EQ(expected, m_pView->m_log);
+  EXPECT_EQ(INVALID_FILE_ATTRIBUTES, ::GetFileAttributesA(m_strSpool.c_str()));
+}
+
+} // namespace
