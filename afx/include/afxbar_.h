@@ -159,7 +159,8 @@ public:
   // style with WS_VISIBLE as the layout should see it.
   virtual DWORD RecalcDelayShow(AFX_SIZEPARENTPARAMS* lpLayout);
 
-  // The client rectangle less the bar's borders.
+  // rect (the bar's window rectangle) less the bar's margins: its client
+  // area, where its items go.
   virtual void CalcInsideRect(CRect& rect, BOOL bHorz) const;
   virtual void OnBarStyleChange(DWORD dwOldStyle, DWORD dwNewStyle);
 
@@ -167,14 +168,14 @@ public:
 
   int m_cxLeftBorder, m_cxRightBorder;
   int m_cyTopBorder, m_cyBottomBorder;
-  int m_cxDefaultGap; // between panes or buttons
-  UINT m_nMRUWidth;
+  int m_cxDefaultGap; // between items, for bars of the application's own
+  UINT m_nMRUWidth;   // MFC's floating width: kept, bars never float here
 
-  int m_nCount;        // panes or buttons
-  void* m_pData;       // the derived class's per-item data
-  DWORD m_dwStyle;     // CBRS_* bits
-  DWORD m_dwDockStyle; // edges allowed by EnableDocking
-  class CFrameWnd* m_pDockSite;
+  int m_nCount;                 // panes or buttons
+  void* m_pData;                // the derived class's per-item data
+  DWORD m_dwStyle;              // CBRS_* bits
+  DWORD m_dwDockStyle;          // edges allowed by EnableDocking
+  class CFrameWnd* m_pDockSite; // the frame the bar was created in, or NULL
 
 protected:
   enum { delayHide = 1, delayShow = 2 };

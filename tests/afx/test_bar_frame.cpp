@@ -45,6 +45,8 @@ TEST(BarFrame, RecalcLayoutLeavesTheViewBetweenTheBars) {
   ASSERT_TRUE(view.CreateEx(WS_EX_CLIENTEDGE, NULL, NULL, WS_CHILD | WS_VISIBLE,
                             CRect(0, 0, 10, 10), pFrame, AFX_IDW_PANE_FIRST));
   pFrame->RecalcLayout();
+  EXPECT_EQ(pFrame, toolBar.GetDockingFrame());
+  EXPECT_EQ(pFrame, statusBar.m_pDockSite);
 
   CRect rectClient;
   pFrame->GetClientRect(&rectClient);

@@ -61,6 +61,9 @@ BOOL CControlBar::PreCreateWindow(CREATESTRUCT& cs) {
   if (!CWnd::PreCreateWindow(cs)) return FALSE;
   // Bars overlap their siblings while the layout moves them.
   cs.style |= WS_CLIPSIBLINGS;
+  CWnd* pParent = CWnd::FromHandlePermanent(cs.hwndParent);
+  m_pDockSite =
+      pParent != NULL && pParent->IsKindOf(RUNTIME_CLASS(CFrameWnd)) ? (CFrameWnd*)pParent : NULL;
   return TRUE;
 }
 
@@ -204,22 +207,11 @@ LRESULT CControlBar::OnSizeParent(WPARAM, LPARAM lParam) {
 
 // ---- Idle update ---------------------------------------------------------------------
 
-// A frame window, known by its class chain's names so that bars do not
-// depend on the frame classes' code.
-static BOOL IsFrame(const CWnd* pWnd) {
-  for (CRuntimeClass* pClass = pWnd->GetRuntimeClass(); pClass != NULL;
-       pClass = pClass->m_pfnGetBaseClass != NULL ? (*pClass->m_pfnGetBaseClass)() : NULL) {
-    if (lstrcmpA(pClass->m_lpszClassName, "CFrameWnd") == 0) return TRUE;
-    if (pClass == RUNTIME_CLASS(CWnd)) break;
-  }
-  return FALSE;
-}
-
 // Decided here: a bar in a window that is no frame (a dialog, a plain
 // parent) is updated through its owner rather than not at all.
 CCmdTarget* CControlBar::GetUpdateTarget() const {
   CWnd* pOwner = GetOwner();
-  if (pOwner != NULL && IsFrame(pOwner)) return pOwner;
+  if (pOwner != NULL && pOwner->IsKindOf(RUNTIME_CLASS(CFrameWnd))) return pOwner;
   CFrameWnd* pFrame = GetParentFrame();
   if (pFrame != NULL) return pFrame;
   return pOwner;
