@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -265,4 +266,15 @@ TEST_F(OleClipboardTest, DataOutlivesTheProcessThatPutIt) {
   EXPECT_EQ("left by AfxOleTerm", Win32ClipboardBytes(CF_TEXT, true));
   EXPECT_EQ(0u, RunChildAndPump("put-exit"));
   EXPECT_EQ("left at thread end", Win32ClipboardBytes(CF_TEXT, true));
+}
+
+TEST_F(OleClipboardTest, AWorkerThreadsDataStaysWhenItEnds) {
+  bool bDeleted = false;
+  std::thread worker([&bDeleted] {
+    if (!AfxOleInit()) return;
+    MakeSource(&bDeleted, "from a worker")->SetClipboard();
+  }); // no AfxOleTerm: the thread's end takes OLE down
+  worker.join();
+  EXPECT_TRUE(bDeleted);
+  EXPECT_EQ("from a worker", Win32ClipboardBytes(CF_TEXT, true));
 }

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <thread>
+#include <vector>
 
 namespace {
 
@@ -208,6 +210,63 @@ TEST(OleDataCache, StreamMediaAreReadIntoABlock) {
   EXPECT_EQ((CFile*)NULL, data.GetFileData(CF_TEXT));
 }
 
+// A stream that claims to be huge but holds five bytes.
+class CLyingStream : public IStream {
+public:
+  STDMETHOD(QueryInterface)(REFIID, void** ppv) {
+    *ppv = NULL;
+    return E_NOINTERFACE;
+  }
+  STDMETHOD_(ULONG, AddRef)() { return ++m_nRef; }
+  STDMETHOD_(ULONG, Release)() { return --m_nRef; }
+  STDMETHOD(Read)(void* pv, ULONG cb, ULONG* pcbRead) {
+    const ULONG n = cb < 5 - m_nPos ? cb : 5 - m_nPos;
+    memcpy(pv, "liars" + m_nPos, n);
+    m_nPos += n;
+    *pcbRead = n;
+    return S_OK;
+  }
+  STDMETHOD(Write)(const void*, ULONG, ULONG*) { return E_NOTIMPL; }
+  STDMETHOD(Seek)(LARGE_INTEGER, DWORD, ULARGE_INTEGER*) {
+    m_nPos = 0;
+    return S_OK;
+  }
+  STDMETHOD(SetSize)(ULARGE_INTEGER) { return E_NOTIMPL; }
+  STDMETHOD(CopyTo)(IStream*, ULARGE_INTEGER, ULARGE_INTEGER*, ULARGE_INTEGER*) {
+    return E_NOTIMPL;
+  }
+  STDMETHOD(Commit)(DWORD) { return E_NOTIMPL; }
+  STDMETHOD(Revert)() { return E_NOTIMPL; }
+  STDMETHOD(LockRegion)(ULARGE_INTEGER, ULARGE_INTEGER, DWORD) { return E_NOTIMPL; }
+  STDMETHOD(UnlockRegion)(ULARGE_INTEGER, ULARGE_INTEGER, DWORD) { return E_NOTIMPL; }
+  STDMETHOD(Stat)(STATSTG* pstatstg, DWORD) {
+    memset(pstatstg, 0, sizeof(*pstatstg));
+    pstatstg->cbSize.QuadPart = 0xFFFFFFFFFFULL;
+    return S_OK;
+  }
+  STDMETHOD(Clone)(IStream**) { return E_NOTIMPL; }
+
+  ULONG m_nRef = 1;
+  ULONG m_nPos = 0;
+};
+
+TEST(OleDataCache, AStreamsClaimedSizeIsNotTrusted) {
+  CLyingStream stream;
+  STGMEDIUM medium = {};
+  medium.tymed = TYMED_ISTREAM;
+  medium.pstm = &stream;
+  {
+    COleDataSource source;
+    source.CacheData(TestFormat(), &medium);
+    COleDataObject data;
+    data.Attach((LPDATAOBJECT)source.GetInterface(&IID_IDataObject), FALSE);
+    HGLOBAL h = data.GetGlobalData(TestFormat());
+    EXPECT_EQ("liars", BlockBytes(h));
+    GlobalFree(h);
+  }
+  EXPECT_EQ(0u, stream.m_nRef); // the source released what it was given
+}
+
 TEST(OleDataCache, GetDataHereFillsTheCallersBlock) {
   COleDataSource source;
   source.CacheGlobalData(TestFormat(), MakeBlock("12345"));
@@ -317,21 +376,6 @@ TEST(OleDataRefs, TheLastReleaseDeletesTheSource) {
   EXPECT_TRUE(bDeleted);
 }
 
-TEST(OleDataRefs, DetachKeepsTheReference) {
-  bool bDeleted = false;
-  CTestSource* pSource = new CTestSource(&bDeleted);
-  pSource->InternalAddRef();
-  COleDataObject data;
-  data.Attach((LPDATAOBJECT)pSource->GetInterface(&IID_IDataObject), TRUE);
-  LPDATAOBJECT p = data.Detach();
-  data.Release();
-  EXPECT_FALSE(bDeleted);
-  p->Release();
-  EXPECT_FALSE(bDeleted);
-  pSource->InternalRelease();
-  EXPECT_TRUE(bDeleted);
-}
-
 TEST(OleDataRefs, AnEnumeratorOutlivesChangesToTheCache) {
   COleDataSource source;
   source.CacheGlobalData(CF_TEXT, MakeBlock("a"));
@@ -350,6 +394,17 @@ TEST(OleDataRefs, AnEnumeratorOutlivesChangesToTheCache) {
   EXPECT_EQ(S_OK, pClone->Next(1, fmts, NULL));
   pClone->Release();
   pEnum->Release();
+}
+
+TEST(OleDataRefs, InitFailsOnAMultithreadedApartment) {
+  BOOL bInit = TRUE;
+  std::thread worker([&bInit] {
+    CoInitializeEx(NULL, COINIT_MULTITHREADED);
+    bInit = AfxOleInit();
+    CoUninitialize();
+  });
+  worker.join();
+  EXPECT_FALSE(bInit);
 }
 
 TEST(OleDataRefs, AnEmptyDataObjectHasNothing) {

@@ -93,38 +93,6 @@ TEST(OleDateTimeParts, OtherSources) {
   VariantClear(&var);
 }
 
-TEST(OleDateTimeParts, TimeValuesAreLocalTime) {
-  const __time64_t t = 1709214310; // 2024-02-29 13:45:10 UTC
-  struct tm local;
-  ASSERT_EQ(0, _localtime64_s(&local, &t));
-  COleDateTime dt(t);
-  ExpectParts(dt, local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour,
-              local.tm_min, local.tm_sec);
-  EXPECT_EQ(COleDateTime::invalid, COleDateTime((__time64_t)-1).GetStatus());
-
-  // A file time is UTC too: the same instant gives the same local parts.
-  ULARGE_INTEGER u;
-  u.QuadPart = ((ULONGLONG)t + 11644473600ULL) * 10000000ULL;
-  FILETIME ft;
-  ft.dwLowDateTime = u.LowPart;
-  ft.dwHighDateTime = u.HighPart;
-  EXPECT_DOUBLE_EQ(dt.m_dt, COleDateTime(ft).m_dt);
-}
-
-TEST(OleDateTimeParts, CurrentTimeIsNow) {
-  SYSTEMTIME before;
-  GetLocalTime(&before);
-  COleDateTime now = COleDateTime::GetCurrentTime();
-  SYSTEMTIME after;
-  GetLocalTime(&after);
-  COleDateTime lo(before.wYear, before.wMonth, before.wDay, before.wHour, before.wMinute,
-                  before.wSecond);
-  COleDateTime hi(after.wYear, after.wMonth, after.wDay, after.wHour, after.wMinute, after.wSecond);
-  EXPECT_EQ(COleDateTime::valid, now.GetStatus());
-  EXPECT_LE(lo.m_dt, now.m_dt);
-  EXPECT_GE(hi.m_dt, now.m_dt);
-}
-
 // ---- Setting, range and status ---------------------------------------------------------
 
 TEST(OleDateTimeSet, RangeIsYear100To9999) {

@@ -14,8 +14,9 @@ void AfxOleFillFormatEtc(FORMATETC& formatEtc, CLIPFORMAT cfFormat, const FORMAT
 // hSrc is NULL, cannot be locked, or memory runs out.
 HGLOBAL AfxOleCopyGlobal(HGLOBAL hSrc);
 
-// The whole contents of a stream (from its start) in a new movable block;
-// NULL when the stream cannot be read or is larger than nMaxBytes.
+// The whole contents of a stream (from its start) in a new movable block of
+// exactly that size (1 byte for an empty stream); NULL when the stream cannot
+// be read or holds more than nMaxBytes.
 HGLOBAL AfxOleGlobalFromStream(IStream* pStream, ULONGLONG nMaxBytes);
 
 #endif // AFX_OLEIMPL_H
