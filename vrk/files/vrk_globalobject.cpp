@@ -20,13 +20,10 @@ UINT GrowBytes(const tagVMemAllocGrowth* pGrowth) {
 // A new zeroed movable block; NULL when it cannot be made.
 HGLOBAL NewBlock(SIZE_T nBytes) { return GlobalAlloc(kNewBlockFlags, nBytes); }
 
-} // namespace
-
-void* VrkCreateGlobalFromCObject(CObject* pObject, tagVMemAllocGrowth* pGrowth) {
-  const UINT nGrow = GrowBytes(pGrowth);
-  if (pObject == NULL || !pObject->IsSerializable()) return NULL;
-  CSharedFile file(GMEM_MOVEABLE, nGrow);
-  CArchive ar(&file, CArchive::store, (int)nGrow);
+// WriteObject through a storing archive with a buffer of nBufSize bytes. An
+// archive that fails is aborted: nothing more is flushed into the file.
+void StoreObject(CFile* pFile, CObject* pObject, UINT nBufSize) {
+  CArchive ar(pFile, CArchive::store, (int)nBufSize);
   try {
     ar.WriteObject(pObject);
     ar.Close();
@@ -34,6 +31,15 @@ void* VrkCreateGlobalFromCObject(CObject* pObject, tagVMemAllocGrowth* pGrowth) 
     ar.Abort();
     throw;
   }
+}
+
+} // namespace
+
+void* VrkCreateGlobalFromCObject(CObject* pObject, tagVMemAllocGrowth* pGrowth) {
+  const UINT nGrow = GrowBytes(pGrowth);
+  if (pObject == NULL || !pObject->IsSerializable()) return NULL;
+  CSharedFile file(GMEM_MOVEABLE, nGrow);
+  StoreObject(&file, pObject, nGrow);
   const SIZE_T nLength = (SIZE_T)file.GetLength();
   HGLOBAL hGlobal = file.Detach();
   // The block grows in whole steps: clear the unused tail so that no stale
@@ -156,16 +162,7 @@ void* VrkGlobalCopy(void* hGlobal) {
 CObject* VrkCloneObject(CObject* pObject) {
   if (pObject == NULL) return NULL;
   CMemFile file(1024);
-  {
-    CArchive ar(&file, CArchive::store, 4096);
-    try {
-      ar.WriteObject(pObject);
-      ar.Close();
-    } catch (CException*) {
-      ar.Abort();
-      throw;
-    }
-  }
+  StoreObject(&file, pObject, 4096);
   file.SeekToBegin();
   CArchive ar(&file, CArchive::load, 4096);
   CObject* pClone = ar.ReadObject(NULL);
