@@ -1588,6 +1588,25 @@ protected:
   friend class CFrameWnd;
 };
 
+// A view that is a control (a rich edit, a list...): the window is of the
+// control's class, which paints itself.
+class AFX_API CCtrlView : public CView {
+  DECLARE_DYNAMIC(CCtrlView)
+public:
+  CCtrlView(LPCTSTR lpszClass, DWORD dwStyle);
+  virtual ~CCtrlView();
+
+  CString m_strClass;     // the control's window class
+  DWORD m_dwDefaultStyle; // added to the style at creation
+
+  virtual BOOL PreCreateWindow(CREATESTRUCT& cs);
+  virtual void OnDraw(CDC* pDC);
+  afx_msg void OnPaint();
+
+protected:
+  DECLARE_MESSAGE_MAP()
+};
+
 // A document: the data behind views, read and written through CArchive
 // (Serialize), with its title, path, modified flag and views.
 class AFX_API CDocument : public CCmdTarget {
