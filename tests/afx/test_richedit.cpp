@@ -1,0 +1,483 @@
+// The rich edit document and view in a multiple-document application: a
+// read-only "Keyboard Map" document opened in an MDI child the way the
+// library opens its own (default character format, text, margins, title),
+// typed input refused and closing without a prompt; a writable document whose
+// modified flag is the control's; the text archived as plain text and as RTF
+// through CArchive, and archives that fail; a view printed on the test
+// printer, page by page.
+#include <afxext.h>
+#include <afxrich.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "frame_testing.h"
+#include "msgbox_catcher.h"
+#include "temp_dir.h"
+
+namespace {
+
+void Pump() {
+  MSG msg;
+  while (::PeekMessage(&msg, NULL, 0, 0, PM_REMOVE)) {
+    if (msg.message == WM_QUIT) continue;
+    if (!AfxGetApp()->PreTranslateMessage(&msg)) {
+      ::TranslateMessage(&msg);
+      ::DispatchMessage(&msg);
+    }
+  }
+}
+
+CString WindowText(CWnd* pWnd) {
+  CString str;
+  pWnd->GetWindowText(str);
+  return str;
+}
+
+const char kMapText[] = "Ctrl+N\tNew document\r\nCtrl+O\tOpen\r\nF1\tHelp";
+
+int g_nDocsDeleted = 0;
+
+class CKeysDoc;
+
+class CKeysItem : public CRichEditCntrItem {
+public:
+  CKeysItem(REOBJECT* preo, CKeysDoc* pDoc);
+};
+
+class CKeysDoc : public CRichEditDoc {
+  DECLARE_DYNCREATE(CKeysDoc)
+public:
+  virtual ~CKeysDoc() { g_nDocsDeleted++; }
+  virtual CRichEditCntrItem* CreateClientItem(REOBJECT* preo) const {
+    return new CKeysItem(preo, const_cast<CKeysDoc*>(this));
+  }
+};
+IMPLEMENT_DYNCREATE(CKeysDoc, CRichEditDoc)
+
+CKeysItem::CKeysItem(REOBJECT* preo, CKeysDoc* pDoc) : CRichEditCntrItem(preo, pDoc) {}
+
+// As the library's keyboard map sets itself up when s_bKeyboardMap is set;
+// otherwise a plain writable view. Prints what it holds.
+class CKeysView : public CRichEditView {
+  DECLARE_DYNCREATE(CKeysView)
+public:
+  static bool s_bKeyboardMap;
+
+  virtual void OnInitialUpdate() {
+    CRichEditView::OnInitialUpdate();
+    if (!s_bKeyboardMap) return;
+    CHARFORMAT cf;
+    memset(&cf, 0, sizeof(cf));
+    cf.cbSize = 60;
+    cf.dwMask = CFM_SIZE | CFM_FACE | CFM_UNDERLINE | CFM_BOLD;
+    cf.dwEffects = CFE_UNDERLINE;
+    cf.yHeight = 10;
+    strcpy(cf.szFaceName, "Courier");
+    SendMessage(EM_SETCHARFORMAT, SCF_DEFAULT, (LPARAM)&cf);
+    SendMessage(EM_REPLACESEL, FALSE, (LPARAM)kMapText);
+    SendMessage(EM_SETREADONLY, TRUE, 0);
+    SendMessage(EM_SETMODIFY, FALSE, 0);
+    SendMessage(EM_SETSEL, 0, 0);
+    GetDocument()->SetTitle("Keyboard Map");
+    SetMargins(CRect(720, 720, 720, 720));
+  }
+  virtual BOOL OnPreparePrinting(CPrintInfo* pInfo) { return DoPreparePrinting(pInfo); }
+
+  DECLARE_MESSAGE_MAP()
+};
+bool CKeysView::s_bKeyboardMap = false;
+IMPLEMENT_DYNCREATE(CKeysView, CRichEditView)
+BEGIN_MESSAGE_MAP(CKeysView, CRichEditView)
+ON_COMMAND(ID_FILE_PRINT_DIRECT, &CView::OnFilePrint)
+END_MESSAGE_MAP()
+
+class CRichApp : public CWinApp {
+public:
+  CRichApp() : CWinApp("Rich Test") {}
+};
+CRichApp theApp;
+
+// A file whose reads and writes fail as a full or broken disk's do.
+class CFailingFile : public CMemFile {
+public:
+  virtual UINT Read(void*, UINT) { AfxThrowFileException(CFileException::hardIO); }
+  virtual void Write(const void*, UINT) { AfxThrowFileException(CFileException::diskFull); }
+};
+
+// Where Wine's spooler writes what is sent to the test printer's port (set
+// up with the test prefix), as a Windows path.
+std::string SpoolFile() {
+  char szUnix[MAX_PATH] = "";
+  DWORD cb = sizeof(szUnix);
+  if (::RegGetValueA(HKEY_CURRENT_USER, "Software\\Wine\\Printing\\Spooler", "LPT1:", RRF_RT_REG_SZ,
+                     NULL, szUnix, &cb) != ERROR_SUCCESS)
+    return "";
+  std::string path = std::string("Z:") + szUnix; // Wine's Z: is the Unix root
+  for (char& ch : path)
+    if (ch == '/') ch = '\\';
+  return path;
+}
+
+size_t Count(const std::string& text, const std::string& what) {
+  size_t n = 0;
+  for (size_t pos = text.find(what); pos != std::string::npos; pos = text.find(what, pos + 1))
+    n++;
+  return n;
+}
+
+std::string FileBytes(CMemFile& file) {
+  std::string bytes((size_t)file.GetLength(), '\0');
+  file.SeekToBegin();
+  if (!bytes.empty()) file.Read(&bytes[0], (UINT)bytes.size());
+  return bytes;
+}
+
+class RichEditTest : public ::testing::Test {
+protected:
+  void SetUp() override {
+    m_pTemplate = new CMultiDocTemplate(IDR_RICHDOC, RUNTIME_CLASS(CKeysDoc),
+                                        RUNTIME_CLASS(CMDIChildWnd), RUNTIME_CLASS(CKeysView));
+    theApp.AddDocTemplate(m_pTemplate);
+    m_pMainFrame = new CMDIFrameWnd;
+    ASSERT_TRUE(m_pMainFrame->LoadFrame(IDR_MAINFRAME));
+    theApp.m_pMainWnd = m_pMainFrame;
+    m_pMainFrame->ShowWindow(SW_SHOW);
+    Pump();
+  }
+  void TearDown() override {
+    CKeysView::s_bKeyboardMap = false;
+    POSITION pos = m_pTemplate->GetFirstDocPosition();
+    while (pos != NULL)
+      m_pTemplate->GetNextDoc(pos)->SetModifiedFlag(FALSE);
+    if (theApp.m_pMainWnd != NULL) theApp.m_pMainWnd->DestroyWindow();
+    Pump();
+    delete theApp.m_pDocManager;
+    theApp.m_pDocManager = NULL;
+  }
+  CKeysDoc* Open(bool bKeyboardMap) {
+    CKeysView::s_bKeyboardMap = bKeyboardMap;
+    CKeysDoc* pDoc = (CKeysDoc*)m_pTemplate->OpenDocumentFile(NULL, TRUE);
+    Pump();
+    return pDoc;
+  }
+  static CKeysView* ViewOf(CDocument* pDoc) {
+    POSITION pos = pDoc->GetFirstViewPosition();
+    return (CKeysView*)pDoc->GetNextView(pos);
+  }
+  static CString Text(CRichEditView* pView) {
+    CString str;
+    pView->GetRichEditCtrl().GetTextRange(0, -1, str);
+    return str;
+  }
+  static void Type(CWnd* pWnd, const char* psz) {
+    for (; *psz != '\0'; psz++)
+      pWnd->SendMessage(WM_CHAR, (BYTE)*psz, 1);
+  }
+  CMultiDocTemplate* m_pTemplate = NULL;
+  CMDIFrameWnd* m_pMainFrame = NULL;
+};
+
+TEST_F(RichEditTest, KeyboardMapOpensReadOnlyInAChildFrame) {
+  CKeysDoc* pDoc = Open(true);
+  ASSERT_NE(nullptr, pDoc);
+  CKeysView* pView = ViewOf(pDoc);
+  ASSERT_NE(nullptr, pView);
+  EXPECT_TRUE(pView->IsKindOf(RUNTIME_CLASS(CCtrlView)));
+  EXPECT_EQ(pView, pDoc->GetView());
+  EXPECT_EQ(pDoc, pView->GetDocument());
+  char szClass[64] = "";
+  ::GetClassNameA(pView->m_hWnd, szClass, sizeof(szClass));
+  EXPECT_STREQ(RICHEDIT_CLASSA, szClass);
+
+  // The text, paragraphs ending in CR as the control keeps them.
+  CRichEditCtrl& ctrl = pView->GetRichEditCtrl();
+  EXPECT_STREQ("Ctrl+N\tNew document\rCtrl+O\tOpen\rF1\tHelp", Text(pView));
+  EXPECT_EQ(3, ctrl.GetLineCount());
+  EXPECT_EQ(39, pView->GetTextLength());
+  long nStart = -1, nEnd = -1;
+  ctrl.GetSel(nStart, nEnd);
+  EXPECT_EQ(0, nStart);
+  EXPECT_EQ(0, nEnd);
+
+  // Read-only: typing changes nothing and modifies nothing.
+  EXPECT_TRUE(pView->GetStyle() & ES_READONLY);
+  Type(pView, "xyz");
+  EXPECT_STREQ("Ctrl+N\tNew document\rCtrl+O\tOpen\rF1\tHelp", Text(pView));
+  EXPECT_FALSE(ctrl.GetModify());
+  EXPECT_FALSE(pDoc->IsModified());
+
+  // The default character format as set.
+  CHARFORMAT cf;
+  memset(&cf, 0, sizeof(cf));
+  cf.dwMask = CFM_SIZE | CFM_FACE | CFM_UNDERLINE | CFM_BOLD | CFM_ITALIC;
+  ctrl.GetDefaultCharFormat(cf);
+  EXPECT_EQ(sizeof(CHARFORMAT), cf.cbSize);
+  EXPECT_STREQ("Courier", cf.szFaceName);
+  EXPECT_EQ(10, cf.yHeight);
+  EXPECT_EQ((DWORD)CFE_UNDERLINE, cf.dwEffects & (CFE_UNDERLINE | CFE_BOLD | CFE_ITALIC));
+
+  // Titles and the print layout.
+  EXPECT_STREQ("Keyboard Map", pDoc->GetTitle());
+  CMDIChildWnd* pChild = (CMDIChildWnd*)pView->GetParentFrame();
+  EXPECT_EQ(pChild, m_pMainFrame->MDIGetActive());
+  EXPECT_STREQ("Keyboard Map", WindowText(pChild));
+  EXPECT_STREQ("Keyboard Map - Rich Test", WindowText(m_pMainFrame));
+  EXPECT_EQ(CRect(720, 720, 720, 720), pView->GetMargins());
+  EXPECT_EQ(CSize(12240, 15840), pView->GetPaperSize());
+  EXPECT_EQ(CRect(720, 720, 11520, 15120), pView->GetPrintRect());
+  EXPECT_EQ(10800, pView->GetPrintWidth());
+
+  // Closing asks nothing and deletes the document.
+  MsgBoxCatcher catcher;
+  int nDeleted = g_nDocsDeleted;
+  pChild->SendMessage(WM_CLOSE);
+  Pump();
+  EXPECT_EQ(0u, catcher.Count());
+  EXPECT_EQ(nDeleted + 1, g_nDocsDeleted);
+  EXPECT_EQ(0, theApp.GetOpenDocumentCount());
+}
+
+TEST_F(RichEditTest, ControlsModifyFlagIsTheDocuments) {
+  CKeysDoc* pDoc = Open(false);
+  ASSERT_NE(nullptr, pDoc);
+  CKeysView* pView = ViewOf(pDoc);
+  CRichEditCtrl& ctrl = pView->GetRichEditCtrl();
+  EXPECT_FALSE(pDoc->IsModified());
+  EXPECT_STREQ("Keys1", pDoc->GetTitle());
+
+  Type(pView, "abc");
+  EXPECT_STREQ("abc", Text(pView));
+  EXPECT_TRUE(ctrl.GetModify());
+  EXPECT_TRUE(pDoc->IsModified());
+  pDoc->SetModifiedFlag(FALSE);
+  EXPECT_FALSE(ctrl.GetModify());
+  EXPECT_FALSE(pDoc->IsModified());
+  pDoc->SetModifiedFlag(TRUE);
+  EXPECT_TRUE(ctrl.GetModify());
+
+  // DeleteContents empties the control and forgets the changes.
+  EXPECT_TRUE(ctrl.CanUndo());
+  pDoc->DeleteContents();
+  EXPECT_EQ(0, pView->GetTextLength());
+  EXPECT_FALSE(ctrl.GetModify());
+  EXPECT_FALSE(ctrl.CanUndo());
+  EXPECT_FALSE(pDoc->IsModified());
+
+  // Typed text makes closing ask; No closes without saving.
+  Type(pView, "draft");
+  MsgBoxCatcher catcher;
+  catcher.Answer(IDCANCEL);
+  CFrameWnd* pChild = pView->GetParentFrame();
+  pChild->SendMessage(WM_CLOSE);
+  ASSERT_EQ(1u, catcher.Count());
+  EXPECT_EQ("Save changes to Keys1?", catcher.Last().text);
+  EXPECT_EQ(1, theApp.GetOpenDocumentCount());
+  catcher.Answer(IDNO);
+  int nDeleted = g_nDocsDeleted;
+  pChild->SendMessage(WM_CLOSE);
+  Pump();
+  EXPECT_EQ(2u, catcher.Count());
+  EXPECT_EQ(nDeleted + 1, g_nDocsDeleted);
+}
+
+TEST_F(RichEditTest, SerializeWritesAndReadsPlainTextAndRtf) {
+  CKeysDoc* pMap = Open(true);
+  CKeysDoc* pCopy = Open(false);
+  ASSERT_NE(nullptr, pMap);
+  ASSERT_NE(nullptr, pCopy);
+  CKeysView* pCopyView = ViewOf(pCopy);
+
+  // Plain text: the archive holds the text and nothing else.
+  pMap->m_bRTF = FALSE;
+  pCopy->m_bRTF = FALSE;
+  EXPECT_EQ(SF_TEXT, pMap->GetStreamFormat());
+  CMemFile plain;
+  {
+    CArchive ar(&plain, CArchive::store);
+    pMap->Serialize(ar);
+    ar.Close();
+  }
+  EXPECT_EQ(std::string(kMapText), FileBytes(plain));
+  plain.SeekToBegin();
+  {
+    CArchive ar(&plain, CArchive::load);
+    pCopy->Serialize(ar);
+  }
+  EXPECT_STREQ("Ctrl+N\tNew document\rCtrl+O\tOpen\rF1\tHelp", Text(pCopyView));
+
+  // RTF: the text and its format.
+  pMap->m_bRTF = TRUE;
+  pCopy->m_bRTF = TRUE;
+  EXPECT_EQ(SF_RTF, pMap->GetStreamFormat());
+  CMemFile rtf;
+  {
+    CArchive ar(&rtf, CArchive::store);
+    pMap->Serialize(ar);
+    ar.Close();
+  }
+  std::string bytes = FileBytes(rtf);
+  EXPECT_EQ(0u, bytes.find("{\\rtf1")) << bytes;
+  EXPECT_NE(std::string::npos, bytes.find("Courier")) << bytes;
+  EXPECT_NE(std::string::npos, bytes.find("New document")) << bytes;
+  pCopy->DeleteContents();
+  rtf.SeekToBegin();
+  {
+    CArchive ar(&rtf, CArchive::load);
+    pCopy->Serialize(ar);
+  }
+  EXPECT_STREQ("Ctrl+N\tNew document\rCtrl+O\tOpen\rF1\tHelp", Text(pCopyView));
+  CHARFORMAT cf;
+  memset(&cf, 0, sizeof(cf));
+  pCopyView->GetRichEditCtrl().SetSel(8, 8);
+  pCopyView->GetRichEditCtrl().GetSelectionCharFormat(cf);
+  EXPECT_STREQ("Courier", cf.szFaceName);
+  EXPECT_TRUE(cf.dwEffects & CFE_UNDERLINE);
+}
+
+TEST_F(RichEditTest, BadOrFailingArchives) {
+  CKeysDoc* pDoc = Open(false);
+  ASSERT_NE(nullptr, pDoc);
+  CKeysView* pView = ViewOf(pDoc);
+
+  // RTF cut short or not RTF at all: no crash, the text that was there.
+  const char* const inputs[] = {"{\\rtf1\\ansi{\\fonttbl{\\f0 Courier;}}\\f0 half {\\b bold",
+                                "{\\rtf1{{{{{{{{{{{{{{{{{{{{{{{{{{{{{{{{", "{\\rtf", "plain words"};
+  for (const char* psz : inputs) {
+    CMemFile file;
+    file.Write(psz, (UINT)strlen(psz));
+    file.SeekToBegin();
+    pDoc->DeleteContents();
+    CArchive ar(&file, CArchive::load);
+    pDoc->Serialize(ar);
+    EXPECT_LE(0, pView->GetTextLength()) << psz;
+  }
+
+  // A file that fails: its exception comes out of Serialize, loading and
+  // storing (text longer than the archive's buffer reaches the file).
+  CFailingFile broken;
+  {
+    CArchive ar(&broken, CArchive::load);
+    int nCause = -1;
+    try {
+      pDoc->Serialize(ar);
+    } catch (CFileException* e) {
+      nCause = e->m_cause;
+      e->Delete();
+    }
+    EXPECT_EQ(CFileException::hardIO, nCause);
+    ar.Abort();
+  }
+  std::string big(20000, 'k');
+  pView->GetRichEditCtrl().SetWindowText(big.c_str());
+  pDoc->m_bRTF = FALSE;
+  {
+    CArchive ar(&broken, CArchive::store);
+    int nCause = -1;
+    try {
+      pDoc->Serialize(ar);
+    } catch (CFileException* e) {
+      nCause = e->m_cause;
+      e->Delete();
+    }
+    EXPECT_EQ(CFileException::diskFull, nCause);
+    ar.Abort();
+  }
+  // Nothing of the text was lost on the way.
+  EXPECT_EQ(20000, pView->GetTextLength());
+}
+
+TEST_F(RichEditTest, ControlMembersOnTheSystemsControl) {
+  CRichEditCtrl ctrl;
+  ASSERT_TRUE(ctrl.Create(WS_CHILD | ES_MULTILINE, CRect(0, 0, 300, 200), m_pMainFrame, 100));
+  ctrl.ReplaceSel("first line\r\nsecond", TRUE);
+  EXPECT_EQ(2, ctrl.GetLineCount());
+  EXPECT_EQ(11, ctrl.LineIndex(1));
+  EXPECT_EQ(1, ctrl.LineFromChar(13));
+  ctrl.SetSel(6, 10);
+  EXPECT_STREQ("line", ctrl.GetSelText());
+  CHARRANGE cr = {0, 0};
+  ctrl.GetSel(cr);
+  EXPECT_EQ(6, cr.cpMin);
+  EXPECT_EQ(10, cr.cpMax);
+  // Undoable when asked.
+  EXPECT_TRUE(ctrl.CanUndo());
+  EXPECT_TRUE(ctrl.Undo());
+  EXPECT_EQ(0, ctrl.GetTextLengthEx());
+
+  ctrl.ReplaceSel("centred");
+  EXPECT_FALSE(ctrl.CanUndo());
+  PARAFORMAT pf;
+  memset(&pf, 0, sizeof(pf));
+  pf.dwMask = PFM_ALIGNMENT;
+  pf.wAlignment = PFA_CENTER;
+  EXPECT_TRUE(ctrl.SetParaFormat(pf));
+  memset(&pf, 0, sizeof(pf));
+  ctrl.GetParaFormat(pf);
+  EXPECT_EQ(PFA_CENTER, pf.wAlignment);
+
+  ctrl.LimitText(10);
+  EXPECT_EQ(10, ctrl.GetLimitText());
+  ctrl.SetSel(-1, -1);
+  ctrl.ReplaceSel(" and more");
+  EXPECT_EQ(10, ctrl.GetTextLengthEx());
+  CString str;
+  EXPECT_EQ(3, ctrl.GetTextRange(7, 99, str));
+  EXPECT_STREQ(" an", str);
+  EXPECT_EQ(0, ctrl.GetTextRange(5, 2, str));
+  EXPECT_STREQ("", str);
+
+  EXPECT_TRUE(ctrl.SetReadOnly());
+  EXPECT_TRUE(ctrl.GetStyle() & ES_READONLY);
+  ctrl.DestroyWindow();
+}
+
+// The text printed page after page within the margins, as many pages as it
+// takes and no blank one after.
+TEST_F(RichEditTest, PrintsPageByPageOnThePrinter) {
+  std::string spool = SpoolFile();
+  ASSERT_FALSE(spool.empty()) << "the test prefix has no printer output file";
+  CKeysDoc* pDoc = Open(false);
+  ASSERT_NE(nullptr, pDoc);
+  pDoc->SetTitle("Key Listing");
+  CKeysView* pView = ViewOf(pDoc);
+  CRichEditCtrl& ctrl = pView->GetRichEditCtrl();
+  CHARFORMAT cf;
+  memset(&cf, 0, sizeof(cf));
+  cf.dwMask = CFM_SIZE | CFM_FACE;
+  cf.yHeight = 240; // 12 points: 45 to 60 lines on a page
+  strcpy(cf.szFaceName, "Courier New");
+  ctrl.SetDefaultCharFormat(cf);
+  pView->SetMargins(CRect(720, 720, 720, 720));
+
+  const struct {
+    int nLines;
+    size_t nPages;
+  } cases[] = {{10, 1}, {90, 2}};
+  for (const auto& c : cases) {
+    CString strText;
+    for (int i = 1; i <= c.nLines; i++) {
+      CString strLine;
+      strLine.Format("Line %d\r\n", i);
+      strText += strLine;
+    }
+    ctrl.SetWindowText(strText);
+    ::DeleteFileA(spool.c_str());
+    pView->SendMessage(WM_COMMAND, ID_FILE_PRINT_DIRECT);
+    std::string ps = TempDir::ReadBytes(spool);
+    EXPECT_NE(std::string::npos, ps.find("%%Title: Key Listing")) << c.nLines;
+    EXPECT_NE(std::string::npos, ps.find("\n%%Pages: " + std::to_string(c.nPages))) << c.nLines;
+    EXPECT_EQ(c.nPages, Count(ps, "\n%%Page: ")) << c.nLines;
+    // Every page has text on it.
+    size_t pos = ps.find("\n%%Page: ");
+    while (pos != std::string::npos) {
+      size_t next = ps.find("\n%%Page: ", pos + 1);
+      EXPECT_NE(std::string::npos, ps.substr(pos, next - pos).find("glyphshow")) << c.nLines;
+      pos = next;
+    }
+    // Printing leaves the text as it was (a line break counts one).
+    EXPECT_EQ(strText.GetLength() - c.nLines, pView->GetTextLength());
+  }
+}
+
+} // namespace
