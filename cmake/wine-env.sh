@@ -59,6 +59,13 @@ wine_prefix_make() {
     flock 9
     wine_prefix_ready && exit 0
     if [ ! -f "$WINEPREFIX/.vrk-ready" ]; then
+      # wine32 needs a machine that runs 32-bit x86 programs: say so plainly
+      # rather than fail later in wineboot.
+      if ! wine --version >/dev/null 2>&1; then
+        echo "wine: wine does not start here: $(wine --version 2>&1 | tail -n 1)" >&2
+        echo "wine: the tests need wine32, so the machine must run 32-bit x86 programs" >&2
+        exit 1
+      fi
       echo "wine: creating prefix $WINEPREFIX" >&2
       rm -rf "$WINEPREFIX"
       wineboot -i >/dev/null 2>&1 || true
