@@ -11,6 +11,7 @@
 
 #include <string>
 
+#include "exception_probe.h"
 #include "frame_testing.h"
 #include "msgbox_catcher.h"
 #include "temp_dir.h"
@@ -358,14 +359,7 @@ TEST_F(RichEditTest, BadOrFailingArchives) {
   CFailingFile broken;
   {
     CArchive ar(&broken, CArchive::load);
-    int nCause = -1;
-    try {
-      pDoc->Serialize(ar);
-    } catch (CFileException* e) {
-      nCause = e->m_cause;
-      e->Delete();
-    }
-    EXPECT_EQ(CFileException::hardIO, nCause);
+    EXPECT_EQ(CFileException::hardIO, FileCause([&] { pDoc->Serialize(ar); }));
     ar.Abort();
   }
   std::string big(20000, 'k');
@@ -373,14 +367,7 @@ TEST_F(RichEditTest, BadOrFailingArchives) {
   pDoc->m_bRTF = FALSE;
   {
     CArchive ar(&broken, CArchive::store);
-    int nCause = -1;
-    try {
-      pDoc->Serialize(ar);
-    } catch (CFileException* e) {
-      nCause = e->m_cause;
-      e->Delete();
-    }
-    EXPECT_EQ(CFileException::diskFull, nCause);
+    EXPECT_EQ(CFileException::diskFull, FileCause([&] { pDoc->Serialize(ar); }));
     ar.Abort();
   }
   // Nothing of the text was lost on the way.
