@@ -1,5 +1,6 @@
-// Ids shared by the frame, document and MDI tests and their resources (only
-// #defines: the resource compiler reads this file too).
+// Ids shared by the frame, document, MDI and rich edit tests and their
+// resources, and a helper of those tests. The resource compiler reads this
+// file too: it sees only the #defines.
 #ifndef VRK_TESTS_FRAME_TESTING_H
 #define VRK_TESTS_FRAME_TESTING_H
 
@@ -13,5 +14,16 @@
 #define ID_REFRESH 0x8201
 #define ID_ORPHAN 0x8202
 #define ID_GREYED 0x8203
+
+#ifndef RC_INVOKED
+#include <afxwin.h>
+
+// A window's text, as the user sees it.
+inline CString WindowText(CWnd* pWnd) {
+  CString str;
+  pWnd->GetWindowText(str);
+  return str;
+}
+#endif
 
 #endif

@@ -23,12 +23,6 @@ void Pump() {
   }
 }
 
-CString WindowText(CWnd* pWnd) {
-  CString str;
-  pWnd->GetWindowText(str);
-  return str;
-}
-
 int g_nDocsDeleted = 0;
 
 // The document: one string, archived in CArchive's CString form.

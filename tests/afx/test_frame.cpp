@@ -24,12 +24,6 @@ void Pump() {
   }
 }
 
-CString WindowText(CWnd* pWnd) {
-  CString str;
-  pWnd->GetWindowText(str);
-  return str;
-}
-
 int g_nFramesDeleted = 0;
 
 class CTestFrame : public CFrameWnd {

@@ -20,12 +20,6 @@ void Pump() {
   }
 }
 
-CString WindowText(CWnd* pWnd) {
-  CString str;
-  pWnd->GetWindowText(str);
-  return str;
-}
-
 int g_nSheetsDeleted = 0;
 
 class CSheetDoc : public CDocument {

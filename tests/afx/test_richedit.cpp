@@ -29,12 +29,6 @@ void Pump() {
   }
 }
 
-CString WindowText(CWnd* pWnd) {
-  CString str;
-  pWnd->GetWindowText(str);
-  return str;
-}
-
 const char kMapText[] = "Ctrl+N\tNew document\r\nCtrl+O\tOpen\r\nF1\tHelp";
 
 int g_nDocsDeleted = 0;
