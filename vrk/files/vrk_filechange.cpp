@@ -11,13 +11,14 @@ namespace {
 // The worker's start record: one movable global block that the worker owns.
 struct tagVFileChangeStart {
   HWND hWnd;
-  UINT nMessageOrCallback;
+  UINT_PTR nMessageOrCallback; // a UINT in the 32-bit library
   char szPath[260];
   BOOL bWatchSubtree;
   DWORD dwFilter;
   HANDLE hStopEvent;
 };
-static_assert(sizeof(tagVFileChangeStart) == 280, "the start record is 280 bytes");
+static_assert(sizeof(void*) != 4 || sizeof(tagVFileChangeStart) == 280,
+              "the 32-bit start record is 280 bytes");
 
 UINT __cdecl FileChangeWorker(LPVOID pParam) {
   HGLOBAL hRecord = (HGLOBAL)pParam;
@@ -37,7 +38,7 @@ UINT __cdecl FileChangeWorker(LPVOID pParam) {
         if (pStart->hWnd != NULL)
           PostMessageA(pStart->hWnd, pStart->nMessageOrCallback, 0, (LPARAM)pStart->szPath);
         else if (pStart->nMessageOrCallback != 0)
-          ((VFILECHANGEPROC)(UINT_PTR)pStart->nMessageOrCallback)(pStart->szPath);
+          ((VFILECHANGEPROC)pStart->nMessageOrCallback)(pStart->szPath);
         if (!FindNextChangeNotification(hChange)) break;
       } else {
         if (dwWait == WAIT_FAILED) VrkReportError(GetLastError(), NULL, TRUE);
@@ -74,7 +75,7 @@ int VFileChangeNotify::IsSignaled() const {
   return m_hChange != INVALID_HANDLE_VALUE && WaitForSingleObject(m_hChange, 0) == WAIT_OBJECT_0;
 }
 
-int VFileChangeNotify::Run(HWND hWnd, unsigned int nMessageOrCallback, const char* pszPath,
+int VFileChangeNotify::Run(HWND hWnd, UINT_PTR nMessageOrCallback, const char* pszPath,
                            int bWatchSubtree, unsigned long dwFilter) {
   if (pszPath == NULL) return FALSE;
   // Decided: an earlier worker is ended first; left running, its stop event

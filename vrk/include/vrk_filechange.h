@@ -25,7 +25,9 @@ public:
   // Served form: an idle-priority worker posts nMessageOrCallback to hWnd
   // with lParam = the folder path (copy it at once: it dies with the
   // worker), or, with hWnd NULL, calls (VFILECHANGEPROC)nMessageOrCallback.
-  int Run(HWND hWnd, unsigned int nMessageOrCallback, const char* pszPath, int bWatchSubtree,
+  // UINT_PTR is unsigned int in the 32-bit library; a 64-bit build needs the
+  // full width for a callback's address.
+  int Run(HWND hWnd, UINT_PTR nMessageOrCallback, const char* pszPath, int bWatchSubtree,
           unsigned long dwFilter);
 
   // Closes the polled handle, or ends the worker and waits for it.

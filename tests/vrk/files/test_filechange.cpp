@@ -114,8 +114,7 @@ TEST(FileChangeNotify, WorkerCallsTheCallbackOnItsOwnThread) {
   ASSERT_TRUE(TempDir::WriteBytes(dir.File("existing.txt"), "e"));
   g_calls = 0;
   VFileChangeNotify notify;
-  ASSERT_TRUE(
-      notify.Run(NULL, (unsigned int)(UINT_PTR)&OnChange, dir.Path().c_str(), TRUE, kFilter));
+  ASSERT_TRUE(notify.Run(NULL, (UINT_PTR)&OnChange, dir.Path().c_str(), TRUE, kFilter));
   Sleep(200); // the worker sets up its watch on its own thread
   ASSERT_TRUE(TempDir::WriteBytes(dir.File("added.txt"), "added"));
   ASSERT_TRUE(WaitFor([] { return g_calls >= 1; }));
