@@ -2,8 +2,20 @@
 # lives in the build tree, uses the null graphics driver and is made once.
 # Usage: . cmake/wine-env.sh BUILD_DIR
 vrk_build=${1:?build dir}
+vrk_wine_arch=win32
+vrk_triple=i686-w64-mingw32
+# Written by the configure step: the tree's architecture.
+[ -f "$vrk_build/wine-arch.sh" ] && . "$vrk_build/wine-arch.sh"
 export WINEPREFIX="$vrk_build/wineprefix"
-export WINEARCH=win32
+export WINEARCH=$vrk_wine_arch
+# Debian's wine script takes wine32 whenever it is installed, even where it
+# cannot run: a 64-bit tree asks for the 64-bit loader by name.
+if [ "$vrk_wine_arch" = win64 ] && [ -x /usr/lib/wine/wine64 ]; then
+  export WINELOADER=/usr/lib/wine/wine64
+  vrk_wine=$WINELOADER
+else
+  vrk_wine=wine
+fi
 export WINEDEBUG=${WINEDEBUG:--all}
 export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
 
@@ -31,7 +43,7 @@ wine_printer_make() {
   local exe="$dir/wine-printer.exe"
   mkdir -p "$dir"
   if [ ! -f "$exe" ] || [ "$vrk_cmake_dir/wine-printer.c" -nt "$exe" ]; then
-    i686-w64-mingw32-gcc-posix -O1 -s -o "$exe" "$vrk_cmake_dir/wine-printer.c" \
+    "$vrk_triple-gcc-posix" -O1 -s -o "$exe" "$vrk_cmake_dir/wine-printer.c" \
       -lwinspool -lgdi32 >"$dir/setup.log" 2>&1 || {
       cat "$dir/setup.log" >&2
       touch "$vrk_printer_marker"
@@ -41,7 +53,7 @@ wine_printer_make() {
   # Wine's Z: drive is the Unix root.
   local ppd="Z:${vrk_cmake_dir//\//\\}\\wine-printer.ppd"
   # Wine's helper processes outlive the program: its output goes to a file.
-  if wine "$exe" "$VRK_PRINTER_NAME" "$VRK_PRINTER_PORT" "$ppd" "$VRK_PRINTER_OUTPUT" \
+  if "$vrk_wine" "$exe" "$VRK_PRINTER_NAME" "$VRK_PRINTER_PORT" "$ppd" "$VRK_PRINTER_OUTPUT" \
     >"$dir/setup.log" 2>&1; then
     echo "wine: printer \"$VRK_PRINTER_NAME\" on $VRK_PRINTER_PORT -> $VRK_PRINTER_OUTPUT" >&2
   else
@@ -61,15 +73,16 @@ wine_prefix_make() {
     if [ ! -f "$WINEPREFIX/.vrk-ready" ]; then
       # wine32 needs a machine that runs 32-bit x86 programs: say so plainly
       # rather than fail later in wineboot.
-      if ! wine --version >/dev/null 2>&1; then
-        echo "wine: wine does not start here: $(wine --version 2>&1 | tail -n 1)" >&2
-        echo "wine: the tests need wine32, so the machine must run 32-bit x86 programs" >&2
+      if ! "$vrk_wine" --version >/dev/null 2>&1; then
+        echo "wine: wine does not start here: $("$vrk_wine" --version 2>&1 | tail -n 1)" >&2
+        [ "$vrk_wine_arch" = win32 ] &&
+          echo "wine: a 32-bit tree needs wine32, so the machine must run 32-bit x86 programs" >&2
         exit 1
       fi
       echo "wine: creating prefix $WINEPREFIX" >&2
       rm -rf "$WINEPREFIX"
-      wineboot -i >/dev/null 2>&1 || true
-      wine reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1
+      "$vrk_wine" wineboot -i >/dev/null 2>&1 || true
+      "$vrk_wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1
       wine_printer_make
       wineserver -w
       touch "$WINEPREFIX/.vrk-ready"
