@@ -224,10 +224,15 @@ TEST_F(ClipboardTest, ObjectsAreReadBackAsTheClassAskedForOrNotAtAll) {
   CGlShape* shape = MakeShape();
   ASSERT_TRUE(VrkClipboardPutObject(ShapeFormat(), shape, 0, 0, TRUE));
   delete shape;
-  ExpectOuterShape(VrkClipboardGetObject(ShapeFormat(), RUNTIME_CLASS(CObject)));
   EXPECT_EQ(NULL, VrkClipboardGetObject(ShapeFormat(), NULL));
   EXPECT_EQ(NULL, VrkClipboardGetObject(RegisterClipboardFormatA("VRK test absent"),
-                                        RUNTIME_CLASS(CObject)));
+                                        RUNTIME_CLASS(CGlShape)));
+  // CObject is no serializable class: not even a read is tried, and the
+  // clipboard is closed again.
+  EXPECT_EQ(RUNTIME_CLASS(CNotSupportedException), ThrownClass([] {
+              delete VrkClipboardGetObject(ShapeFormat(), RUNTIME_CLASS(CObject));
+            }));
+  EXPECT_EQ(NULL, GetOpenClipboardWindow());
   // Another class under the format: the archive's error, and the clipboard
   // is closed again.
   EXPECT_EQ(CArchiveException::badClass,

@@ -53,7 +53,7 @@ TEST_F(DataObjectTest, AnObjectIsCachedAsItsArchiveAndReadBack) {
   EXPECT_EQ(42, ((CGlShape*)ob)->child->value);
   delete ob;
   // The source still offers it: each read gets its own copy.
-  ob = VrkGetGlobalData(&data, ShapeFormat(), RUNTIME_CLASS(CObject), NULL);
+  ob = VrkGetGlobalData(&data, ShapeFormat(), RUNTIME_CLASS(CGlShape), NULL);
   EXPECT_NE((CObject*)NULL, ob);
   delete ob;
 }

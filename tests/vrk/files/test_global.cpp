@@ -227,11 +227,19 @@ TEST(ObjectFromGlobal, RoundTripKeepsTheClassAndTheDataAndTheBlock) {
   // The block is still the caller's, whole and unlocked.
   EXPECT_EQ(before, AllBytes(h));
   EXPECT_EQ(0u, LockCount(h));
-  // A base class may be asked for.
-  CObject* again = VrkCreateCObjectFromGlobal(h, RUNTIME_CLASS(CObject), NULL);
-  EXPECT_EQ(RUNTIME_CLASS(CGlShape), again->GetRuntimeClass());
-  delete again;
   delete copy;
+  GlobalFree(h);
+  // A base class may be asked for; CObject itself is no serializable class,
+  // and the archive refuses to read one (as MFC's does).
+  h = VrkCreateGlobalFromCObject(shape->child, NULL);
+  CObject* circle = VrkCreateCObjectFromGlobal(h, RUNTIME_CLASS(CGlShape), NULL);
+  ASSERT_NE((CObject*)NULL, circle);
+  EXPECT_EQ(RUNTIME_CLASS(CGlCircle), circle->GetRuntimeClass());
+  delete circle;
+  EXPECT_EQ(RUNTIME_CLASS(CNotSupportedException), ThrownClass([&] {
+              delete VrkCreateCObjectFromGlobal(h, RUNTIME_CLASS(CObject), NULL);
+            }));
+  EXPECT_EQ(0u, LockCount(h));
   GlobalFree(h);
   delete shape;
 }
@@ -252,7 +260,7 @@ TEST(ObjectFromGlobal, BadBlocksThrowAndLeaveTheBlockAlive) {
   } cases[] = {
       {good, RUNTIME_CLASS(CGlCircle), CArchiveException::badClass},
       {good, RUNTIME_CLASS(CGlOther), CArchiveException::badClass},
-      {unknown, RUNTIME_CLASS(CObject), CArchiveException::badClass},
+      {unknown, RUNTIME_CLASS(CGlShape), CArchiveException::badClass},
       {other, RUNTIME_CLASS(CGlShape), CArchiveException::badClass},
       // A class name cut short names no class.
       {good.substr(0, 10), RUNTIME_CLASS(CGlShape), CArchiveException::badClass},
