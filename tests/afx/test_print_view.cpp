@@ -107,6 +107,8 @@ protected:
     m_strSpool = SpoolFile();
     ASSERT_FALSE(m_strSpool.empty()) << "the test prefix has no printer output file";
     ::DeleteFileA(m_strSpool.c_str());
+    // The document is the fixture's: the last view leaving must not delete it.
+    m_doc.m_bAutoDelete = FALSE;
     m_doc.SetTitle("Quarterly Report");
     m_pFrame = new CFrameWnd;
     ASSERT_TRUE(m_pFrame->Create(NULL, "Report Frame"));
