@@ -193,10 +193,12 @@ TEST(ArrayErrors, BadIndexesAndSizesThrow) {
   a.RemoveAt(3, 0); // an empty range at the end is fine
   EXPECT_EQ(3, a.GetSize());
 
-  // Sizes no address space can hold fail as memory, not as a crash.
-  EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { a.SetSize(0x7FFFFFFF); }));
-  EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { a.SetAtGrow(0x7FFFFFFE, 1); }));
-  EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { a.InsertAt(1, 0, 0x7FFFFFFF); }));
+  // Sizes no address space can hold fail as memory, not as a crash (in a
+  // 64-bit process, 2^61 ints are 8 EB).
+  const INT_PTR nHuge = sizeof(void*) == 4 ? (INT_PTR)0x7FFFFFFF : (INT_PTR)1 << 61;
+  EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { a.SetSize(nHuge); }));
+  EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { a.SetAtGrow(nHuge - 1, 1); }));
+  EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { a.InsertAt(1, 0, nHuge); }));
   EXPECT_EQ(3, a.GetSize());
   CDWordArray d;
   EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { d.SetSize(0x40000001); }));

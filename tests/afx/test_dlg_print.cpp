@@ -14,7 +14,8 @@
 namespace {
 
 TEST(PrintDialog, DefaultsAreTheConfiguredPrinter) {
-  EXPECT_EQ(66u, sizeof(PRINTDLGA)); // as the SDK packs it on 32-bit Windows
+  // As the SDK packs it: byte-packed on 32-bit Windows, naturally on 64-bit.
+  EXPECT_EQ(sizeof(void*) == 4 ? 66u : 120u, sizeof(PRINTDLGA));
   CPrintDialog dlg(FALSE);
   ASSERT_TRUE(dlg.GetDefaults()) << "no default printer: " << CommDlgExtendedError();
   EXPECT_FALSE(dlg.m_pd.Flags & PD_RETURNDEFAULT); // taken off again
