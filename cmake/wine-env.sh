@@ -95,7 +95,9 @@ wine_prefix_make() {
 # A persistent server makes each process start in a fraction of the time.
 wine_server_start() {
   wine_prefix_make
-  wineserver -p
+  # A server still serving this prefix (left by an earlier run) answers
+  # "already running": it is used as it is.
+  wineserver -p || true
 }
 
 wine_server_stop() {
