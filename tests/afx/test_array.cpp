@@ -201,7 +201,9 @@ TEST(ArrayErrors, BadIndexesAndSizesThrow) {
   EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { a.InsertAt(1, 0, nHuge); }));
   EXPECT_EQ(3, a.GetSize());
   CDWordArray d;
-  EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { d.SetSize(0x40000001); }));
+  // On 32-bit, a byte count just past 4 GB.
+  const INT_PTR nWrap = sizeof(void*) == 4 ? (INT_PTR)0x40000001 : nHuge;
+  EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { d.SetSize(nWrap); }));
   EXPECT_TRUE(d.IsEmpty());
 }
 
