@@ -1,5 +1,5 @@
 // Ids shared by the frame, document, MDI and rich edit tests and their
-// resources, and a helper of those tests. The resource compiler reads this
+// resources, and helpers of those tests. The resource compiler reads this
 // file too: it sees only the #defines.
 #ifndef VRK_TESTS_FRAME_TESTING_H
 #define VRK_TESTS_FRAME_TESTING_H
@@ -17,6 +17,19 @@
 
 #ifndef RC_INVOKED
 #include <afxwin.h>
+
+// Serves the thread's queued messages as the application's run loop would
+// (pre-translation included), without waiting for more.
+inline void PumpAsApp() {
+  MSG msg;
+  while (::PeekMessage(&msg, NULL, 0, 0, PM_REMOVE)) {
+    if (msg.message == WM_QUIT) continue;
+    if (!AfxGetApp()->PreTranslateMessage(&msg)) {
+      ::TranslateMessage(&msg);
+      ::DispatchMessage(&msg);
+    }
+  }
+}
 
 // A window's text, as the user sees it.
 inline CString WindowText(CWnd* pWnd) {

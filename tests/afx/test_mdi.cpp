@@ -9,17 +9,6 @@
 
 namespace {
 
-void Pump() {
-  MSG msg;
-  while (::PeekMessage(&msg, NULL, 0, 0, PM_REMOVE)) {
-    if (msg.message == WM_QUIT) continue;
-    if (!AfxGetApp()->PreTranslateMessage(&msg)) {
-      ::TranslateMessage(&msg);
-      ::DispatchMessage(&msg);
-    }
-  }
-}
-
 int g_nSheetsDeleted = 0;
 
 class CSheetDoc : public CDocument {
@@ -58,11 +47,11 @@ protected:
     ASSERT_TRUE(m_pMainFrame->LoadFrame(IDR_MAINFRAME));
     theApp.m_pMainWnd = m_pMainFrame;
     m_pMainFrame->ShowWindow(SW_SHOW);
-    Pump();
+    PumpAsApp();
   }
   void TearDown() override {
     if (theApp.m_pMainWnd != NULL) theApp.m_pMainWnd->DestroyWindow();
-    Pump();
+    PumpAsApp();
     // The template goes with the application; this one only for the test.
     delete theApp.m_pDocManager;
     theApp.m_pDocManager = NULL;
@@ -118,7 +107,7 @@ TEST_F(MdiTest, AcceleratorReachesTheActiveDocument) {
   CView* pView2 = FrameOf(pDoc2)->GetActiveView();
   ASSERT_NE(nullptr, pView2);
   pView2->PostMessage(WM_KEYDOWN, VK_F5, 0x003F0001);
-  Pump();
+  PumpAsApp();
   EXPECT_EQ(1, pDoc2->m_nRefresh);
   EXPECT_EQ(0, pDoc1->m_nRefresh);
 

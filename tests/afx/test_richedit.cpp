@@ -18,17 +18,6 @@
 
 namespace {
 
-void Pump() {
-  MSG msg;
-  while (::PeekMessage(&msg, NULL, 0, 0, PM_REMOVE)) {
-    if (msg.message == WM_QUIT) continue;
-    if (!AfxGetApp()->PreTranslateMessage(&msg)) {
-      ::TranslateMessage(&msg);
-      ::DispatchMessage(&msg);
-    }
-  }
-}
-
 const char kMapText[] = "Ctrl+N\tNew document\r\nCtrl+O\tOpen\r\nF1\tHelp";
 
 int g_nDocsDeleted = 0;
@@ -138,7 +127,7 @@ protected:
     ASSERT_TRUE(m_pMainFrame->LoadFrame(IDR_MAINFRAME));
     theApp.m_pMainWnd = m_pMainFrame;
     m_pMainFrame->ShowWindow(SW_SHOW);
-    Pump();
+    PumpAsApp();
   }
   void TearDown() override {
     CKeysView::s_bKeyboardMap = false;
@@ -146,14 +135,14 @@ protected:
     while (pos != NULL)
       m_pTemplate->GetNextDoc(pos)->SetModifiedFlag(FALSE);
     if (theApp.m_pMainWnd != NULL) theApp.m_pMainWnd->DestroyWindow();
-    Pump();
+    PumpAsApp();
     delete theApp.m_pDocManager;
     theApp.m_pDocManager = NULL;
   }
   CKeysDoc* Open(bool bKeyboardMap) {
     CKeysView::s_bKeyboardMap = bKeyboardMap;
     CKeysDoc* pDoc = (CKeysDoc*)m_pTemplate->OpenDocumentFile(NULL, TRUE);
-    Pump();
+    PumpAsApp();
     return pDoc;
   }
   static CKeysView* ViewOf(CDocument* pDoc) {
@@ -227,7 +216,7 @@ TEST_F(RichEditTest, KeyboardMapOpensReadOnlyInAChildFrame) {
   MsgBoxCatcher catcher;
   int nDeleted = g_nDocsDeleted;
   pChild->SendMessage(WM_CLOSE);
-  Pump();
+  PumpAsApp();
   EXPECT_EQ(0u, catcher.Count());
   EXPECT_EQ(nDeleted + 1, g_nDocsDeleted);
   EXPECT_EQ(0, theApp.GetOpenDocumentCount());
@@ -271,7 +260,7 @@ TEST_F(RichEditTest, ControlsModifyFlagIsTheDocuments) {
   catcher.Answer(IDNO);
   int nDeleted = g_nDocsDeleted;
   pChild->SendMessage(WM_CLOSE);
-  Pump();
+  PumpAsApp();
   EXPECT_EQ(2u, catcher.Count());
   EXPECT_EQ(nDeleted + 1, g_nDocsDeleted);
 }
