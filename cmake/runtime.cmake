@@ -17,6 +17,7 @@ foreach(dll ${vrk_libgcc} libstdc++-6.dll libwinpthread-1.dll)
     message(FATAL_ERROR "compiler runtime ${dll} not found")
   endif()
   file(COPY ${path} DESTINATION ${VRK_BIN})
+  install(FILES ${path} DESTINATION bin)
 endforeach()
 
 # Libraries of the Win32 API that the modules use.

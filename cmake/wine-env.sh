@@ -1,12 +1,14 @@
 # Sourced by ./run and by the test launcher: the project's own Wine prefix
 # lives in the build tree, uses the null graphics driver and is made once.
 # Usage: . cmake/wine-env.sh BUILD_DIR
+# The demo runs in a prefix of its own with Wine's X11 driver: it sets
+# VRK_WINE_PREFIX, VRK_WINE_GRAPHICS=x11 and VRK_PRINTER_OUTPUT first.
 vrk_build=${1:?build dir}
 vrk_wine_arch=win32
 vrk_triple=i686-w64-mingw32
 # Written by the configure step: the tree's architecture.
 [ -f "$vrk_build/wine-arch.sh" ] && . "$vrk_build/wine-arch.sh"
-export WINEPREFIX="$vrk_build/wineprefix"
+export WINEPREFIX="${VRK_WINE_PREFIX:-$vrk_build/wineprefix}"
 export WINEARCH=$vrk_wine_arch
 # Debian's wine script takes wine32 whenever it is installed, even where it
 # cannot run: a 64-bit tree asks for the 64-bit loader by name.
@@ -27,7 +29,7 @@ vrk_cmake_dir=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 # not be a DOS device's ("LPT1.ps" is the port itself to Windows programs).
 VRK_PRINTER_NAME="VRK PostScript"
 VRK_PRINTER_PORT="LPT1:"
-VRK_PRINTER_OUTPUT="$vrk_build/printer/printed.ps"
+VRK_PRINTER_OUTPUT="${VRK_PRINTER_OUTPUT:-$vrk_build/printer/printed.ps}"
 # Made when the printer is set up; a new name sets it up again.
 vrk_printer_marker="$WINEPREFIX/.vrk-printer-2"
 
@@ -82,7 +84,7 @@ wine_prefix_make() {
       echo "wine: creating prefix $WINEPREFIX" >&2
       rm -rf "$WINEPREFIX"
       "$vrk_wine" wineboot -i >/dev/null 2>&1 || true
-      "$vrk_wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f >/dev/null 2>&1
+      "$vrk_wine" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d "${VRK_WINE_GRAPHICS:-null}" /f >/dev/null 2>&1
       wine_printer_make
       wineserver -w
       touch "$WINEPREFIX/.vrk-ready"

@@ -1,0 +1,190 @@
+#!/usr/bin/env python3
+"""Draws the gallery's toolbar strips (16 x 15 images, 24 bits per pixel,
+the button face grey as background so that the toolbar masks it out) and
+writes them as Windows BMP files beside this script."""
+import os
+import struct
+
+FACE = (192, 192, 192)
+W, H = 16, 15
+
+
+def blank():
+    return [[FACE for _ in range(W)] for _ in range(H)]
+
+
+def rect(img, x0, y0, x1, y1, c, fill=None):
+    for y in range(y0, y1 + 1):
+        for x in range(x0, x1 + 1):
+            edge = x in (x0, x1) or y in (y0, y1)
+            if edge:
+                img[y][x] = c
+            elif fill is not None:
+                img[y][x] = fill
+
+
+def line(img, x0, y0, x1, y1, c):
+    n = max(abs(x1 - x0), abs(y1 - y0), 1)
+    for i in range(n + 1):
+        img[round(y0 + (y1 - y0) * i / n)][round(x0 + (x1 - x0) * i / n)] = c
+
+
+BLACK, WHITE, GREY = (0, 0, 0), (255, 255, 255), (128, 128, 128)
+NAVY, BLUE, YELLOW = (0, 0, 128), (0, 0, 255), (255, 255, 0)
+OLIVE, RED, GREEN, TEAL = (128, 128, 0), (255, 0, 0), (0, 128, 0), (0, 128, 128)
+
+
+def page():
+    i = blank()
+    rect(i, 3, 1, 12, 14, BLACK, WHITE)
+    line(i, 9, 1, 12, 4, BLACK)
+    for y in (5, 7, 9, 11):
+        line(i, 5, y, 10, y, GREY)
+    return i
+
+
+def folder():
+    i = blank()
+    rect(i, 1, 4, 14, 13, BLACK, YELLOW)
+    rect(i, 2, 2, 6, 4, BLACK, YELLOW)
+    line(i, 2, 7, 13, 7, OLIVE)
+    return i
+
+
+def disk():
+    i = blank()
+    rect(i, 1, 1, 14, 14, BLACK, NAVY)
+    rect(i, 4, 2, 11, 7, BLACK, WHITE)
+    rect(i, 5, 10, 10, 13, BLACK, GREY)
+    return i
+
+
+def cut():
+    i = blank()
+    line(i, 4, 1, 10, 9, BLACK)
+    line(i, 11, 1, 5, 9, BLACK)
+    rect(i, 2, 9, 6, 13, BLUE)
+    rect(i, 9, 9, 13, 13, BLUE)
+    return i
+
+
+def copy():
+    i = blank()
+    rect(i, 1, 1, 8, 10, BLACK, WHITE)
+    rect(i, 6, 4, 14, 14, BLACK, WHITE)
+    for y in (7, 9, 11):
+        line(i, 8, y, 12, y, NAVY)
+    return i
+
+
+def paste():
+    i = blank()
+    rect(i, 2, 2, 11, 13, BLACK, OLIVE)
+    rect(i, 5, 1, 8, 3, BLACK, GREY)
+    rect(i, 7, 6, 14, 14, BLACK, WHITE)
+    return i
+
+
+def printer():
+    i = blank()
+    rect(i, 4, 1, 11, 6, BLACK, WHITE)
+    rect(i, 1, 6, 14, 11, BLACK, (192, 192, 192))
+    rect(i, 4, 10, 11, 14, BLACK, WHITE)
+    i[8][12] = GREEN
+    return i
+
+
+def help_():
+    i = blank()
+    rect(i, 3, 1, 12, 13, NAVY, BLUE)
+    for x, y in ((6, 4), (7, 3), (8, 3), (9, 4), (9, 5), (8, 6), (7, 7), (7, 8), (7, 11)):
+        i[y][x] = WHITE
+    return i
+
+
+def welcome():
+    i = blank()
+    rect(i, 1, 2, 14, 13, BLACK, WHITE)
+    rect(i, 1, 2, 14, 4, BLACK, NAVY)
+    line(i, 3, 7, 12, 7, GREY)
+    line(i, 3, 10, 9, 10, GREY)
+    return i
+
+
+def controls():
+    i = blank()
+    rect(i, 1, 4, 14, 10, BLACK, WHITE)
+    rect(i, 10, 5, 13, 9, GREY, (192, 192, 192))
+    line(i, 11, 6, 12, 6, BLACK)
+    i[7][11] = BLACK
+    i[7][12] = BLACK
+    line(i, 3, 7, 7, 7, BLACK)
+    return i
+
+
+def grid():
+    i = blank()
+    rect(i, 1, 1, 14, 13, BLACK, WHITE)
+    for x in (5, 10):
+        line(i, x, 1, x, 13, GREY)
+    for y in (5, 9):
+        line(i, 1, y, 14, y, GREY)
+    rect(i, 5, 5, 10, 9, RED)
+    return i
+
+
+def colours():
+    i = blank()
+    for n, c in enumerate((RED, GREEN, BLUE, YELLOW)):
+        x, y = 1 + (n % 2) * 7, 1 + (n // 2) * 7
+        rect(i, x, y, x + 5, y + 5, BLACK, c)
+    return i
+
+
+def dialog():
+    i = blank()
+    rect(i, 1, 2, 14, 13, BLACK, (192, 192, 192))
+    rect(i, 1, 2, 14, 4, BLACK, NAVY)
+    rect(i, 8, 9, 12, 11, BLACK, WHITE)
+    return i
+
+
+def keyboard():
+    i = blank()
+    rect(i, 0, 4, 15, 12, BLACK, (224, 224, 224))
+    for y in (6, 8):
+        for x in range(2, 14, 2):
+            i[y][x] = BLACK
+    line(i, 4, 10, 11, 10, BLACK)
+    return i
+
+
+def index():
+    i = blank()
+    rect(i, 2, 1, 13, 14, BLACK, WHITE)
+    for y, w in ((3, 9), (6, 7), (9, 8), (12, 6)):
+        line(i, 4, y, 4 + w - 4, y, NAVY)
+        i[y][11] = BLACK
+    return i
+
+
+def write_bmp(path, images):
+    width, height = W * len(images), H
+    row = (width * 3 + 3) & ~3
+    data = bytearray()
+    for y in range(height - 1, -1, -1):
+        line_ = bytearray()
+        for img in images:
+            for x in range(W):
+                r, g, b = img[y][x]
+                line_ += bytes((b, g, r))
+        data += line_ + bytes(row - len(line_))
+    header = struct.pack('<2sIHHI', b'BM', 54 + len(data), 0, 0, 54)
+    info = struct.pack('<IiiHHIIiiII', 40, width, height, 1, 24, 0, len(data), 2835, 2835, 0, 0)
+    with open(path, 'wb') as f:
+        f.write(header + info + data)
+
+
+here = os.path.dirname(os.path.abspath(__file__))
+write_bmp(os.path.join(here, 'toolbar_main.bmp'), [page(), folder(), disk(), cut(), copy(), paste(), printer(), help_()])
+write_bmp(os.path.join(here, 'toolbar_pages.bmp'), [welcome(), controls(), grid(), colours(), dialog(), keyboard(), index()])

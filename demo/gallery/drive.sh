@@ -1,0 +1,167 @@
+#!/usr/bin/env bash
+# Drives the gallery as a user would, under an X server (./run demo starts
+# one with xvfb-run): keys and clicks go through X to Wine's X11 driver and
+# the program's message queue. After each step it checks something the user
+# would see, and saves a screenshot as build/demo/NN-name.png.
+# Usage: drive.sh BUILD_DIR
+set -uo pipefail
+build=${1:?build dir}
+here=$(cd "$(dirname "$0")" && pwd)
+top=$(cd "$here/../.." && pwd)
+out="$build/demo"
+mkdir -p "$out"
+rm -f "$out"/*.png "$out"/printed.ps
+
+export VRK_WINE_PREFIX="$out/wineprefix" VRK_WINE_GRAPHICS=x11
+export VRK_PRINTER_OUTPUT="$out/printed.ps"
+. "$top/cmake/wine-env.sh" "$build"
+wine_prefix_make || exit 1
+# Wine draws the captions' buttons with Marlett: its fonts go into the
+# prefix's font folder, where every Wine looks.
+cp -n /usr/share/wine/fonts/*.ttf "$WINEPREFIX/drive_c/windows/Fonts/" 2>/dev/null
+# One virtual desktop holds every window, so that Wine draws the frames and
+# captions itself and one capture shows the whole screen.
+"$vrk_wine" reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Gallery /f >/dev/null 2>&1
+"$vrk_wine" reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Gallery /d 1024x740 /f >/dev/null 2>&1
+
+failed=0
+step=0
+fail() { echo "demo: FAILED: $*" >&2; failed=$((failed + 1)); }
+
+# Waits up to 20 s for a top-level window whose title matches.
+wait_window() {
+  local i
+  for i in $(seq 80); do
+    xdotool search --name "$1" >/dev/null 2>&1 && return 0
+    sleep 0.25
+  done
+  return 1
+}
+
+# Waits up to 10 s until no top-level window's title matches.
+wait_gone() {
+  local i
+  for i in $(seq 40); do
+    xdotool search --name "$1" >/dev/null 2>&1 || return 0
+    sleep 0.25
+  done
+  return 1
+}
+
+desktop() { xdotool search --name "Gallery - Wine desktop" 2>/dev/null | head -n 1; }
+
+# The open pop-up menus: unnamed windows of the program larger than a pixel.
+popup_count() {
+  xwininfo -children -id "$(desktop)" 2>/dev/null |
+    awk '/\(has no name\): \("vrk_gallery.exe"/ && $0 !~ / 1x1\+/' | wc -l
+}
+
+# Captures the desktop into NN-name.png. A capture of the desktop shows the
+# program's own windows, but pop-up menus and some pop-ups come out black:
+# each of the program's windows is captured by itself and put back in place,
+# bottom first.
+shot() {
+  step=$((step + 1))
+  local name
+  name=$(printf '%02d-%s' "$step" "$1")
+  sleep 0.7
+  local desk tmp
+  desk=$(desktop)
+  tmp=$(mktemp -d)
+  xwd -id "$desk" -silent | xwdtopnm >"$tmp/screen.pnm" 2>/dev/null || {
+    fail "$name: no capture"
+    rm -rf "$tmp"
+    return
+  }
+  xwininfo -children -id "$desk" |
+    awk '/\("vrk_gallery.exe"/ && $0 !~ / 1x1\+/ { print $1 }' | tac >"$tmp/windows"
+  local id geo x y
+  while read -r id; do
+    geo=$(xwininfo -id "$id" | awk '/Absolute upper-left X/ {x=$NF} /Absolute upper-left Y/ {y=$NF} END {print x, y}')
+    read -r x y <<<"$geo"
+    xwd -id "$id" -silent 2>/dev/null | xwdtopnm >"$tmp/w.pnm" 2>/dev/null || continue
+    pnmpaste "$tmp/w.pnm" "$x" "$y" "$tmp/screen.pnm" >"$tmp/s2.pnm" 2>/dev/null &&
+      mv "$tmp/s2.pnm" "$tmp/screen.pnm"
+  done <"$tmp/windows"
+  pnmtopng "$tmp/screen.pnm" >"$out/$name.png" 2>/dev/null
+  rm -rf "$tmp"
+  echo "demo: $name.png"
+}
+
+key() { xdotool key --delay 120 "$@"; }
+
+cd "$build/bin" || exit 1
+"$vrk_wine" vrk_gallery.exe >"$out/gallery.log" 2>&1 &
+gallery=$!
+
+# 1. The main window with its toolbars, status bar and the welcome page.
+if wait_window "^Welcome - VRK Gallery$|^VRK Gallery - \[Welcome\]$"; then
+  shot main-window
+else
+  fail "the gallery's main window with the welcome page did not appear"
+  shot no-main-window
+  kill "$gallery" 2>/dev/null
+  exit 1
+fi
+
+# 2. A menu opened with the keyboard.
+key alt+f
+sleep 0.5
+[ "$(popup_count)" -ge 1 ] || fail "File menu did not open"
+shot file-menu
+key Escape Escape
+
+# 3. The printing page from the Pages menu, then File > Print to the test
+# printer: the print dialog is answered with Enter.
+key alt+p p
+wait_window "Printing" || fail "the printing page did not open"
+shot printing-page
+key ctrl+p
+if wait_window "^Print$"; then
+  shot print-dialog
+  key Return
+  wait_gone "^Print$" || fail "the print dialog did not close"
+else
+  fail "the print dialog did not appear"
+fi
+
+# 4. The about box, closed with its OK button.
+key alt+h a
+if wait_window "About VRK Gallery"; then
+  shot about-box
+  key Return
+  wait_gone "About VRK Gallery" || fail "the about box did not close"
+else
+  fail "the about box did not appear"
+fi
+
+# 5. File > Exit ends the program.
+key alt+f x
+for i in $(seq 40); do
+  kill -0 "$gallery" 2>/dev/null || break
+  sleep 0.25
+done
+if kill -0 "$gallery" 2>/dev/null; then
+  fail "the gallery did not exit from File > Exit"
+  kill "$gallery" 2>/dev/null
+fi
+wait "$gallery" 2>/dev/null
+
+# The printed pages, as the printer wrote them.
+for i in $(seq 40); do
+  [ -s "$out/printed.ps" ] && grep -q '%%EOF' "$out/printed.ps" && break
+  sleep 0.25
+done
+if [ -s "$out/printed.ps" ]; then
+  gs -q -dSAFER -dBATCH -dNOPAUSE -sDEVICE=png16m -r80 \
+    -sOutputFile="$out/printed-page-%d.png" "$out/printed.ps" || fail "ghostscript could not render the printed pages"
+  pages=$(ls "$out"/printed-page-*.png 2>/dev/null | wc -l)
+  echo "demo: printed $pages page(s): $out/printed-page-*.png"
+  [ "$pages" -ge 3 ] || fail "expected 3 printed pages, got $pages"
+else
+  fail "nothing was printed"
+fi
+
+wineserver -k 2>/dev/null
+[ "$failed" -eq 0 ] && echo "demo: gallery OK ($step screenshots in $out)"
+exit $((failed > 0))

@@ -1,0 +1,92 @@
+// gallery.h - the VRK gallery: an MDI application that shows the library's
+// user-interface classes at work. The resource compiler reads this file
+// too: it sees only the #defines.
+#ifndef VRK_GALLERY_H
+#define VRK_GALLERY_H
+
+#define IDR_MAINFRAME 128
+#define IDR_PAGETYPE 129
+#define IDR_PAGES 130
+#define IDD_ABOUTBOX 140
+
+// One command opens each page of the gallery.
+#define ID_PAGE_WELCOME 0x8100
+#define ID_PAGE_CONTROLS 0x8101
+#define ID_PAGE_GRID 0x8102
+#define ID_PAGE_COLOURS 0x8103
+#define ID_PAGE_DIALOGS 0x8104
+#define ID_PAGE_KEYMAP 0x8105
+#define ID_PAGE_PRINTING 0x8106
+#define ID_VIEW_PAGES_BAR 0x8110
+
+#define IDW_PAGES_BAR 0xE81F // a control bar id: AFX_IDW_CONTROLBAR_FIRST + 0x1F
+
+#ifndef RC_INVOKED
+#include <afxext.h>
+
+// The application: one document template per kind of page.
+class CGalleryApp : public CWinApp {
+public:
+  CGalleryApp();
+  virtual BOOL InitInstance();
+  // Opens (or activates) the page of the given kind.
+  CDocument* OpenPage(UINT nPageID);
+
+  afx_msg void OnFileNew();
+  afx_msg void OnPage(UINT nID);
+  afx_msg void OnAppAbout();
+  DECLARE_MESSAGE_MAP()
+
+private:
+  CMultiDocTemplate* TemplateOf(UINT nPageID);
+  CMultiDocTemplate* m_pTemplates[ID_PAGE_PRINTING - ID_PAGE_WELCOME + 1];
+};
+
+class CMainFrame : public CMDIFrameWnd {
+  DECLARE_DYNAMIC(CMainFrame)
+public:
+  CToolBar m_wndToolBar;
+  CToolBar m_wndPagesBar;
+  CStatusBar m_wndStatusBar;
+
+  afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
+  afx_msg void OnViewPagesBar();
+  afx_msg void OnUpdateViewPagesBar(CCmdUI* pCmdUI);
+  DECLARE_MESSAGE_MAP()
+};
+
+// Every page is a document of its own; its title names the page.
+class CPageDoc : public CDocument {
+  DECLARE_DYNCREATE(CPageDoc)
+public:
+  virtual BOOL OnNewDocument();
+};
+
+// The first page: what the library is, and what the gallery shows.
+class CWelcomeView : public CView {
+  DECLARE_DYNCREATE(CWelcomeView)
+public:
+  virtual void OnDraw(CDC* pDC);
+};
+
+// A printed document: a numbered text of several pages, printed from
+// File > Print to the printer the user picks.
+class CPrintingView : public CView {
+  DECLARE_DYNCREATE(CPrintingView)
+public:
+  enum { nLines = 150 };
+  virtual void OnDraw(CDC* pDC);
+  virtual BOOL OnPreparePrinting(CPrintInfo* pInfo);
+  virtual void OnBeginPrinting(CDC* pDC, CPrintInfo* pInfo);
+  virtual void OnPrint(CDC* pDC, CPrintInfo* pInfo);
+  virtual void OnEndPrinting(CDC* pDC, CPrintInfo* pInfo);
+  DECLARE_MESSAGE_MAP()
+
+private:
+  static CString LineText(int nLine);
+  int m_nLinesPerPage = 50;
+  CFont m_fontPrint; // 10 points on the printer, made for each job
+};
+
+#endif // RC_INVOKED
+#endif // VRK_GALLERY_H

@@ -1,0 +1,133 @@
+// The gallery's application and main frame: an MDI frame with the main
+// toolbar, the pages toolbar and a status bar; each page of the gallery is a
+// document of its own kind, opened from the Pages menu or toolbar.
+#include "gallery.h"
+
+CGalleryApp theApp;
+
+BEGIN_MESSAGE_MAP(CGalleryApp, CWinApp)
+ON_COMMAND(ID_FILE_NEW, &CGalleryApp::OnFileNew)
+ON_COMMAND(ID_FILE_OPEN, &CWinApp::OnFileOpen)
+ON_COMMAND(ID_FILE_PRINT_SETUP, &CWinApp::OnFilePrintSetup)
+ON_COMMAND_RANGE(ID_PAGE_WELCOME, ID_PAGE_PRINTING, &CGalleryApp::OnPage)
+ON_COMMAND(ID_APP_ABOUT, &CGalleryApp::OnAppAbout)
+END_MESSAGE_MAP()
+
+CGalleryApp::CGalleryApp() : CWinApp("VRK Gallery") {
+  for (CMultiDocTemplate*& pTemplate : m_pTemplates)
+    pTemplate = NULL;
+}
+
+namespace {
+
+struct PageKind {
+  UINT nID;
+  CRuntimeClass* pViewClass;
+};
+
+const PageKind s_pages[] = {
+    {ID_PAGE_WELCOME, RUNTIME_CLASS(CWelcomeView)},
+    {ID_PAGE_PRINTING, RUNTIME_CLASS(CPrintingView)},
+};
+
+} // namespace
+
+BOOL CGalleryApp::InitInstance() {
+  // Pages share one menu and title resource; each kind has its own template
+  // so that File > New and the Pages commands know which view to make.
+  for (const PageKind& page : s_pages) {
+    CMultiDocTemplate* pTemplate = new CMultiDocTemplate(
+        IDR_PAGETYPE, RUNTIME_CLASS(CPageDoc), RUNTIME_CLASS(CMDIChildWnd), page.pViewClass);
+    AddDocTemplate(pTemplate);
+    m_pTemplates[page.nID - ID_PAGE_WELCOME] = pTemplate;
+  }
+  CMainFrame* pMainFrame = new CMainFrame;
+  if (!pMainFrame->LoadFrame(IDR_MAINFRAME)) {
+    delete pMainFrame;
+    return FALSE;
+  }
+  m_pMainWnd = pMainFrame;
+  pMainFrame->ShowWindow(SW_SHOWMAXIMIZED);
+  pMainFrame->UpdateWindow();
+  OpenPage(ID_PAGE_WELCOME);
+  return TRUE;
+}
+
+CMultiDocTemplate* CGalleryApp::TemplateOf(UINT nPageID) {
+  if (nPageID < ID_PAGE_WELCOME || nPageID > ID_PAGE_PRINTING) return NULL;
+  return m_pTemplates[nPageID - ID_PAGE_WELCOME];
+}
+
+CDocument* CGalleryApp::OpenPage(UINT nPageID) {
+  CMultiDocTemplate* pTemplate = TemplateOf(nPageID);
+  if (pTemplate == NULL) return NULL;
+  // A page already open comes to the front rather than opening twice.
+  POSITION pos = pTemplate->GetFirstDocPosition();
+  if (pos != NULL) {
+    CDocument* pDoc = pTemplate->GetNextDoc(pos);
+    POSITION posView = pDoc->GetFirstViewPosition();
+    CView* pView = pDoc->GetNextView(posView);
+    ((CMDIFrameWnd*)m_pMainWnd)->MDIActivate(pView->GetParentFrame());
+    return pDoc;
+  }
+  CDocument* pDoc = pTemplate->OpenDocumentFile(NULL);
+  if (pDoc != NULL) {
+    CString strTitle;
+    strTitle.LoadString(nPageID);
+    pDoc->SetTitle(strTitle.SpanExcluding("\n"));
+  }
+  return pDoc;
+}
+
+void CGalleryApp::OnPage(UINT nID) { OpenPage(nID); }
+
+// A new page is a welcome page: the other kinds are opened by name.
+void CGalleryApp::OnFileNew() {
+  CMultiDocTemplate* pTemplate = TemplateOf(ID_PAGE_WELCOME);
+  if (pTemplate != NULL) pTemplate->OpenDocumentFile(NULL);
+}
+
+void CGalleryApp::OnAppAbout() {
+  CDialog dlgAbout(IDD_ABOUTBOX);
+  dlgAbout.DoModal();
+}
+
+IMPLEMENT_DYNAMIC(CMainFrame, CMDIFrameWnd)
+
+BEGIN_MESSAGE_MAP(CMainFrame, CMDIFrameWnd)
+ON_WM_CREATE()
+ON_COMMAND(ID_VIEW_PAGES_BAR, &CMainFrame::OnViewPagesBar)
+ON_UPDATE_COMMAND_UI(ID_VIEW_PAGES_BAR, &CMainFrame::OnUpdateViewPagesBar)
+END_MESSAGE_MAP()
+
+static const UINT s_indicators[] = {ID_SEPARATOR, ID_INDICATOR_CAPS, ID_INDICATOR_NUM,
+                                    ID_INDICATOR_SCRL};
+
+int CMainFrame::OnCreate(LPCREATESTRUCT lpCreateStruct) {
+  if (CMDIFrameWnd::OnCreate(lpCreateStruct) == -1) return -1;
+  if (!m_wndToolBar.CreateEx(this, TBSTYLE_FLAT,
+                             WS_CHILD | WS_VISIBLE | CBRS_TOP | CBRS_TOOLTIPS | CBRS_FLYBY) ||
+      !m_wndToolBar.LoadToolBar(IDR_MAINFRAME))
+    return -1;
+  if (!m_wndPagesBar.CreateEx(this, TBSTYLE_FLAT,
+                              WS_CHILD | WS_VISIBLE | CBRS_TOP | CBRS_TOOLTIPS | CBRS_FLYBY,
+                              CRect(0, 0, 0, 0), IDW_PAGES_BAR) ||
+      !m_wndPagesBar.LoadToolBar(IDR_PAGES))
+    return -1;
+  if (!m_wndStatusBar.Create(this) ||
+      !m_wndStatusBar.SetIndicators(s_indicators, sizeof(s_indicators) / sizeof(UINT)))
+    return -1;
+  return 0;
+}
+
+void CMainFrame::OnViewPagesBar() {
+  ShowControlBar(&m_wndPagesBar, !m_wndPagesBar.IsWindowVisible(), FALSE);
+}
+
+void CMainFrame::OnUpdateViewPagesBar(CCmdUI* pCmdUI) {
+  pCmdUI->SetCheck(m_wndPagesBar.IsWindowVisible());
+}
+
+IMPLEMENT_DYNCREATE(CPageDoc, CDocument)
+
+BOOL CPageDoc::OnNewDocument() { return CDocument::OnNewDocument(); }
