@@ -6,10 +6,8 @@
 
 #include <windows.h>
 
-#include <string>
-#include <vector>
+#include <string.h>
 
-// Serves the queued messages, so that the keys sent so far have arrived.
 inline void PumpKeys() {
   MSG msg;
   while (::PeekMessage(&msg, NULL, 0, 0, PM_REMOVE)) {
@@ -18,61 +16,42 @@ inline void PumpKeys() {
   }
 }
 
-// Makes hWndTop the foreground window and hWndFocus its focused control.
 inline void FocusForTyping(HWND hWndTop, HWND hWndFocus) {
   ::SetForegroundWindow(hWndTop);
-  ::SetActiveWindow(hWndTop);
   ::SetFocus(hWndFocus);
   PumpKeys();
 }
 
-// Presses and releases a virtual key, with Shift held around it if asked.
+// Presses and releases a virtual key, Shift held around it if asked.
 inline void PressKey(WORD vk, bool bShift = false) {
-  std::vector<INPUT> inputs;
-  auto add = [&](WORD wVk, DWORD dwFlags) {
-    INPUT in = {};
-    in.type = INPUT_KEYBOARD;
-    in.ki.wVk = wVk;
-    in.ki.wScan = (WORD)::MapVirtualKey(wVk, 0 /* MAPVK_VK_TO_VSC */);
-    in.ki.dwFlags = dwFlags;
-    inputs.push_back(in);
-  };
-  if (bShift) add(VK_SHIFT, 0);
-  add(vk, 0);
-  add(vk, KEYEVENTF_KEYUP);
-  if (bShift) add(VK_SHIFT, KEYEVENTF_KEYUP);
-  ::SendInput((UINT)inputs.size(), &inputs[0], sizeof(INPUT));
+  INPUT in[4] = {};
+  WORD keys[4] = {VK_SHIFT, vk, vk, VK_SHIFT};
+  for (int i = 0; i < 4; i++) {
+    in[i].type = INPUT_KEYBOARD;
+    in[i].ki.wVk = keys[i];
+    in[i].ki.wScan = (WORD)::MapVirtualKey(keys[i], 0);
+    in[i].ki.dwFlags = i >= 2 ? KEYEVENTF_KEYUP : 0;
+  }
+  ::SendInput(bShift ? 4 : 2, bShift ? in : in + 1, sizeof(INPUT));
   PumpKeys();
 }
 
-// Types a character on the keys that make it in the keyboard layout.
-inline void TypeChar(char c) {
-  SHORT nScan = ::VkKeyScanA(c);
-  if (nScan == -1) return;
-  PressKey(LOBYTE(nScan), (HIBYTE(nScan) & 1) != 0);
-}
-
-// Types keys written as text: each character as itself, and the named keys
-// {BS} {DEL} {INS} {HOME} {END} {LEFT} {RIGHT}.
-inline void TypeKeys(const char* pszKeys) {
-  static const struct {
-    const char* pszName;
-    WORD vk;
-  } named[] = {{"{BS}", VK_BACK}, {"{DEL}", VK_DELETE}, {"{INS}", VK_INSERT}, {"{HOME}", VK_HOME},
-               {"{END}", VK_END}, {"{LEFT}", VK_LEFT},  {"{RIGHT}", VK_RIGHT}};
-  std::string keys(pszKeys);
-  for (size_t i = 0; i < keys.size();) {
-    bool bNamed = false;
-    for (const auto& key : named) {
-      size_t nLen = strlen(key.pszName);
-      if (keys.compare(i, nLen, key.pszName) == 0) {
-        PressKey(key.vk);
-        i += nLen;
-        bNamed = true;
-        break;
-      }
+// Types each character on its keys, and the named keys {BS} {DEL} {INS}
+// {HOME} {END} {LEFT} {RIGHT}.
+inline void TypeKeys(const char* psz) {
+  static const char* names[] = {"{BS}", "{DEL}", "{INS}", "{HOME}", "{END}", "{LEFT}", "{RIGHT}"};
+  static const WORD vks[] = {VK_BACK, VK_DELETE, VK_INSERT, VK_HOME, VK_END, VK_LEFT, VK_RIGHT};
+  while (*psz != '\0') {
+    int i = 0;
+    while (i < 7 && strncmp(psz, names[i], strlen(names[i])) != 0)
+      i++;
+    if (i < 7) {
+      PressKey(vks[i]);
+      psz += strlen(names[i]);
+    } else {
+      SHORT nScan = ::VkKeyScanA(*psz++);
+      PressKey(LOBYTE(nScan), (HIBYTE(nScan) & 1) != 0);
     }
-    if (!bNamed) TypeChar(keys[i++]);
   }
 }
 

@@ -75,7 +75,7 @@ BOOL VMaskEdit::CheckChar(UINT nChar) {
     ::MessageBeep(kSimpleBeep);
     return FALSE;
   }
-  if (!m_strTemplate.IsEmpty() && m_strTemplate[nPos] != '_') {
+  if (nPos < m_strTemplate.GetLength() && m_strTemplate[nPos] != '_') {
     SendChar(m_strTemplate[nPos]);
     nPos = CaretPos();
     // A template that ends in a literal leaves the caret past the mask.
@@ -196,7 +196,7 @@ void VMaskEdit::OnChar(UINT nChar, UINT nRepCnt, UINT nFlags) {
     RecordEntered(nPos, (char)nChar);
   }
   CEdit::OnChar(nChar, nRepCnt, nFlags);
-  if (m_bSending || !m_bUseMask || m_strTemplate.IsEmpty()) return;
+  if (m_bSending || !m_bUseMask) return;
   // Step over a separator at once, so that the caret waits at an input
   // position.
   int nPos = CaretPos();
