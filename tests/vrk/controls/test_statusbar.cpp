@@ -113,6 +113,9 @@ TEST_F(StatusBarTest, NestedProgressShowsTheNewestAndLocksOutTheIdleMessage) {
   EXPECT_EQ("Copying", ShownAfterIdleMessage());
   EXPECT_EQ(160, m_bar.StepIt(posA)); // the bar's step: 10 of 200 is 5 %
   EXPECT_EQ(85, BarPos());
+  EXPECT_EQ(10, m_bar.SetStep(posA, 20)); // 10 % of 0..200 from now on
+  m_bar.StepIt(posA);
+  EXPECT_EQ(95, BarPos());
   m_bar.StopProgress(posA, "Done");
   EXPECT_EQ("Done", Shown());
   EXPECT_FALSE(m_bar.GetDlgItem(1)->IsWindowVisible());
