@@ -10,7 +10,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 top=$(cd "$here/../.." && pwd)
 out="$build/demo"
 mkdir -p "$out"
-rm -f "$out"/*.png "$out"/printed.ps
+rm -f "$out"/*.png "$out"/printed.ps "$out"/events.log
 
 export VRK_WINE_PREFIX="$out/wineprefix" VRK_WINE_GRAPHICS=x11
 export VRK_PRINTER_OUTPUT="$out/printed.ps"
@@ -89,9 +89,22 @@ shot() {
 }
 
 key() { xdotool key --delay 120 "$@"; }
+typed() { xdotool type --delay 120 "$1"; }
+
+# The gallery writes what it did into an event log; waits up to 10 s for a
+# line matching the pattern.
+events="$out/events.log"
+wait_event() {
+  local i
+  for i in $(seq 40); do
+    grep -qE "$1" "$events" 2>/dev/null && return 0
+    sleep 0.25
+  done
+  return 1
+}
 
 cd "$build/bin" || exit 1
-"$vrk_wine" vrk_gallery.exe >"$out/gallery.log" 2>&1 &
+"$vrk_wine" vrk_gallery.exe "/log:Z:${events//\//\\}" >"$out/gallery.log" 2>&1 &
 gallery=$!
 
 # 1. The main window with its toolbars, status bar and the welcome page.
@@ -111,7 +124,25 @@ sleep 0.5
 shot file-menu
 key Escape Escape
 
-# 3. The printing page from the Pages menu, then File > Print to the test
+# 3. The controls page: digits typed into the masked date and time edits;
+# the separators are the control's own.
+key alt+p c
+wait_event "page: Controls" || fail "the controls page did not open"
+typed 12252026
+key Tab
+typed 174500
+wait_event "Date: Friday, December 25, 2026 +Time: 17:45:00" ||
+  fail "the typed date and time were not read back: $(tail -n 1 "$events" 2>/dev/null)"
+shot masked-edits
+
+# 4. Nested progress in the status bar: a job of three documents.
+key alt+t n
+wait_event "progress: started" || fail "the nested progress did not start"
+sleep 1.2
+shot nested-progress
+wait_event "progress: finished" || fail "the nested progress did not finish"
+
+# 5. The printing page from the Pages menu, then File > Print to the test
 # printer: the print dialog is answered with Enter.
 key alt+p p
 wait_window "Printing" || fail "the printing page did not open"
@@ -125,7 +156,7 @@ else
   fail "the print dialog did not appear"
 fi
 
-# 4. The about box, closed with its OK button.
+# 6. The about box, closed with its OK button.
 key alt+h a
 if wait_window "About VRK Gallery"; then
   shot about-box
@@ -135,7 +166,7 @@ else
   fail "the about box did not appear"
 fi
 
-# 5. File > Exit ends the program.
+# 7. File > Exit ends the program.
 key alt+f x
 for i in $(seq 40); do
   kill -0 "$gallery" 2>/dev/null || break

@@ -18,11 +18,21 @@
 #define ID_PAGE_KEYMAP 0x8105
 #define ID_PAGE_PRINTING 0x8106
 #define ID_VIEW_PAGES_BAR 0x8110
+#define ID_TOOLS_PROGRESS 0x8120
+
+#define IDC_GALLERY_DATE 1001
+#define IDC_GALLERY_TIME 1002
 
 #define IDW_PAGES_BAR 0xE81F // a control bar id: AFX_IDW_CONTROLBAR_FIRST + 0x1F
 
 #ifndef RC_INVOKED
 #include <afxext.h>
+#include <vrk_maskedit.h>
+#include <vrk_statusbar.h>
+
+// Appends a line to the event log named by /log:<file> on the command line
+// (the demo's driver reads it back); nothing without one.
+void GalleryLog(const char* pszFormat, ...);
 
 // The application: one document template per kind of page.
 class CGalleryApp : public CWinApp {
@@ -47,12 +57,23 @@ class CMainFrame : public CMDIFrameWnd {
 public:
   CToolBar m_wndToolBar;
   CToolBar m_wndPagesBar;
-  CStatusBar m_wndStatusBar;
+  VStatusBar m_wndStatusBar;
 
   afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
+  afx_msg void OnToolsProgress();
+  afx_msg void OnUpdateToolsProgress(CCmdUI* pCmdUI);
+  afx_msg void OnTimer(UINT_PTR nIDEvent);
   afx_msg void OnViewPagesBar();
   afx_msg void OnUpdateViewPagesBar(CCmdUI* pCmdUI);
   DECLARE_MESSAGE_MAP()
+
+private:
+  // A job of three documents of ten pages each, shown as nested progress:
+  // the outer operation counts documents, the inner one pages.
+  enum { nDocuments = 3, nPages = 10 };
+  void StartDocument();
+  POSITION m_posJob = NULL, m_posDocument = NULL;
+  int m_nDocument = 0, m_nPage = 0;
 };
 
 // Every page is a document of its own; its title names the page.
@@ -67,6 +88,28 @@ class CWelcomeView : public CView {
   DECLARE_DYNCREATE(CWelcomeView)
 public:
   virtual void OnDraw(CDC* pDC);
+};
+
+// The Controls page: masked date and time edits.
+class CControlsView : public CView {
+  DECLARE_DYNCREATE(CControlsView)
+public:
+  virtual ~CControlsView();
+  virtual void OnDraw(CDC* pDC);
+  virtual void OnInitialUpdate();
+  virtual BOOL PreTranslateMessage(MSG* pMsg);
+  afx_msg int OnCreate(LPCREATESTRUCT lpcs);
+  afx_msg void OnSetFocus(CWnd* pOldWnd);
+  afx_msg void OnValueChanged();
+  afx_msg HBRUSH OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor);
+  DECLARE_MESSAGE_MAP()
+
+private:
+  CWnd* AddLabel(const char* pszText, int nTop);
+  VDateEdit m_editDate;
+  VTimeEdit m_editTime;
+  CStatic m_result;
+  CPtrArray m_labels;
 };
 
 // A printed document: a numbered text of several pages, printed from

@@ -3,7 +3,23 @@
 // document of its own kind, opened from the Pages menu or toolbar.
 #include "gallery.h"
 
+#include <stdarg.h>
+#include <stdio.h>
+
 CGalleryApp theApp;
+
+void GalleryLog(const char* pszFormat, ...) {
+  const char* pszLog = strstr(theApp.m_lpCmdLine, "/log:");
+  if (pszLog == NULL) return;
+  FILE* pFile = fopen(pszLog + 5, "a");
+  if (pFile == NULL) return;
+  va_list args;
+  va_start(args, pszFormat);
+  vfprintf(pFile, pszFormat, args);
+  va_end(args);
+  fputc('\n', pFile);
+  fclose(pFile);
+}
 
 BEGIN_MESSAGE_MAP(CGalleryApp, CWinApp)
 ON_COMMAND(ID_FILE_NEW, &CGalleryApp::OnFileNew)
@@ -27,6 +43,7 @@ struct PageKind {
 
 const PageKind s_pages[] = {
     {ID_PAGE_WELCOME, RUNTIME_CLASS(CWelcomeView)},
+    {ID_PAGE_CONTROLS, RUNTIME_CLASS(CControlsView)},
     {ID_PAGE_PRINTING, RUNTIME_CLASS(CPrintingView)},
 };
 
@@ -75,6 +92,7 @@ CDocument* CGalleryApp::OpenPage(UINT nPageID) {
     CString strTitle;
     strTitle.LoadString(nPageID);
     pDoc->SetTitle(strTitle.SpanExcluding("\n"));
+    GalleryLog("page: %s", (LPCTSTR)pDoc->GetTitle());
   }
   return pDoc;
 }
@@ -97,6 +115,9 @@ IMPLEMENT_DYNAMIC(CMainFrame, CMDIFrameWnd)
 BEGIN_MESSAGE_MAP(CMainFrame, CMDIFrameWnd)
 ON_WM_CREATE()
 ON_COMMAND(ID_VIEW_PAGES_BAR, &CMainFrame::OnViewPagesBar)
+ON_COMMAND(ID_TOOLS_PROGRESS, &CMainFrame::OnToolsProgress)
+ON_UPDATE_COMMAND_UI(ID_TOOLS_PROGRESS, &CMainFrame::OnUpdateToolsProgress)
+ON_WM_TIMER()
 ON_UPDATE_COMMAND_UI(ID_VIEW_PAGES_BAR, &CMainFrame::OnUpdateViewPagesBar)
 END_MESSAGE_MAP()
 
@@ -131,3 +152,41 @@ void CMainFrame::OnUpdateViewPagesBar(CCmdUI* pCmdUI) {
 IMPLEMENT_DYNCREATE(CPageDoc, CDocument)
 
 BOOL CPageDoc::OnNewDocument() { return CDocument::OnNewDocument(); }
+
+void CMainFrame::OnToolsProgress() {
+  m_posJob = m_wndStatusBar.StartProgress(0, nDocuments, "Printing 3 documents");
+  m_nDocument = 0;
+  StartDocument();
+  SetTimer(1, 150, NULL);
+  GalleryLog("progress: started");
+}
+
+void CMainFrame::StartDocument() {
+  CString strText;
+  strText.Format("Document %d of %d", m_nDocument + 1, (int)nDocuments);
+  m_posDocument = m_wndStatusBar.StartProgress(0, nPages, strText);
+  m_nPage = 0;
+}
+
+void CMainFrame::OnTimer(UINT_PTR nIDEvent) {
+  if (nIDEvent != 1) {
+    CMDIFrameWnd::OnTimer(nIDEvent);
+    return;
+  }
+  m_wndStatusBar.SetProgressPos(m_posDocument, ++m_nPage);
+  if (m_nPage < nPages) return;
+  // The document is done: its operation ends and the job's shows again.
+  m_wndStatusBar.StopProgress(m_posDocument, "");
+  m_posDocument = NULL;
+  m_wndStatusBar.SetProgressPos(m_posJob, ++m_nDocument);
+  if (m_nDocument < nDocuments) {
+    StartDocument();
+    return;
+  }
+  KillTimer(1);
+  m_wndStatusBar.StopProgress(m_posJob, "Printed 3 documents");
+  m_posJob = NULL;
+  GalleryLog("progress: finished");
+}
+
+void CMainFrame::OnUpdateToolsProgress(CCmdUI* pCmdUI) { pCmdUI->Enable(m_posJob == NULL); }

@@ -12,7 +12,11 @@ void CWelcomeView::OnDraw(CDC* pDC) {
       "Open its pages from the Pages menu or the second toolbar:",
       "",
       "    Welcome        this page",
+      "    Controls       masked date and time edits: type digits, the separators come by "
+      "themselves",
       "    Printing       a document of several pages; print it with File > Print",
+      "",
+      "Tools > Nested Progress runs a job whose progress nests in the status bar.",
   };
   CRect rcClient;
   GetClientRect(&rcClient);
