@@ -53,10 +53,10 @@ struct PrintedPage {
 // The character a glyph name stands for ('?' for one not listed).
 inline char GlyphChar(const std::string& name) {
   static const std::map<std::string, char> names = {
-      {"space", ' '},  {"uni00A0", ' '}, {"period", '.'}, {"comma", ','},
-      {"hyphen", '-'}, {"colon", ':'},   {"zero", '0'},   {"one", '1'},
-      {"two", '2'},    {"three", '3'},   {"four", '4'},   {"five", '5'},
-      {"six", '6'},    {"seven", '7'},   {"eight", '8'},  {"nine", '9'}};
+      {"space", ' '}, {"uni00A0", ' '},   {"period", '.'},     {"comma", ','}, {"hyphen", '-'},
+      {"colon", ':'}, {"parenleft", '('}, {"parenright", ')'}, {"zero", '0'},  {"one", '1'},
+      {"two", '2'},   {"three", '3'},     {"four", '4'},       {"five", '5'},  {"six", '6'},
+      {"seven", '7'}, {"eight", '8'},     {"nine", '9'}};
   if (name.size() == 1) return name[0];
   auto it = names.find(name);
   return it != names.end() ? it->second : '?';
