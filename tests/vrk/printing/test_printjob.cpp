@@ -439,12 +439,30 @@ public:
   BOOL m_bRemoved = FALSE;
 };
 
+// The bytes in use on every heap of the process.
+size_t BusyHeapBytes() {
+  HANDLE heaps[64];
+  DWORD n = ::GetProcessHeaps(64, heaps);
+  size_t nBusy = 0;
+  for (DWORD i = 0; i < n && i < 64; i++) {
+    ::HeapLock(heaps[i]);
+    PROCESS_HEAP_ENTRY entry;
+    entry.lpData = NULL;
+    while (::HeapWalk(heaps[i], &entry))
+      if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) nBusy += entry.cbData;
+    ::HeapUnlock(heaps[i]);
+  }
+  return nBusy;
+}
+
 TEST_F(PrintJob, NoPrinterInstalled) {
   {
     NoPrinter none;
     ASSERT_TRUE(none.m_bRemoved);
     MsgBoxCatcher catcher;
-    for (int i = 0; i < 20; i++) {
+    size_t nBusy = 0;
+    for (int i = 0; i < 220; i++) {
+      if (i == 20) nBusy = BusyHeapBytes(); // after the first jobs' caches
       CLogJob job;
       m_pFrame->m_pLog = &job.m_log;
       job.m_bDialog = FALSE;
@@ -461,6 +479,8 @@ TEST_F(PrintJob, NoPrinterInstalled) {
       EXPECT_EQ("create dc", job.m_log.back());
       m_pFrame->m_pLog = nullptr;
     }
+    // Nothing of the 200 failed jobs stays behind.
+    EXPECT_LT(BusyHeapBytes(), nBusy + 1024);
     EXPECT_TRUE(m_pFrame->IsWindowEnabled());
     EXPECT_FALSE(Spooled());
   }
