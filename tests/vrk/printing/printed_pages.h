@@ -1,10 +1,7 @@
-// The pages the test printer printed, read back from the PostScript that
-// Wine's driver writes: each page's text runs (one per TextOut), with the
-// device position each starts at.
+// The pages the test printer printed, read back from the PostScript of
+// Wine's driver: each page's text runs (one a TextOut) and where they start.
 #ifndef VRK_TESTS_PRINTED_PAGES_H
 #define VRK_TESTS_PRINTED_PAGES_H
-
-#include <windows.h>
 
 #include <map>
 #include <sstream>
@@ -13,76 +10,46 @@
 
 #include "temp_dir.h"
 
-// Where Wine's spooler writes the jobs sent to the test printer's port, as
-// a Windows path ("" when the prefix has no printer).
+// Where Wine's spooler writes the test printer's jobs, as a Windows path.
 inline std::string SpoolFile() {
-  char szUnix[MAX_PATH] = "";
-  DWORD cb = sizeof(szUnix);
-  if (::RegGetValueA(HKEY_CURRENT_USER, "Software\\Wine\\Printing\\Spooler", "LPT1:", RRF_RT_REG_SZ,
-                     NULL, szUnix, &cb) != ERROR_SUCCESS)
-    return "";
-  std::string path = std::string("Z:") + szUnix; // Wine's Z: is the Unix root
+  char sz[MAX_PATH] = "";
+  DWORD cb = sizeof(sz);
+  ::RegGetValueA(HKEY_CURRENT_USER, "Software\\Wine\\Printing\\Spooler", "LPT1:", RRF_RT_REG_SZ,
+                 NULL, sz, &cb);
+  std::string path = std::string("Z:") + sz; // Wine's Z: is the Unix root
   for (char& ch : path)
     if (ch == '/') ch = '\\';
-  return path;
+  return sz[0] != 0 ? path : "";
 }
 
 struct TextRun {
   int x, y;
   std::string text;
 };
+typedef std::vector<TextRun> PrintedPage;
 
-struct PrintedPage {
-  std::vector<TextRun> runs;
-  // The runs' texts in order, joined by '|'.
-  std::string Texts() const {
-    std::string s;
-    for (const TextRun& run : runs)
-      s += (s.empty() ? "" : "|") + run.text;
-    return s;
-  }
-  // The runs on the row at y, left to right.
-  std::vector<TextRun> Row(int y) const {
-    std::vector<TextRun> row;
-    for (const TextRun& run : runs)
-      if (run.y == y) row.push_back(run);
-    return row;
-  }
-};
-
-// The character a glyph name stands for ('?' for one not listed).
-inline char GlyphChar(const std::string& name) {
-  static const std::map<std::string, char> names = {
-      {"space", ' '}, {"uni00A0", ' '},   {"period", '.'},     {"comma", ','}, {"hyphen", '-'},
-      {"colon", ':'}, {"parenleft", '('}, {"parenright", ')'}, {"zero", '0'},  {"one", '1'},
-      {"two", '2'},   {"three", '3'},     {"four", '4'},       {"five", '5'},  {"six", '6'},
-      {"seven", '7'}, {"eight", '8'},     {"nine", '9'}};
-  if (name.size() == 1) return name[0];
-  auto it = names.find(name);
-  return it != names.end() ? it->second : '?';
-}
-
-// The pages of a PostScript file from Wine's driver: "x y moveto" starts a
-// run, "/name glyphshow" adds a character to it.
+// "x y moveto" starts a run, "/name glyphshow" adds a character to it.
 inline std::vector<PrintedPage> ReadPages(const std::string& ps) {
+  static const std::map<std::string, char> names = {
+      {"uni00A0", ' '},   {"space", ' '},      {"period", '.'}, {"comma", ','},
+      {"parenleft", '('}, {"parenright", ')'}, {"zero", '0'},   {"one", '1'},
+      {"two", '2'},       {"three", '3'},      {"four", '4'},   {"five", '5'},
+      {"six", '6'},       {"seven", '7'},      {"eight", '8'},  {"nine", '9'}};
   std::vector<PrintedPage> pages;
   std::istringstream in(ps);
   std::string line;
-  TextRun* pRun = nullptr;
   while (std::getline(in, line)) {
-    if (line.compare(0, 8, "%%Page: ") == 0) {
-      pages.push_back(PrintedPage());
-      pRun = nullptr;
-    } else if (pages.empty()) {
-      continue;
-    } else if (line.size() > 7 && line.compare(line.size() - 7, 7, " moveto") == 0) {
-      TextRun run;
-      std::istringstream(line) >> run.x >> run.y;
-      pages.back().runs.push_back(run);
-      pRun = &pages.back().runs.back();
-    } else if (pRun != nullptr && line[0] == '/' && line.size() > 10 &&
-               line.compare(line.size() - 10, 10, " glyphshow") == 0) {
-      pRun->text += GlyphChar(line.substr(1, line.size() - 11));
+    std::istringstream words(line);
+    std::string a, b, op;
+    words >> a >> b >> op;
+    if (a == "%%Page:") {
+      pages.emplace_back();
+    } else if (!pages.empty() && op == "moveto") {
+      pages.back().push_back(TextRun{atoi(a.c_str()), atoi(b.c_str()), ""});
+    } else if (!pages.empty() && !pages.back().empty() && b == "glyphshow") {
+      std::string name = a.substr(1);
+      auto it = names.find(name);
+      pages.back().back().text += name.size() == 1 ? name[0] : it != names.end() ? it->second : '?';
     }
   }
   return pages;
@@ -90,6 +57,18 @@ inline std::vector<PrintedPage> ReadPages(const std::string& ps) {
 
 inline std::vector<PrintedPage> ReadSpoolPages() {
   return ReadPages(TempDir::ReadBytes(SpoolFile()));
+}
+
+// Each page's runs joined by '|'.
+inline std::vector<std::string> PageTexts(const std::vector<PrintedPage>& pages) {
+  std::vector<std::string> texts;
+  for (const PrintedPage& page : pages) {
+    std::string s;
+    for (const TextRun& run : page)
+      s += (s.empty() ? "" : "|") + run.text;
+    texts.push_back(s);
+  }
+  return texts;
 }
 
 #endif

@@ -1,16 +1,13 @@
-// VPrintUnit on the test printer, read back from the printer's output
-// (SpoolFile): parts of a line left, centred and right, leaders, line feeds,
-// wrapping and page breaks; index trees of three levels, 50 levels and
-// 10,000 items; and the road end to end: a host's job prints chapters over
-// several pages, records its index as it goes and prints it on the next page
-// (kept as road.ps beside the spool file, for render_pages.sh).
+// VPrintUnit on the test printer, read back from its output (SpoolFile):
+// parts of a line, leaders, line feeds, wrapping and page breaks; index trees
+// 50 levels deep and of 10,000 items; and the road end to end: a report
+// printed over several pages records its index and prints it on the next
+// page (kept as road.ps beside the spool file for render_pages.sh).
 #include <vrk_printunit.h>
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <map>
-#include <string>
-#include <vector>
 
 #include "printed_pages.h"
 
@@ -20,8 +17,8 @@ namespace {
 class CBodyJob : public VPrintJob {
 public:
   std::function<void(VPrintUnit&)> m_body;
-  virtual CDialog* CreatePrintDialog() { return NULL; }
-  virtual void OnPrint() {
+  CDialog* CreatePrintDialog() { return NULL; }
+  void OnPrint() {
     VPrintUnit unit(this);
     m_body(unit);
   }
@@ -37,211 +34,126 @@ protected:
     CBodyJob job;
     job.m_body = body;
     job.UseDefaults();
-    EXPECT_EQ(VPrintJob::printDone, job.Print());
+    EXPECT_EQ(0, job.Print());
     return ReadSpoolPages();
   }
   CWinApp m_app{"PrintUnitTest"};
 };
 
-// Widths and heights as the unit measures them, in its text font.
-struct Measure {
-  VPrintUnit& unit;
-  int Width(const char* psz) {
-    CDC* pDC = unit.GetDC();
-    CFont* pOld = pDC->SelectObject(unit.GetTextFont());
-    int cx = pDC->GetTextExtent(psz, lstrlenA(psz)).cx;
-    pDC->SelectObject(pOld);
-    return cx;
-  }
-  int LineHeight() {
-    CDC* pDC = unit.GetDC();
-    CFont* pOld = pDC->SelectObject(unit.GetTextFont());
-    TEXTMETRIC tm;
-    pDC->GetTextMetrics(&tm);
-    pDC->SelectObject(pOld);
-    return tm.tmHeight + tm.tmExternalLeading;
-  }
-};
+// A text's width in the unit's text font.
+int Width(VPrintUnit& unit, const char* psz) {
+  CFont* pOld = unit.GetDC()->SelectObject(unit.GetTextFont());
+  int cx = unit.GetDC()->GetTextExtent(psz, lstrlenA(psz)).cx;
+  unit.GetDC()->SelectObject(pOld);
+  return cx;
+}
 
-TEST_F(PrintUnit, PartsOfALine) {
+TEST_F(PrintUnit, LinesOnPages) {
+  const std::string w5000(5000, 'W');
+  std::string words;
+  for (int i = 0; i < 300; i++)
+    words += (i ? " word" : "word") + std::to_string(i);
   CRect area;
-  int xMid = 0, xRight = 0, xTwelve = 0, nLine = 0;
+  int xMid = 0, xRight = 0, x12 = 0;
   std::vector<PrintedPage> pages = PrintWith([&](VPrintUnit& unit) {
-    Measure m{unit};
     area = unit.GetArea();
-    xMid = area.left + (area.Width() - m.Width("Mid")) / 2;
-    xRight = area.right - m.Width("Right");
-    xTwelve = area.right - m.Width("12");
-    nLine = m.LineHeight();
-    unit.PrintTextLine("Left\x1F"
-                       "Mid\x1E"
-                       "Right");
+    xMid = area.left + (area.Width() - Width(unit, "Mid")) / 2;
+    xRight = area.right - Width(unit, "Right");
+    x12 = area.right - Width(unit, "12");
+    unit.PrintTextLine("Left\x1FMid\x1ERight");
     unit.PrintTextLine("Intro\x1C\x1E"
                        "12");
     unit.PrintTextLine("x\ny");
     unit.PrintTextLine("A\x1C\x1C"
                        "B\x1E\x1E"
                        "C",
-                       300);
-  });
-  ASSERT_EQ(1u, pages.size());
-  const PrintedPage& page = pages[0];
-  struct {
-    const char* text;
-    int x, row; // x -1: the leader's, checked below
-  } expected[] = {{"Left", area.left, 0},  {"Mid", xMid, 0},    {"Right", xRight, 0},
-                  {"Intro", area.left, 1}, {". . .", -1, 1},    {"12", xTwelve, 1},
-                  {"x", area.left, 2},     {"y", area.left, 3}, {"A?B?C", area.left + 300, 4}};
-  ASSERT_EQ(9u, page.runs.size()) << page.Texts();
-  for (size_t i = 0; i < 9; i++) {
-    const TextRun& run = page.runs[i];
-    if (expected[i].x < 0) {
-      EXPECT_EQ(0u, run.text.find(expected[i].text)) << run.text;
-    } else {
-      EXPECT_EQ(expected[i].text, run.text);
-      EXPECT_EQ(expected[i].x, run.x) << run.text;
-    }
-    EXPECT_EQ(page.runs[0].y + expected[i].row * nLine, run.y) << run.text;
-  }
-  // The leader fills the gap between the text and the page number.
-  const TextRun &intro = page.runs[3], &dots = page.runs[4], &twelve = page.runs[5];
-  EXPECT_EQ(intro.y, dots.y);
-  EXPECT_GT(dots.x, intro.x + 50);
-  EXPECT_LT(dots.x + 10 * (int)dots.text.size(), twelve.x + 20);
-}
-
-TEST_F(PrintUnit, PagesBreakWhereALineNoLongerFits) {
-  int nPerPage = 0;
-  std::vector<PrintedPage> pages = PrintWith([&](VPrintUnit& unit) {
-    Measure m{unit};
-    nPerPage = unit.GetArea().Height() / m.LineHeight();
-    for (int i = 1; i <= 150; i++) {
-      CString s;
-      s.Format("Line %d", i);
-      unit.PrintTextLine(s);
-    }
-    EXPECT_EQ((150 + nPerPage - 1) / nPerPage, unit.GetPageNumber());
-  });
-  ASSERT_EQ((size_t)((150 + nPerPage - 1) / nPerPage), pages.size());
-  int n = 1;
-  for (const PrintedPage& page : pages) {
-    EXPECT_EQ(pages[0].runs[0].y, page.runs[0].y);
-    for (const TextRun& run : page.runs)
-      EXPECT_EQ("Line " + std::to_string(n++), run.text);
-  }
-  EXPECT_EQ(151, n);
-}
-
-TEST_F(PrintUnit, LongLinesWrap) {
-  const std::string noSpaces(5000, 'W');
-  std::string words;
-  for (int i = 0; i < 300; i++)
-    words += (i ? " word" : "word") + std::to_string(i);
-  int nLeft = 0;
-  std::vector<PrintedPage> pages = PrintWith([&](VPrintUnit& unit) {
-    nLeft = unit.GetArea().left;
-    unit.PrintTextLine(noSpaces.c_str());
+                       300); // doubled: literal
+    unit.NewPage();
+    unit.PrintTextLine(w5000.c_str());
     unit.NewPage();
     unit.PrintTextLine(words.c_str());
   });
-  ASSERT_GE(pages.size(), 3u); // 5,000 W's take more than a page
+  ASSERT_GE(pages.size(), 4u); // 5,000 W's take more than a page
+  const PrintedPage& first = pages[0];
+  struct {
+    const char* text;
+    int x, row;
+  } expected[] = {{"Left", area.left, 0},  {"Mid", xMid, 0},    {"Right", xRight, 0},
+                  {"Intro", area.left, 1}, {". . .", -1, 1},    {"12", x12, 1},
+                  {"x", area.left, 2},     {"y", area.left, 3}, {"A?B?C", area.left + 300, 4}};
+  ASSERT_EQ(9u, first.size()) << PageTexts(pages)[0];
+  for (size_t i = 0; i < 9; i++) {
+    EXPECT_EQ(first[0].y + expected[i].row * (first[3].y - first[0].y), first[i].y) << i;
+    if (expected[i].x >= 0) {
+      EXPECT_EQ(expected[i].x, first[i].x) << i;
+    }
+    EXPECT_EQ(0u, first[i].text.find(expected[i].text)) << first[i].text;
+  }
+  // The leader between the text and the number.
+  EXPECT_GT(first[4].x, first[3].x + 50);
+  EXPECT_LT(first[4].x, first[5].x);
+  // Wrapped: every row at the left edge, each page's rows from the top,
+  // the W's cut anywhere, the words at spaces only.
   std::string w, spaced;
-  for (size_t i = 0; i < pages.size(); i++)
-    for (const TextRun& run : pages[i].runs) {
-      EXPECT_EQ(nLeft, run.x);
-      EXPECT_NE(' ', run.text[0]);
+  for (size_t i = 1; i < pages.size(); i++) {
+    EXPECT_EQ(first[0].y, pages[i][0].y);
+    for (const TextRun& run : pages[i]) {
+      EXPECT_EQ(area.left, run.x);
       if (run.text[0] == 'W')
         w += run.text;
       else
         spaced += (spaced.empty() ? "" : " ") + run.text;
     }
-  EXPECT_EQ(noSpaces, w);
-  EXPECT_EQ(words, spaced); // broken at spaces only
+  }
+  EXPECT_EQ(w5000, w);
+  EXPECT_EQ(words, spaced);
 }
 
-VIndexItem Item(const char* pszText, DWORD dwFlags, WORD nPage, VPrintIndexTree* pChildren = NULL) {
+VIndexItem Item(const char* pszText, WORD nPage) {
   VIndexItem item;
   item.m_strText = pszText;
-  item.m_dwFlags = dwFlags;
+  item.m_dwFlags = VIndexItem::flagLeader | VIndexItem::flagPage;
   item.m_nPage = nPage;
-  item.m_pChildren = pChildren;
   return item;
 }
 
-TEST_F(PrintUnit, IndexTreeOfThreeLevels) {
-  VPrintIndexTree tree;
-  VPrintIndexTree* pSections = new VPrintIndexTree;
-  VPrintIndexTree* pTopics = new VPrintIndexTree;
-  pTopics->Add(Item("Topic", 3, 12));
-  pTopics->Add(Item("Aside", 1, 13));              // bit 1 clear: no number, no leader
-  pSections->Add(Item("Section", 2, 11, pTopics)); // no leader
-  tree.Add(Item("Chapter", 3, 10, pSections));
-  tree.Add(Item("Appendix", 3, 140));
-  std::vector<PrintedPage> pages = PrintWith([&](VPrintUnit& unit) { unit.PrintTree(&tree, 0); });
-  ASSERT_EQ(1u, pages.size());
-  const std::vector<TextRun>& runs = pages[0].runs;
-  std::vector<std::string> texts;
-  for (const TextRun& run : runs)
-    texts.push_back(run.text[0] == '.' ? "..." : run.text);
-  EXPECT_EQ((std::vector<std::string>{"Chapter", "...", "10", "Section", "11", "Topic", "...", "12",
-                                      "Aside", "Appendix", "...", "140"}),
-            texts);
-  // Indented by level; the numbers right of the leaders, right-aligned.
-  EXPECT_EQ(runs[0].x + 100, runs[3].x);
-  EXPECT_EQ(runs[0].x + 200, runs[5].x);
-  EXPECT_EQ(runs[0].x + 200, runs[8].x);
-  EXPECT_EQ(runs[0].x, runs[9].x);
-  for (int i : {1, 6, 10}) {
-    EXPECT_EQ(runs[i].y, runs[i + 1].y);
-    EXPECT_GT(runs[i + 1].x, runs[i].x);
-  }
-  EXPECT_EQ(runs[2].x, runs[7].x);  // two digits
-  EXPECT_GT(runs[2].x, runs[11].x); // three digits reach further left
-  EXPECT_NE(runs[8].y, runs[9].y);  // "Aside" stands alone on its row
-}
-
 TEST_F(PrintUnit, DeepAndLargeIndexTrees) {
-  // 50 levels, one item each: indents grow, then stop at three quarters of
+  // 50 levels, one item each: indents grow by 100, up to three quarters of
   // the width.
-  VPrintIndexTree deep;
+  VPrintIndexTree deep, large;
   VPrintIndexTree* pLevel = &deep;
   for (int i = 0; i < 50; i++) {
-    pLevel->Add(Item("Deep", 3, (WORD)i));
+    pLevel->Add(Item("Deep", (WORD)i));
     if (i < 49) pLevel = pLevel->ElementAt(0).m_pChildren = new VPrintIndexTree;
   }
+  for (int i = 0; i < 10000; i++)
+    large.Add(Item("Entry " + CString(std::to_string(i).c_str()), (WORD)(i % 500 + 1)));
   CRect area;
+  int nPages = 0;
   std::vector<PrintedPage> pages = PrintWith([&](VPrintUnit& unit) {
     area = unit.GetArea();
     unit.PrintTree(&deep, 0);
-  });
-  std::vector<int> xs;
-  for (const PrintedPage& page : pages)
-    for (const TextRun& run : page.runs)
-      if (run.text == "Deep") xs.push_back(run.x);
-  ASSERT_EQ(50u, xs.size());
-  EXPECT_EQ(area.left + 1700, xs[17]);
-  EXPECT_EQ(area.left + area.Width() * 3 / 4, xs[49]);
-
-  // 10,000 items: every one printed, in order, with its number.
-  VPrintIndexTree large;
-  for (int i = 0; i < 10000; i++) {
-    CString s;
-    s.Format("Entry %d", i);
-    large.Add(Item(s, 3, (WORD)(i % 500 + 1)));
-  }
-  int nPages = 0;
-  pages = PrintWith([&](VPrintUnit& unit) {
+    unit.NewPage();
     unit.PrintTree(&large, 0);
     nPages = unit.GetPageNumber();
   });
-  EXPECT_EQ((size_t)nPages, pages.size());
+  ASSERT_EQ((size_t)nPages, pages.size());
+  std::vector<int> xs;
   int n = 0;
   for (const PrintedPage& page : pages)
-    for (size_t i = 0; i + 2 < page.runs.size(); i += 3, n++) {
-      EXPECT_EQ("Entry " + std::to_string(n), page.runs[i].text);
-      EXPECT_EQ(std::to_string(n % 500 + 1), page.runs[i + 2].text);
+    for (size_t i = 0; i + 2 < page.size(); i += 3) {
+      if (page[i].text == "Deep") {
+        xs.push_back(page[i].x - area.left);
+        continue;
+      }
+      // Text, leader, number: every entry, in order.
+      EXPECT_EQ("Entry " + std::to_string(n), page[i].text);
+      EXPECT_EQ(std::to_string(n++ % 500 + 1), page[i + 2].text);
     }
   EXPECT_EQ(10000, n);
+  ASSERT_EQ(50u, xs.size());
+  EXPECT_EQ(1700, xs[17]);
+  EXPECT_EQ(area.Width() * 3 / 4, xs[49]);
 }
 
 // ---- The road end to end --------------------------------------------------------
@@ -310,7 +222,7 @@ public:
 TEST_F(PrintUnit, ReportWithItsIndexOnTheFollowingPage) {
   CReportJob job;
   job.UseDefaults();
-  ASSERT_EQ(VPrintJob::printDone, job.Print());
+  ASSERT_EQ(0, job.Print());
   std::string ps = TempDir::ReadBytes(SpoolFile());
   std::vector<PrintedPage> pages = ReadPages(ps);
   ASSERT_GE(job.m_nIndexPage, 4); // several pages of text
@@ -319,42 +231,37 @@ TEST_F(PrintUnit, ReportWithItsIndexOnTheFollowingPage) {
 
   // Where each heading was printed.
   std::map<std::string, int> printedOn;
-  for (int i = 0; i + 1 < (int)pages.size(); i++)
-    for (const TextRun& run : pages[i].runs)
-      if (!printedOn.count(run.text)) printedOn[run.text] = i + 1;
-
+  for (int i = (int)pages.size() - 2; i >= 0; i--)
+    for (const TextRun& run : pages[i])
+      printedOn[run.text] = i + 1;
+  // The index: a row per entry (same y), chapters, sections and topics
+  // indented by 100 each; the page where the heading stands right of the
+  // leader, right-aligned (all one digit); sections without a leader; the
+  // note without a page number.
   const PrintedPage& index = pages.back();
-  ASSERT_FALSE(index.runs.empty());
-  EXPECT_EQ("Index", index.runs[0].text);
-  int nEntries = 0, xNumbers = -1;
-  std::vector<int> indents;
-  for (size_t i = 1; i < index.runs.size(); i++) {
-    const TextRun& entry = index.runs[i];
-    std::vector<TextRun> row = index.Row(entry.y);
-    ASSERT_EQ(entry.text, row[0].text);
-    nEntries++;
-    if (entry.text == "Notes (unnumbered)") {
-      EXPECT_EQ(1u, row.size()); // no leader, no number
-      break;
+  ASSERT_EQ("Index", index[0].text);
+  std::vector<std::string> rows;
+  for (size_t i = 1; i < index.size();) {
+    const TextRun& entry = index[i];
+    size_t n = 1;
+    while (i + n < index.size() && index[i + n].y == entry.y)
+      n++;
+    const TextRun& number = index[i + n - 1];
+    int nIndent = (entry.x - index[0].x) / 100;
+    rows.push_back(std::to_string(nIndent) + " " + entry.text + " " + std::to_string(n));
+    if (n > 1) {
+      EXPECT_EQ(std::to_string(printedOn[entry.text]), number.text) << entry.text;
+      EXPECT_LT(entry.x, index[i + 1].x);
+      EXPECT_EQ(index[3].x, number.x);
     }
-    bool bLeader = entry.text.compare(0, 8, "Section ") != 0;
-    ASSERT_EQ(bLeader ? 3u : 2u, row.size()) << entry.text;
-    const TextRun& number = row.back();
-    EXPECT_EQ(std::to_string(printedOn[entry.text]), number.text) << entry.text;
-    if (bLeader) {
-      EXPECT_EQ('.', row[1].text[0]);
-      EXPECT_GT(row[1].x, entry.x);
-      EXPECT_GT(number.x, row[1].x);
-    }
-    if (xNumbers < 0) xNumbers = number.x;
-    EXPECT_EQ(xNumbers, number.x); // one digit each, right-aligned
-    indents.push_back(entry.x - index.runs[0].x);
-    i += row.size() - 1;
+    i += n;
   }
-  EXPECT_EQ(3 + 9 + 18 + 1, nEntries);
-  EXPECT_EQ(0, indents[0]);   // Chapter 1
-  EXPECT_EQ(100, indents[1]); // Section 1.1
-  EXPECT_EQ(200, indents[2]); // Topic 1.1.1
+  ASSERT_EQ(3u + 9 + 18 + 1, rows.size());
+  EXPECT_EQ("0 Chapter 1 3", rows[0]);
+  EXPECT_EQ("1 Section 1.1 2", rows[1]);
+  EXPECT_EQ("2 Topic 1.1.1 3", rows[2]);
+  EXPECT_EQ("0 Chapter 3 3", rows[20]);
+  EXPECT_EQ("0 Notes (unnumbered) 1", rows.back());
   // Kept for the rendering step (render_pages.sh).
   std::string road = SpoolFile();
   road = road.substr(0, road.rfind('\\') + 1) + "road.ps";
