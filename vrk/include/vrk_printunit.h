@@ -18,8 +18,11 @@
 //     laid out (so page numbers stay right) but not sent to the printer.
 //   - PrintTree prints an index tree: one line per entry, indented by level,
 //     with a dot leader and the page number right-aligned where the entry's
-//     flags ask for them. AddIndexEntry records an entry for the page being
-//     printed into the job's installed index tree.
+//     flags ask for them. An indent leaves at least a quarter of the line
+//     for the text; levels deeper than 256 are not printed (a tree that
+//     holds itself would never end). AddIndexEntry records an entry with
+//     the number of the page the position is on (call it right after
+//     printing the heading) into the job's installed index tree.
 // What it leaves out: columns, tables, pictures, headers and footers, font
 // pairs beyond the one text/heading pair (no VSelectActivePair),
 // justification, hyphenation, right-to-left text, and mapping modes whose y

@@ -92,11 +92,13 @@ TEST_F(PrintUnit, LinesOnPages) {
   // The leader between the text and the number.
   EXPECT_GT(first[4].x, first[3].x + 50);
   EXPECT_LT(first[4].x, first[5].x);
-  // Wrapped: every row at the left edge, each page's rows from the top,
+  // Wrapped: every row at the left edge, each page's rows from the top to
+  // the bottom,
   // the W's cut anywhere, the words at spaces only.
   std::string w, spaced;
   for (size_t i = 1; i < pages.size(); i++) {
     EXPECT_EQ(first[0].y, pages[i][0].y);
+    EXPECT_LE(pages[i].back().y, area.bottom);
     for (const TextRun& run : pages[i]) {
       EXPECT_EQ(area.left, run.x);
       if (run.text[0] == 'W')
