@@ -11,6 +11,11 @@
 
 IMPLEMENT_DYNAMIC(VPrintJob, CObject)
 
+// The sizes the job's records have in a 32-bit build (a 64-bit build uses
+// its own).
+static_assert(sizeof(void*) != 4 || sizeof(PRINTDLGA) == 66, "PRINTDLGA is 66 bytes");
+static_assert(sizeof(void*) != 4 || sizeof(DOCINFOA) == 20, "DOCINFOA is 20 bytes");
+
 VPrintJob::VPrintJob()
     : m_pDC(NULL), m_pDlg(NULL), m_pInfo(NULL), m_pPD(NULL), m_rectPrintable(0, 0, 0, 0),
       m_rectPage(0, 0, 0, 0), m_dwUser1(0), m_dwUser2(0), m_dwFlags(0), m_ppIndexTree(NULL) {}

@@ -153,6 +153,24 @@ TEST_F(PrintJob, DialogPaths) {
   const std::vector<std::string> kNone;
   const std::string file = dir.File("report.prn");
   std::string from, to, offered, filter;
+  auto ok = Later([](HWND) { Press(VK_RETURN); });
+  auto cancel = Later([](HWND) { Press(VK_ESCAPE); });
+  auto readRange = Later([&](HWND h) {
+    from = DialogDriver::Text(::GetDlgItem(h, edt1));
+    to = DialogDriver::Text(::GetDlgItem(h, edt2));
+    Press(VK_ESCAPE);
+  });
+  auto page2 =
+      Later([](HWND h) { Use(h, rad3), Use(h, edt1, "2"), Use(h, edt2, "2"), Press(VK_RETURN); });
+  auto toFile = Later([](HWND h) { Use(h, chx1), Press(VK_RETURN); });
+  auto chooseFile = Later([&](HWND h) {
+    int nID = ::GetDlgItem(h, cmb13) != NULL ? cmb13 : edt1;
+    offered = DialogDriver::Text(::GetDlgItem(h, nID));
+    filter = DialogDriver::Text(::GetDlgItem(h, cmb1));
+    Use(h, nID, dir.File("report").c_str()); // the default extension is added
+    Press(VK_RETURN);
+  });
+  const std::vector<std::string> k12 = {"Page 1", "Page 2"};
   struct {
     UINT nMin, nMax;
     std::vector<DialogDriver::Action> keys;
@@ -160,54 +178,13 @@ TEST_F(PrintJob, DialogPaths) {
     std::string last, file;
     std::vector<std::string> pages;
   } cases[] = {
-      {1,
-       0xFFFF,
-       {Later([](HWND) { Press(VK_RETURN); })},
-       0,
-       "end printing 0",
-       "",
-       {"Page 1", "Page 2"}},
-      // Minimum above maximum: the range shows as 5 to 5.
-      {5,
-       2,
-       {Later([&](HWND h) {
-         from = DialogDriver::Text(::GetDlgItem(h, edt1));
-         to = DialogDriver::Text(::GetDlgItem(h, edt2));
-         Press(VK_ESCAPE);
-       })},
-       1,
-       "enable 1",
-       "",
-       {}},
-      {1,
-       2,
-       {Later(
-           [](HWND h) { Use(h, rad3), Use(h, edt1, "2"), Use(h, edt2, "2"), Press(VK_RETURN); })},
-       0,
-       "end printing 0",
-       "",
-       {"Page 2"}},
-      {1,
-       2,
-       {Later([](HWND h) { Use(h, chx1), Press(VK_RETURN); }), Later([&](HWND h) {
-          int nID = ::GetDlgItem(h, cmb13) != NULL ? cmb13 : edt1;
-          offered = DialogDriver::Text(::GetDlgItem(h, nID));
-          filter = DialogDriver::Text(::GetDlgItem(h, cmb1));
-          Use(h, nID, dir.File("report").c_str()); // the default extension is added
-          Press(VK_RETURN);
-        })},
-       0,
-       "end printing 0",
-       file,
-       {"Page 1", "Page 2"}},
-      {1,
-       2,
-       {Later([](HWND h) { Use(h, chx1), Press(VK_RETURN); }),
-        Later([](HWND) { Press(VK_ESCAPE); })},
-       3,
-       "enable 1",
-       "",
-       {}},
+      // clang-format off
+      {1, 0xFFFF, {ok},                 0, "end printing 0", "",   k12},
+      {5, 2,      {readRange},          1, "enable 1",       "",   {}}, // minimum above maximum
+      {1, 2,      {page2},              0, "end printing 0", "",   {"Page 2"}},
+      {1, 2,      {toFile, chooseFile}, 0, "end printing 0", file, k12},
+      {1, 2,      {toFile, cancel},     3, "enable 1",       "",   {}},
+      // clang-format on
   };
   for (auto& c : cases) {
     CLogJob job;
@@ -233,7 +210,7 @@ TEST_F(PrintJob, DialogPaths) {
     }
     ::DeleteFileA(SpoolFile().c_str());
   }
-  EXPECT_EQ("5", from);
+  EXPECT_EQ("5", from); // the range shows as 5 to 5
   EXPECT_EQ("5", to);
   EXPECT_EQ("Output.prn", offered);
   EXPECT_EQ("Printer Files (*.prn)", filter);
