@@ -35,7 +35,8 @@ public:
 
   // The steps, in this order in the table of virtual functions.
   // The framework print dialog of m_pInfo; NULL prints without a dialog
-  // (UseDefaults must have been called).
+  // (UseDefaults must have been called). A dialog of an override's own is
+  // run with DoModal and deleted by the job.
   virtual CDialog* CreatePrintDialog();
   // Puts the page range of the framework dialog in order (from = minimum,
   // to = maximum, the maximum at least the minimum) and uses its PRINTDLG.

@@ -294,6 +294,10 @@ TEST_F(PrintJob, NoPrinterInstalled) {
     EXPECT_EQ("create dc", job.m_log.back());
   }
   EXPECT_LT(BusyHeapBytes(), nBusy + 1024); // nothing of 200 jobs stays
+  // With the dialog: the system has none to offer, which is a cancel.
+  MsgBoxCatcher catcher;
+  CLogJob job;
+  EXPECT_EQ(1, PrintCaught(job));
   EXPECT_TRUE(m_pFrame->IsWindowEnabled());
   EXPECT_FALSE(Spooled());
   // The printer back as cmake/wine-printer.c made it.
@@ -302,10 +306,10 @@ TEST_F(PrintJob, NoPrinterInstalled) {
   pi.pDatatype = (LPSTR) "RAW";
   ::ClosePrinter(::AddPrinterA(NULL, 2, (LPBYTE)&pi));
   ::SetDefaultPrinterA(kPrinter);
-  CLogJob job;
-  job.m_bDialog = 0;
-  job.UseDefaults();
-  EXPECT_EQ(0, job.Print());
+  CLogJob back;
+  back.m_bDialog = 0;
+  back.UseDefaults();
+  EXPECT_EQ(0, back.Print());
 }
 
 // Itanium C++ ABI: a pointer to a virtual member function holds 1 + its byte
