@@ -16,6 +16,7 @@
 //   threads:<n>:<lines>     n threads trace "T<t> L<i>" lines at once
 //   cover                   traces two fixed formats, the first one twice
 //   flush                   VTraceLogger::FlushLog
+//   setname:<path>          writes "FileName" in the Profiler key
 //   state                   "state:enabled=.. flags=.. filter=.. file=.."
 #include "vrk_trace.h"
 
@@ -125,6 +126,13 @@ int main(int argc, char** argv) {
       VrkTrace(0, kCoverFormats[0], 1);
       VrkTrace(0, kCoverFormats[1]);
       VrkTrace(0, kCoverFormats[0], 2);
+    } else if (verb == "setname") {
+      const std::string name = command.substr(verb.size() + 1);
+      HKEY hKey;
+      if (RegOpenKeyA(HKEY_CURRENT_USER, "Software\\Tamrix\\PELVrk Profiler", &hKey) != 0) return 4;
+      RegSetValueExA(hKey, "FileName", 0, REG_SZ, (const BYTE*)name.c_str(),
+                     (DWORD)name.size() + 1);
+      RegCloseKey(hKey);
     } else if (verb == "flush") {
       VTraceLogger::GetGlobalLogger().FlushLog();
     } else if (verb == "state") {
