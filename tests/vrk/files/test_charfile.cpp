@@ -36,6 +36,8 @@ public:
   }
 };
 
+typedef std::vector<std::string> Strings;
+
 std::vector<std::string> Fields(const char* pszLine, char cSeparator, int* pResult = NULL) {
   VCharFileReader reader;
   reader.SetSeparator(cSeparator);
@@ -49,27 +51,28 @@ std::vector<std::string> Fields(const char* pszLine, char cSeparator, int* pResu
   return out;
 }
 
-typedef std::vector<std::string> Strings;
-
-TEST(CharFileParse, FieldsAreTrimmedAndTheLastOneIsDropped) {
-  int nResult = -1;
-  EXPECT_EQ(Strings({"a", "b"}), Fields("a, b ,c", ',', &nResult));
-  EXPECT_EQ(1, nResult);
-  EXPECT_EQ(Strings({"a", "b", ""}), Fields(" a ;b;;tail", ';'));
-  EXPECT_EQ(Strings({"x", "y"}), Fields("x\ty\t", '\t'));
-  // No separator and no quote: nothing, FALSE.
-  EXPECT_EQ(Strings(), Fields("alone", ',', &nResult));
-  EXPECT_EQ(0, nResult);
-  EXPECT_EQ(Strings(), Fields("", ',', &nResult));
-  EXPECT_EQ(0, nResult);
-}
-
-TEST(CharFileParse, AQuotedFieldRunsToTheEndOfTheLine) {
-  EXPECT_EQ(Strings({"1", "\"two, \"three\", four\""}),
-            Fields("1, \"two, \"three\", four\"  ", ','));
-  EXPECT_EQ(Strings({"\"q\",x"}), Fields("  \"q\",x", ','));
-  // A quote later in a field does not count.
-  EXPECT_EQ(Strings({"a\"b", "c"}), Fields("a\"b,c,d", ','));
+// Fields are trimmed and the last one dropped; a field starting with a quote
+// runs to the end of the line; no separator and no quote gives nothing.
+TEST(CharFileParse, FieldsOfALine) {
+  const struct {
+    const char* line;
+    char sep;
+    Strings fields;
+  } cases[] = {
+      {"a, b ,c", ',', {"a", "b"}},
+      {" a ;b;;tail", ';', {"a", "b", ""}},
+      {"x\ty\t", '\t', {"x", "y"}},
+      {"alone", ',', {}},
+      {"", ',', {}},
+      {"1, \"two, \"three\", four\"  ", ',', {"1", "\"two, \"three\", four\""}},
+      {"  \"q\",x", ',', {"\"q\",x"}},
+      {"a\"b,c,d", ',', {"a\"b", "c"}}, // a quote later in a field does not count
+  };
+  for (const auto& c : cases) {
+    int nResult = -1;
+    EXPECT_EQ(c.fields, Fields(c.line, c.sep, &nResult)) << c.line;
+    EXPECT_EQ(c.fields.empty() ? 0 : 1, nResult) << c.line;
+  }
 }
 
 TEST(CharFileParse, AppendsToWhatTheArrayHoldsAndRefusesNoArray) {
@@ -146,9 +149,12 @@ TEST(CharFileRead, LineBufferIsBoundedAt1199Characters) {
   EXPECT_EQ(0, hugeWalker.ReadFile());
 }
 
-TEST(CharFileRead, MissingOrUnnamedFilesAndNoFileAtAll) {
+TEST(CharFileRead, EmptyMissingOrUnnamedFilesAndNoFileAtAll) {
   TempDir dir;
   MsgBoxCatcher catcher;
+  ASSERT_TRUE(TempDir::WriteBytes(dir.File("empty.csv"), ""));
+  LineReader empty(dir.File("empty.csv").c_str());
+  EXPECT_EQ(1, empty.ReadFile());
   LineReader missing(dir.File("missing.csv").c_str());
   EXPECT_EQ(0, missing.ReadFile());
   LineReader unnamed(NULL);
@@ -162,14 +168,6 @@ TEST(CharFileRead, MissingOrUnnamedFilesAndNoFileAtAll) {
   CString strLine("old");
   EXPECT_EQ(0, unnamed.ReadLine(strLine));
   EXPECT_TRUE(strLine.IsEmpty());
-}
-
-TEST(CharFileRead, EmptyFileIsReadAtOnce) {
-  TempDir dir;
-  const std::string name = dir.File("empty.csv");
-  ASSERT_TRUE(TempDir::WriteBytes(name, ""));
-  LineReader reader(name.c_str());
-  EXPECT_EQ(1, reader.ReadFile());
 }
 
 } // namespace

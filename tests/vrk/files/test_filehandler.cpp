@@ -176,26 +176,20 @@ TEST(FileHandlerPosition, SetGetMoveAndTheTwoGigabyteLimit) {
   EXPECT_EQ(std::string(kPositionText) + ": " + FullName(dir.File("pos.bin")), catcher.Last().text);
 }
 
-TEST(FileHandlerPosition, EveryOperationOnNoFileIsFalseWithoutABox) {
+TEST(FileHandlerClose, ClosesTheSystemFileOnlyAndNeverOpenedIsTrue) {
+  TempDir dir;
   MsgBoxCatcher catcher;
-  VFileHandler handler;
+  VFileHandler none; // every operation on no file is FALSE without a box
   unsigned long n = 5;
   char sz[MAX_PATH] = "keep";
   char* psz = sz;
-  EXPECT_EQ(0, handler.RewindFile());
-  EXPECT_EQ(0, handler.CloseFile());
-  EXPECT_EQ(0, handler.GetFilePosition(n));
-  EXPECT_EQ(0, handler.SetFilePosition(1));
-  EXPECT_EQ(0, handler.GetFileSize(n));
-  EXPECT_EQ(0, handler.MoveAheadXBytes(1));
-  EXPECT_EQ(0, handler.GetCurrentFileName(psz));
+  EXPECT_EQ(0, none.RewindFile() + none.CloseFile() + none.GetFilePosition(n) +
+                   none.SetFilePosition(1) + none.GetFileSize(n) + none.MoveAheadXBytes(1) +
+                   none.GetCurrentFileName(psz));
   EXPECT_EQ(5ul, n);
   EXPECT_STREQ("keep", sz);
   EXPECT_EQ(0u, catcher.Count());
-}
 
-TEST(FileHandlerClose, ClosesTheSystemFileOnlyAndNeverOpenedIsTrue) {
-  TempDir dir;
   CFile neverOpened;
   VFileHandler handler(&neverOpened);
   EXPECT_EQ(1, handler.CloseFile());
@@ -212,23 +206,11 @@ TEST(FileHandlerClose, ClosesTheSystemFileOnlyAndNeverOpenedIsTrue) {
   EXPECT_EQ(1, owner.CloseFile()); // already closed
   // The file can be removed: the handle really was closed.
   EXPECT_TRUE(DeleteFileA(dir.File("c.bin").c_str()));
-}
-
-TEST(FileHandlerName, FullNameOfAnOpenFileEmptyForAnUnnamedOne) {
-  TempDir dir;
-  VFileHandler handler;
-  ASSERT_EQ(1, handler.OpenAndUseNewFile(dir.File("name.txt").c_str()));
-  char sz[MAX_PATH];
-  memset(sz, 'x', sizeof sz);
-  char* psz = sz;
-  EXPECT_EQ(1, handler.GetCurrentFileName(psz));
-  EXPECT_EQ(FullName(dir.File("name.txt")), sz);
-  char* pNull = NULL;
-  EXPECT_EQ(0, handler.GetCurrentFileName(pNull));
-
-  CFile unnamed;
-  EXPECT_EQ(1, handler.GetCurrentFileName(&unnamed, psz));
+  // The name of a file without one is empty.
+  EXPECT_EQ(1, owner.GetCurrentFileName(&neverOpened, psz));
   EXPECT_STREQ("", sz);
+  char* pNull = NULL;
+  EXPECT_EQ(0, owner.GetCurrentFileName(pNull));
 }
 
 TEST(FileHandlerErrors, TextsAndFallbacks) {
