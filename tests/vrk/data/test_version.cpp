@@ -1,6 +1,7 @@
 // Ordering of version words; version resources read from fixture binaries.
 #include <vrk_version.h>
 #include <temp_dir.h>
+#include <child_process.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -18,12 +19,7 @@ TEST(VersionWord, OrdersByHighThenLowSigned) {
 namespace {
 
 // A fixture binary in the test program's own folder.
-std::string BinFile(const char* name) {
-  char path[MAX_PATH];
-  DWORD n = GetModuleFileNameA(NULL, path, MAX_PATH);
-  std::string dir(path, n);
-  return dir.substr(0, dir.find_last_of('\\') + 1) + name;
-}
+std::string BinFile(const char* name) { return ExeDir() + "\\" + name; }
 
 } // namespace
 

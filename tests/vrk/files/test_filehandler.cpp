@@ -28,48 +28,35 @@ public:
   int* m_pDeleted;
 };
 
-TEST(FileHandlerOwnership, BorrowedFileIsNeverDeletedOwnedFileIs) {
-  int deleted = 0;
-  CountedFile* pFile = new CountedFile(&deleted);
-  {
-    VFileHandler handler(pFile);
-    CFile* pGot = NULL;
-    EXPECT_EQ(1, handler.GetCurrentFile(pGot));
-    EXPECT_EQ(pFile, pGot);
-    EXPECT_EQ(0, handler.SetCurrentFile(NULL));
-    handler.GetCurrentFile(pGot);
-    EXPECT_EQ(pFile, pGot);
-  }
-  EXPECT_EQ(0, deleted);
-
-  TempDir dir;
-  {
-    VFileHandler handler;
-    ASSERT_EQ(1, handler.OpenAndUseNewFile(dir.File("own.bin").c_str()));
-    // A second open while a current file is set does nothing.
-    EXPECT_EQ(0, handler.OpenAndUseNewFile(dir.File("other.bin").c_str()));
-    EXPECT_EQ(0, handler.OpenAndUseExistingFile(dir.File("own.bin").c_str(), CFile::modeRead));
-    EXPECT_EQ(INVALID_FILE_ATTRIBUTES, GetFileAttributesA(dir.File("other.bin").c_str()));
-    // DeleteInternalCFile deletes even a borrowed file and empties the handler.
-    EXPECT_EQ(1, handler.DeleteInternalCFile());
-    CFile* pGot = pFile;
-    handler.GetCurrentFile(pGot);
-    EXPECT_EQ(NULL, pGot);
-    handler.SetCurrentFile(pFile);
-    EXPECT_EQ(1, handler.DeleteInternalCFile());
-  }
-  EXPECT_EQ(1, deleted);
-}
-
 // A handler whose owned pointer a caller cleared reports it in its destructor.
 class ClearingHandler : public VFileHandler {
 public:
   void ClearPointer() { m_pCurrentFile = NULL; }
 };
 
-TEST(FileHandlerOwnership, ClearedOwnedPointerIsReportedOnDestruction) {
+TEST(FileHandlerOwnership, BorrowedFilesAreNeverDeletedOwnedOnesAre) {
   TempDir dir;
   MsgBoxCatcher catcher;
+  int deleted = 0;
+  CountedFile* pFile = new CountedFile(&deleted);
+  CFile* pGot = NULL;
+  {
+    VFileHandler handler(pFile);
+    EXPECT_EQ(0, handler.SetCurrentFile(NULL)); // changes nothing
+    EXPECT_EQ(1, handler.GetCurrentFile(pGot));
+    EXPECT_EQ(pFile, pGot);
+    // A second open while a current file is set does nothing.
+    EXPECT_EQ(0, handler.OpenAndUseNewFile(dir.File("other.bin").c_str()));
+    EXPECT_EQ(INVALID_FILE_ATTRIBUTES, GetFileAttributesA(dir.File("other.bin").c_str()));
+  }
+  EXPECT_EQ(0, deleted);
+  {
+    VFileHandler handler(pFile); // DeleteInternalCFile deletes even a borrowed file
+    EXPECT_EQ(1, handler.DeleteInternalCFile());
+    handler.GetCurrentFile(pGot);
+    EXPECT_EQ(NULL, pGot);
+  }
+  EXPECT_EQ(1, deleted);
   CFile* pOwned = NULL;
   {
     ClearingHandler handler;
@@ -82,34 +69,27 @@ TEST(FileHandlerOwnership, ClearedOwnedPointerIsReportedOnDestruction) {
   delete pOwned;
 }
 
-TEST(FileHandlerOpen, NewAndExistingFilesAndTheOwnsFlag) {
+TEST(FileHandlerOpen, NewFilesAreReadWriteAndTruncateAndSetOutputsStay) {
   TempDir dir;
   const std::string name = dir.File("data.bin");
   VFileHandler handler;
   CFile* pFile = NULL;
   ASSERT_EQ(1, handler.OpenNewFile(name.c_str(), pFile, 1));
-  ASSERT_TRUE(pFile != NULL);
   pFile->Write("abc", 3);
-  // An out-parameter already set is never overwritten.
-  CFile* pKeep = pFile;
+  CFile* pKeep = pFile; // an output already set is never overwritten
   EXPECT_EQ(0, handler.OpenNewFile(name.c_str(), pFile, 1));
   EXPECT_EQ(pKeep, pFile);
-  // The new file was opened for reading too.
   EXPECT_EQ(1, handler.RewindFile(pFile));
   char sz[4] = {0};
   EXPECT_EQ(3u, pFile->Read(sz, 3));
-  EXPECT_STREQ("abc", sz);
   EXPECT_EQ(1, handler.CloseFile(pFile));
   delete pFile;
-
-  CFile* pExisting = NULL;
-  ASSERT_EQ(1, handler.OpenExistingFile(name.c_str(), pExisting, CFile::modeRead, 1));
+  pFile = NULL;
   unsigned long nSize = 0;
-  EXPECT_EQ(1, handler.GetFileSize(pExisting, nSize));
+  ASSERT_EQ(1, handler.OpenExistingFile(name.c_str(), pFile, CFile::modeRead, 1));
+  EXPECT_EQ(1, handler.GetFileSize(pFile, nSize));
   EXPECT_EQ(3ul, nSize);
-  delete pExisting;
-
-  // Creating an existing file truncates it (modeCreate | modeReadWrite).
+  delete pFile;
   VFileHandler owner;
   ASSERT_EQ(1, owner.OpenAndUseNewFile(name.c_str()));
   EXPECT_EQ(1, owner.GetFileSize(nSize));
@@ -132,11 +112,6 @@ TEST(FileHandlerOpen, BadNamesFailSilentlyMissingFilesWithABox) {
   ASSERT_EQ(1u, catcher.Count());
   // The failed CFile has no name to add.
   EXPECT_EQ(kOpenText, catcher.Last().text);
-  EXPECT_EQ(0, handler.OpenAndUseExistingFile(dir.File("missing.bin").c_str(), CFile::modeRead));
-  CFile* pCurrent = NULL;
-  handler.GetCurrentFile(pCurrent);
-  EXPECT_EQ(NULL, pCurrent);
-  EXPECT_EQ(2u, catcher.Count());
 }
 
 TEST(FileHandlerPosition, SetGetMoveAndTheTwoGigabyteLimit) {
@@ -200,9 +175,6 @@ TEST(FileHandlerClose, ClosesTheSystemFileOnlyAndNeverOpenedIsTrue) {
   owner.GetCurrentFile(pFile);
   EXPECT_EQ(1, owner.CloseFile());
   EXPECT_EQ(CFile::hFileNull, pFile->m_hFile);
-  CFile* pStill = NULL;
-  owner.GetCurrentFile(pStill);
-  EXPECT_EQ(pFile, pStill);
   EXPECT_EQ(1, owner.CloseFile()); // already closed
   // The file can be removed: the handle really was closed.
   EXPECT_TRUE(DeleteFileA(dir.File("c.bin").c_str()));
@@ -223,8 +195,7 @@ TEST(FileHandlerErrors, TextsAndFallbacks) {
   EXPECT_EQ(0, handler.PutErrorMessage("text", NULL));
   EXPECT_EQ(0, handler.PutErrorMessage(5004u, NULL));
   ASSERT_EQ(2u, catcher.Count());
-  EXPECT_EQ(kNoFileText, catcher.Boxes()[0].text);
-  EXPECT_EQ(kNoFileText, catcher.Boxes()[1].text);
+  EXPECT_EQ(kNoFileText, catcher.Last().text);
   catcher.Clear();
 
   // A NULL text shows nothing.
@@ -236,8 +207,6 @@ TEST(FileHandlerErrors, TextsAndFallbacks) {
   // An empty text becomes string 5006; the current file is named.
   EXPECT_EQ(1, handler.PutErrorMessage("", NULL));
   EXPECT_EQ(kUnknownText + suffix, catcher.Last().text);
-  EXPECT_EQ(1, handler.PutErrorMessage("Custom", NULL));
-  EXPECT_EQ("Custom" + suffix, catcher.Last().text);
   // A string id that the resource module lacks falls back to 5006.
   EXPECT_EQ(1, handler.PutErrorMessage(4321u, NULL));
   EXPECT_EQ(kUnknownText + suffix, catcher.Last().text);
@@ -246,7 +215,7 @@ TEST(FileHandlerErrors, TextsAndFallbacks) {
   // An explicit file without a name adds nothing.
   EXPECT_EQ(1, handler.PutErrorMessage(5005u, &unnamed));
   EXPECT_EQ(kPositionText, catcher.Last().text);
-  EXPECT_EQ(5u, catcher.Count());
+  EXPECT_EQ(4u, catcher.Count());
   EXPECT_EQ(std::vector<int>(1, IDOK), catcher.Last().buttons);
 }
 

@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "child_process.h"
 #include "msgbox_catcher.h"
 
 namespace {
@@ -16,12 +17,7 @@ std::string ModulePath(HMODULE hModule) {
   return szPath;
 }
 
-std::string LangDir() {
-  char szExe[MAX_PATH];
-  ::GetModuleFileNameA(NULL, szExe, MAX_PATH);
-  std::string strDir(szExe);
-  return strDir.substr(0, strDir.rfind('\\')) + "\\lang";
-}
+std::string LangDir() { return ExeDir() + "\\lang"; }
 
 bool IsEnglishUser() { return ::GetUserDefaultLCID() == 1033; }
 

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "child_process.h"
 #include "scratch_registry.h"
 #include "temp_dir.h"
 
@@ -17,45 +18,21 @@ const char kSettings[] = "Software\\Tamrix\\PEL\\Settings";
 
 typedef std::map<std::string, std::vector<std::string>> Report;
 
-std::string BinDir() {
-  char szExe[MAX_PATH];
-  ::GetModuleFileNameA(NULL, szExe, MAX_PATH);
-  std::string strDir(szExe);
-  return strDir.substr(0, strDir.rfind('\\'));
-}
-
 // Runs the load host with the given options and parses its report.
 Report RunLoadHost(const std::string& strOptions) {
   TempDir dir;
-  std::string strReport = dir.File("report.txt");
-  std::string strCmd =
-      "\"" + BinDir() + "\\vrk_frame_loadhost.exe\" \"" + strReport + "\" " + strOptions;
-  STARTUPINFOA si;
-  memset(&si, 0, sizeof(si));
-  si.cb = sizeof(si);
-  PROCESS_INFORMATION pi;
-  std::vector<char> cmd(strCmd.begin(), strCmd.end());
-  cmd.push_back('\0');
+  const std::string strReport = dir.File("report.txt");
+  EXPECT_EQ(0u, RunProcess("\"" + ExeDir() + "\\vrk_frame_loadhost.exe\" \"" + strReport + "\" " +
+                               strOptions,
+                           ExeDir().c_str()));
   Report report;
-  if (!::CreateProcessA(NULL, &cmd[0], NULL, NULL, FALSE, 0, NULL, BinDir().c_str(), &si, &pi)) {
-    ADD_FAILURE() << "cannot start the load host: " << ::GetLastError();
-    return report;
-  }
-  EXPECT_EQ(WAIT_OBJECT_0, ::WaitForSingleObject(pi.hProcess, 60000));
-  DWORD dwExit = 99;
-  ::GetExitCodeProcess(pi.hProcess, &dwExit);
-  EXPECT_EQ(0u, dwExit);
-  ::CloseHandle(pi.hThread);
-  ::CloseHandle(pi.hProcess);
   std::string strText = TempDir::ReadBytes(strReport);
-  size_t nPos = 0;
-  while (nPos < strText.size()) {
-    size_t nEnd = strText.find('\n', nPos);
+  for (size_t nPos = 0, nEnd; nPos < strText.size(); nPos = nEnd + 1) {
+    nEnd = strText.find('\n', nPos);
     if (nEnd == std::string::npos) nEnd = strText.size();
-    std::string strLine = strText.substr(nPos, nEnd - nPos);
-    size_t nEq = strLine.find('=');
+    const std::string strLine = strText.substr(nPos, nEnd - nPos);
+    const size_t nEq = strLine.find('=');
     if (nEq != std::string::npos) report[strLine.substr(0, nEq)].push_back(strLine.substr(nEq + 1));
-    nPos = nEnd + 1;
   }
   return report;
 }
@@ -157,7 +134,7 @@ TEST(ModuleData, VersionPairsExecutableAndAcronyms) {
   EXPECT_TRUE(VrkPrivGetProductMajorVersion() == zero);
   EXPECT_TRUE(VrkPrivGetProductMinorVersion() == zero);
 
-  EXPECT_EQ(BinDir(), VrkPrivGetExePath());
+  EXPECT_EQ(ExeDir(), VrkPrivGetExePath());
   EXPECT_STREQ("vrk_frame_startup.exe", VrkPrivGetExeName());
   EXPECT_EQ(::GetModuleHandleA("VRK.dll"), VrkPrivGetInstance());
   CString strName("vrk_");

@@ -4,6 +4,7 @@
 // file is written in text mode: each line ends in CR LF.
 #include "vrk_trace.h"
 
+#include "child_process.h"
 #include "scratch_registry.h"
 #include "temp_dir.h"
 
@@ -29,13 +30,6 @@ struct HostRun {
   std::vector<std::string> boxes;  // "caption|text"
   std::vector<std::string> states; // "enabled=.. flags=.. filter=.. file=.."
 };
-
-std::string HostPath() {
-  char path[MAX_PATH];
-  DWORD n = GetModuleFileNameA(NULL, path, MAX_PATH);
-  std::string exe(path, n);
-  return exe.substr(0, exe.find_last_of('\\') + 1) + "vrk_trace_host.exe";
-}
 
 std::vector<std::string> Lines(const std::string& text, const std::string& eol) {
   std::vector<std::string> lines;
@@ -97,27 +91,13 @@ protected:
   }
 
   HostRun Run(std::initializer_list<std::string> commands) {
-    HostRun run;
     const std::string report = m_dir.File("report.txt");
     DeleteFileA(report.c_str());
-    std::string line = "\"" + HostPath() + "\" \"" + report + "\"";
+    std::string line = "\"" + ExeDir() + "\\vrk_trace_host.exe\" \"" + report + "\"";
     for (const std::string& c : commands)
       line += " \"" + c + "\"";
-    STARTUPINFOA si = {sizeof(si)};
-    PROCESS_INFORMATION pi;
-    std::vector<char> buffer(line.begin(), line.end());
-    buffer.push_back('\0');
-    if (!CreateProcessA(NULL, buffer.data(), NULL, NULL, FALSE, 0, NULL, NULL, &si, &pi)) {
-      ADD_FAILURE() << "cannot start " << HostPath();
-      return run;
-    }
-    DWORD exitCode = 99;
-    if (WaitForSingleObject(pi.hProcess, 180000) != WAIT_OBJECT_0)
-      TerminateProcess(pi.hProcess, 98);
-    GetExitCodeProcess(pi.hProcess, &exitCode);
-    CloseHandle(pi.hThread);
-    CloseHandle(pi.hProcess);
-    EXPECT_EQ(0u, exitCode);
+    EXPECT_EQ(0u, RunProcess(line, NULL, 180000));
+    HostRun run;
     for (const std::string& l : Lines(TempDir::ReadBytes(report), "\n")) {
       if (l.compare(0, 4, "box:") == 0) run.boxes.push_back(l.substr(4));
       if (l.compare(0, 6, "state:") == 0) run.states.push_back(l.substr(6));
