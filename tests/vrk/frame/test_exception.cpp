@@ -21,25 +21,6 @@ std::string SystemText(DWORD dwError) {
   return strText;
 }
 
-// ---- Run-time classes -------------------------------------------------------------
-
-TEST(VrkExceptionClasses, AreDynamicUnderTheirOwnNames) {
-  CRuntimeClass* classes[] = {RUNTIME_CLASS(VException), RUNTIME_CLASS(VNullException),
-                              RUNTIME_CLASS(VInvalidDataException)};
-  const char* names[] = {"VException", "VNullException", "VInvalidDataException"};
-  for (int i = 0; i < 3; i++) {
-    SCOPED_TRACE(names[i]);
-    EXPECT_STREQ(names[i], classes[i]->m_lpszClassName);
-    EXPECT_EQ(0xFFFFu, classes[i]->m_wSchema);
-    EXPECT_TRUE(classes[i]->m_pfnCreateObject == NULL);
-    EXPECT_TRUE(classes[i]->IsDerivedFrom(RUNTIME_CLASS(CException)));
-    for (int j = 0; j < 3; j++) {
-      if (j == i) continue;
-      EXPECT_FALSE(classes[i]->IsDerivedFrom(classes[j]));
-    }
-  }
-}
-
 // ---- VException ---------------------------------------------------------------------
 
 TEST(VException, ThrownFromTextAndCaughtInTheHost) {
