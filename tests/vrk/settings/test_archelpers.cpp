@@ -5,7 +5,8 @@
 #include <afxwin.h>
 #include <gtest/gtest.h>
 
-#include "settings_testing.h"
+#include "archive_bytes.h"
+#include "exception_probe.h"
 
 #include <string.h>
 
@@ -16,9 +17,8 @@ std::string Slim(unsigned long value) {
 }
 
 unsigned long ReadSlim(const std::string& bytes) {
-  LoadingArchive ar(bytes);
   unsigned long value = 0xDEADBEEF;
-  VrkArReadSlim(*ar, value);
+  LoadBytes(bytes, [&](CArchive& ar) { VrkArReadSlim(ar, value); });
   return value;
 }
 
@@ -41,19 +41,18 @@ TEST(ArSlim, EachFormAtItsBoundsBothWays) {
   EXPECT_EQ(65534UL, ReadSlim("\xFF\xFE\xFF"));
   EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([] { ReadSlim("\xFF\x01"); }));
   EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([] { ReadSlim("\xFF\xFF\xFF\x01\x02"); }));
-  EXPECT_EQ(CArchiveException::readOnly, ArchiveCause([] {
-              LoadingArchive ar("x");
-              VrkArWriteSlim(*ar, 1);
-            }));
+  EXPECT_EQ(CArchiveException::readOnly,
+            ArchiveCause([] { LoadBytes("x", [](CArchive& ar) { VrkArWriteSlim(ar, 1); }); }));
 }
 
 // ---- lines -------------------------------------------------------------------
 
 std::string ReadLine(const std::string& bytes, int limit) {
-  LoadingArchive ar(bytes);
   char buffer[64];
   memset(buffer, '#', sizeof(buffer));
-  EXPECT_EQ(buffer, VrkArReadString(*ar, buffer, (unsigned int)limit));
+  LoadBytes(bytes, [&](CArchive& ar) {
+    EXPECT_EQ(buffer, VrkArReadString(ar, buffer, (unsigned int)limit));
+  });
   return buffer;
 }
 
@@ -64,12 +63,13 @@ TEST(ArReadString, OnlyCarriageReturnEndsALineAndTheLimitCuts) {
   // as the line feed whatever it is, and kept only with a negative limit.
   EXPECT_EQ("a\nb", ReadLine("a\nb\rX", 10));
   EXPECT_EQ("a\nbX", ReadLine("a\nb\rX", -10));
-  LoadingArchive ar("abcdef\r\n");
-  char buffer[8];
-  memset(buffer, '#', sizeof(buffer));
-  EXPECT_STREQ("abcd", VrkArReadString(*ar, buffer, 4));
-  EXPECT_EQ('#', buffer[5]); // nothing written past the terminator
-  EXPECT_STREQ("ef", VrkArReadString(*ar, buffer, 4));
+  LoadBytes("abcdef\r\n", [](CArchive& ar) {
+    char buffer[8];
+    memset(buffer, '#', sizeof(buffer));
+    EXPECT_STREQ("abcd", VrkArReadString(ar, buffer, 4));
+    EXPECT_EQ('#', buffer[5]); // nothing written past the terminator
+    EXPECT_STREQ("ef", VrkArReadString(ar, buffer, 4));
+  });
 }
 
 TEST(ArReadString, EndOfArchiveAndNullBufferThrow) {
@@ -77,10 +77,9 @@ TEST(ArReadString, EndOfArchiveAndNullBufferThrow) {
   // The line feed after a final carriage return is read too.
   EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([] { ReadLine("abc\r", 10); }));
   // A NULL buffer is a broken precondition, reported with this source file.
-  LoadingArchive ar("abc\r\n");
   std::string message;
   try {
-    VrkArReadString(*ar, (char*)NULL, 10);
+    LoadBytes("abc\r\n", [](CArchive& ar) { VrkArReadString(ar, (char*)NULL, 10); });
   } catch (VInvalidDataException* e) {
     // The library's one static object: auto-delete is set, so no Delete.
     message = e->GetMessage();
@@ -89,10 +88,11 @@ TEST(ArReadString, EndOfArchiveAndNullBufferThrow) {
 }
 
 std::string ReadText(const std::string& bytes, CString* second = NULL) {
-  LoadingArchive ar(bytes);
   CString text("old");
-  EXPECT_EQ(1, VrkArReadString(*ar, text));
-  if (second != NULL) VrkArReadString(*ar, *second);
+  LoadBytes(bytes, [&](CArchive& ar) {
+    EXPECT_EQ(1, VrkArReadString(ar, text));
+    if (second != NULL) VrkArReadString(ar, *second);
+  });
   return std::string(text, text.GetLength());
 }
 

@@ -3,7 +3,8 @@
 #include <vrk_mru.h>
 #include <gtest/gtest.h>
 
-#include "settings_testing.h"
+#include "archive_bytes.h"
+#include "exception_probe.h"
 
 #include <vector>
 
@@ -94,8 +95,7 @@ TEST(StringMruListSerialize, WritesTheEntriesThenTheCapacity) {
   EXPECT_EQ(std::string("\003\000\002Ab\001B\000\003\000\000\000", 12), bytes);
 
   VStringMruList loaded(1);
-  LoadingArchive ar(bytes);
-  loaded.Serialize(*ar);
+  LoadBytes(bytes, [&](CArchive& ar) { loaded.Serialize(ar); });
   EXPECT_EQ(3, loaded.GetSize());
   EXPECT_EQ(Strings({"Ab", "B", ""}), Entries(loaded));
 }
@@ -105,14 +105,12 @@ TEST(StringMruListSerialize, CorruptArchivesLeaveTheListAlone) {
   list.Add("keep");
   // The capacity disagrees with the number of entries.
   const std::string mismatch("\x01\x00\x01x\x05\x00\x00\x00", 8);
-  EXPECT_EQ(CArchiveException::badIndex, ArchiveCause([&] {
-              LoadingArchive ar(mismatch);
-              list.Serialize(*ar);
-            }));
+  EXPECT_EQ(CArchiveException::badIndex,
+            ArchiveCause([&] { LoadBytes(mismatch, [&](CArchive& ar) { list.Serialize(ar); }); }));
   // Cut short before the capacity.
   EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([&] {
-              LoadingArchive ar(std::string("\x01\x00\x01x\x01\x00", 6));
-              list.Serialize(*ar);
+              LoadBytes(std::string("\001\000\001x\001\000", 6),
+                        [&](CArchive& ar) { list.Serialize(ar); });
             }));
   EXPECT_EQ(Strings({"keep", ""}), Entries(list));
 }
