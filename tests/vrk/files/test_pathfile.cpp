@@ -1,5 +1,5 @@
 // Paths on disk: folder chains with their result, last error and roll-back,
-// shell copy and delete, attribute changes, temporary names, long names.
+// shell copy and delete, attribute changes and temporary names.
 #include <vrk_path.h>
 #include <gtest/gtest.h>
 
@@ -7,7 +7,6 @@
 
 #include <io.h>
 #include <shellapi.h>
-#include <shlobj.h>
 
 #include <string>
 
@@ -116,22 +115,6 @@ TEST(PathTempName, FolderWithExtensionAndAdoptedNames) {
     EXPECT_STREQ("", drop.GetPath());
   }
   EXPECT_FALSE(Exists(dir.File("adopted.txt")));
-}
-
-TEST(PathSystemFolders, LongNameOfAShortNameAndAVirtualFolder) {
-  TempDir dir;
-  std::string longName = dir.File("a rather long file name.text");
-  ASSERT_TRUE(TempDir::WriteBytes(longName, "l"));
-  char shortName[MAX_PATH];
-  ASSERT_NE(0u, GetShortPathNameA(longName.c_str(), shortName, MAX_PATH));
-  CString strLong;
-  EXPECT_EQ((unsigned long)strLong.GetLength(),
-            VrkPathGetLongPathName(shortName, strLong, MAX_PATH));
-  EXPECT_STREQ("a rather long file name.text", VrkGetFileName(strLong)) << (const char*)strLong;
-  strLong = "stale";
-  EXPECT_EQ(0u, VrkPathGetLongPathName(dir.File("no such file.x").c_str(), strLong, MAX_PATH));
-  EXPECT_TRUE(strLong.IsEmpty());
-  EXPECT_TRUE(VrkPathGetSpecialFolderPath(CSIDL_DRIVES).IsEmpty());
 }
 
 } // namespace
