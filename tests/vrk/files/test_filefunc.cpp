@@ -88,7 +88,7 @@ TEST(FileComp, SizesThenBytesSameNamesMissingAndHeldFiles) {
   } cases[] = {{bytes, a, b, 0},     {differs, a, b, 1}, {differs, b, a, -1}, {shorter, a, b, 10},
                {shorter, b, a, -10}, {"", e1, e2, 0},    {"", a, upper, 0}};
   for (const auto& c : cases) {
-    if (!c.bContent.empty()) ASSERT_TRUE(TempDir::WriteBytes(b, c.bContent));
+    ASSERT_TRUE(c.bContent.empty() || TempDir::WriteBytes(b, c.bContent));
     long n = 99;
     EXPECT_EQ(1, VrkFileComp(c.x.c_str(), c.y.c_str(), n)) << c.x << " " << c.y;
     EXPECT_EQ(c.n, n) << c.x << " " << c.y;

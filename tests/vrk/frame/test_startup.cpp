@@ -71,9 +71,9 @@ TEST_F(StartupTest, EnglishUnlessUseSystemIsZeroAndALanguageIsSet) {
   } cases[] = {{-1, NULL}, {-1, "DEU"}, {1, "DEU"}, {0, NULL}};
   for (const auto& c : cases) {
     ScratchRegistry::DeleteTree(kSettings);
-    if (c.useSystem >= 0)
-      ASSERT_TRUE(ScratchRegistry::WriteDword(kSettings, "UseSystem", c.useSystem));
-    if (c.language) ASSERT_TRUE(ScratchRegistry::WriteString(kSettings, "Language", c.language));
+    ASSERT_TRUE(c.useSystem < 0 ||
+                ScratchRegistry::WriteDword(kSettings, "UseSystem", c.useSystem));
+    ASSERT_TRUE(!c.language || ScratchRegistry::WriteString(kSettings, "Language", c.language));
     Report report = RunLoadHost("anchor");
     EXPECT_EQ("1", One(report, "loaded")) << c.useSystem;
     EXPECT_EQ(kEnglishText, One(report, "text")) << c.useSystem;
@@ -103,9 +103,8 @@ TEST_F(StartupTest, GermanIsFoundBesideTheResourceModule) {
   report = RunLoadHost("");
   EXPECT_EQ("", One(report, "deu"));
   EXPECT_EQ(kEnglishText, One(report, "text"));
-  EXPECT_EQ(IsEnglishUser() ? 1u : 0u, BoxCount(report));
-  if (IsEnglishUser())
-    EXPECT_EQ("|The dynamic link library vrk_DEU could not be found", One(report, "box"));
+  EXPECT_EQ(IsEnglishUser() ? "|The dynamic link library vrk_DEU could not be found" : "<missing>",
+            One(report, "box"));
 }
 
 TEST_F(StartupTest, MissingLanguageNamesItInTheBoxThenUsesEnglish) {
@@ -117,8 +116,8 @@ TEST_F(StartupTest, MissingLanguageNamesItInTheBoxThenUsesEnglish) {
   EXPECT_EQ(kEnglishText, One(report, "inittext"));
   // English chosen: InitVrkDll initialises the English module twice.
   EXPECT_EQ((std::vector<std::string>{"1", "3"}), report["enuentries"]);
-  if (IsEnglishUser())
-    EXPECT_EQ("|The dynamic link library vrk_XYZ could not be found", One(report, "box"));
+  EXPECT_EQ(IsEnglishUser() ? "|The dynamic link library vrk_XYZ could not be found" : "<missing>",
+            One(report, "box"));
 }
 
 // ---- Module data ----------------------------------------------------------------
