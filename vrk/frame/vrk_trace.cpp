@@ -34,15 +34,6 @@ private:
   HKEY m_hKey;
 };
 
-// "FileName" as it stands in the Profiler key now, for the failure message.
-// The settings keep no copy of it, so it is read again here.
-CString ReadProfilerFileName() {
-  HKEY hKey = NULL;
-  if (RegOpenKeyA(HKEY_CURRENT_USER, kProfilerKey, &hKey) != ERROR_SUCCESS) return CString();
-  KeyCloser closer(hKey);
-  return VrkRegQueryString(hKey, "FileName", NULL);
-}
-
 // The local time of the seconds as "%H:%M.%S"; empty when it cannot convert.
 void FormatClock(__time64_t seconds, char (&buffer)[128]) {
   buffer[0] = '\0';
@@ -83,7 +74,10 @@ void VTraceData::Load() {
     m_bEnabled = 1;
     m_nLoadState = 1;
   } else {
-    const CString strFile = VrkRegQueryString(hKey, "FileName", NULL);
+    // Kept for the failure message of a later output: a run uses the
+    // settings it read here, whatever the key says by then.
+    m_strFileName = VrkRegQueryString(hKey, "FileName", NULL);
+    const CString& strFile = m_strFileName;
     if (!strFile.IsEmpty()) {
       // Truncated: every run starts a new file.
       const int nFile =
@@ -196,7 +190,7 @@ void VTrace::Output(const char* pszText, int nLength) {
   } else if (data.m_nFile == -1) {
     CString strMessage;
     strMessage.Format("Trace can't open output file specified by '%s'",
-                      (LPCTSTR)ReadProfilerFileName());
+                      (LPCTSTR)data.m_strFileName);
     MessageBoxA(NULL, strMessage, kCaption, MB_OK);
     data.m_bEnabled = 0;
   } else {

@@ -28,8 +28,9 @@ public:
   VGlobal(unsigned long nSize, unsigned int nFlags);
   VGlobal(const VGlobal& other);
   VGlobal& operator=(const VGlobal& other);
-  virtual ~VGlobal();
 
+  // Virtual slots in this order: Alloc, ReAlloc, Free, then the destructor
+  // (code built against the library calls them by slot).
   // GlobalAlloc(nFlags, nSize); an old handle is overwritten, not freed.
   virtual void* Alloc(unsigned long nSize, unsigned int nFlags);
   // GlobalReAlloc(handle, nFlags, nSize): nSize is passed as the flags and
@@ -37,6 +38,7 @@ public:
   // The result (NULL on failure) replaces the handle.
   virtual void* ReAlloc(unsigned long nSize, unsigned int nFlags);
   virtual void Free();
+  virtual ~VGlobal();
 
   // Locks once; later calls return the remembered pointer.
   void* Lock();

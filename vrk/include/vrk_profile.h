@@ -37,7 +37,8 @@ enum VREGOPENSTANDARDS {
 };
 
 // Settings in HKEY_CURRENT_USER\<root>\<section>. Copies share the key
-// handle (both own it); the destructor closes it.
+// handle (each owns a share of it); Close, Open and the destructor give
+// back this archive's share, and the key is closed with the last one.
 class VRK_API VRegArchive : public VProfileArchive {
 public:
   VRegArchive();

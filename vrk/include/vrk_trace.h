@@ -65,6 +65,7 @@ public:
   int m_nLoadState;    // 0 not loaded, -1 tried or closed, 1 loaded with an output
   int m_nBytesWritten; // since the file was last restarted
   int m_bEnabled;
+  CString m_strFileName; // "FileName" as read at loading; empty when not read
 };
 
 // The coverage log: which distinct trace formats were reached during a run,

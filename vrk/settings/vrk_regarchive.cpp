@@ -1,23 +1,69 @@
 // VRegArchive: a profile archive on a key under HKEY_CURRENT_USER.
 #include "vrk_profile.h"
 
+#include <map>
 #include <string.h>
+
+// Copies of an archive share its key handle. Each copy holds one share of
+// it, and the handle is closed when the last share is given back: a copy
+// that closes or reopens never closes a key another copy still writes to
+// (a closed handle may be reused at once by the next key opened, and the
+// other copy's writes would then land in that key). The count is
+// process-wide and locked, since copies may live on different threads.
+namespace {
+
+CRITICAL_SECTION* ShareLock() {
+  static CRITICAL_SECTION cs;
+  static const bool bReady = (InitializeCriticalSection(&cs), true);
+  (void)bReady;
+  return &cs;
+}
+
+// Never destroyed: an archive in a host's static data may close after
+// this module's statics are gone.
+std::map<HKEY, int>& Shares() {
+  static std::map<HKEY, int>* pShares = new std::map<HKEY, int>;
+  return *pShares;
+}
+
+void AddShare(HKEY hKey) {
+  if (hKey == NULL) return;
+  EnterCriticalSection(ShareLock());
+  Shares()[hKey]++;
+  LeaveCriticalSection(ShareLock());
+}
+
+// Gives one share back; closes the key with the last one. The result is
+// the close's when this was the last share, else ERROR_SUCCESS.
+LONG ReleaseShare(HKEY hKey) {
+  EnterCriticalSection(ShareLock());
+  std::map<HKEY, int>::iterator it = Shares().find(hKey);
+  const bool bLast = it == Shares().end() || --it->second == 0;
+  if (bLast && it != Shares().end()) Shares().erase(it);
+  // Closed under the lock, so that no other thread's Open can be handed
+  // the same value before the count is gone.
+  const LONG rc = bLast ? RegCloseKey(hKey) : ERROR_SUCCESS;
+  LeaveCriticalSection(ShareLock());
+  return rc;
+}
+
+} // namespace
 
 VRegArchive::VRegArchive() : m_hKey(NULL) {}
 
-// Copies share the handle: whichever closes first closes it for both.
-VRegArchive::VRegArchive(const VRegArchive& other) : VProfileArchive(), m_hKey(other.m_hKey) {}
+VRegArchive::VRegArchive(const VRegArchive& other) : VProfileArchive(), m_hKey(other.m_hKey) {
+  AddShare(m_hKey);
+}
 
 VRegArchive& VRegArchive::operator=(const VRegArchive& other) {
-  // Our own earlier key is closed rather than leaked (a shared copy of it
-  // keeps a dead handle, as after any Close of a shared key).
-  if (m_hKey != NULL && m_hKey != other.m_hKey) RegCloseKey(m_hKey);
+  AddShare(other.m_hKey); // first, so that self-assignment keeps the key
+  if (m_hKey != NULL) ReleaseShare(m_hKey);
   m_hKey = other.m_hKey;
   return *this;
 }
 
 VRegArchive::~VRegArchive() {
-  if (m_hKey != NULL) RegCloseKey(m_hKey);
+  if (m_hKey != NULL) ReleaseShare(m_hKey);
 }
 
 int VRegArchive::Open(const char* section, const char* root, DWORD flags) {
@@ -28,6 +74,7 @@ int VRegArchive::Open(const char* section, const char* root, DWORD flags) {
   HKEY hKey = NULL;
   if (!VrkRegCreateKeyEx(HKEY_CURRENT_USER, path, &hKey, access)) return 0;
   m_hKey = hKey;
+  AddShare(m_hKey);
   return 1;
 }
 
@@ -46,6 +93,7 @@ int VRegArchive::Open(HKEY parent, const char* subkey, DWORD flags) {
     ok = RegOpenKeyExA(parent, subkey, 0, KEY_ALL_ACCESS, &hKey) == ERROR_SUCCESS;
   if (!ok) return 0;
   m_hKey = hKey;
+  AddShare(m_hKey);
   return 1;
 }
 
@@ -104,7 +152,8 @@ int VRegArchive::Write(const char* name, DWORD value) {
 
 int VRegArchive::Close() {
   if (m_hKey == NULL) return 0;
-  LONG rc = RegCloseKey(m_hKey);
+  // Only this archive's share: copies keep the key open.
+  LONG rc = ReleaseShare(m_hKey);
   m_hKey = NULL;
   return rc == ERROR_SUCCESS;
 }

@@ -1,6 +1,7 @@
 // Ordering of version words; version resources read from fixture binaries.
 #include <vrk_version.h>
 #include <temp_dir.h>
+#include <child_process.h>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -8,41 +9,19 @@
 TEST(VersionWord, OrdersByHighThenLowSigned) {
   const tagVersionWord v1_5 = {1, 5}, v2_0 = {2, 0}, v1_9 = {1, 9};
   const tagVersionWord minus = {-1, 0}, zero = {0, 0}, low_neg = {0, -3};
-  EXPECT_TRUE(v1_5 < v2_0);
-  EXPECT_TRUE(v2_0 > v1_9);
-  EXPECT_TRUE(v1_5 < v1_9);
-  EXPECT_FALSE(v1_9 < v1_5);
-  EXPECT_TRUE(v1_5 == v1_5);
-  EXPECT_FALSE(v1_5 == v1_9);
-  EXPECT_FALSE(v1_5 < v1_5);
-  EXPECT_FALSE(v1_5 > v1_5);
-  EXPECT_TRUE(minus < zero);
-  EXPECT_TRUE(low_neg < zero);
-  EXPECT_TRUE(zero > minus);
+  EXPECT_TRUE(v1_5 < v2_0 && v2_0 > v1_9 && v1_5 < v1_9 && !(v1_9 < v1_5));
+  EXPECT_TRUE(v1_5 == v1_5 && !(v1_5 == v1_9) && !(v1_5 < v1_5) && !(v1_5 > v1_5));
+  EXPECT_TRUE(minus < zero && low_neg < zero && zero > minus);
 }
 
 // ---- VrkFileVersionInfo over binaries built with known version resources ----
 
-
 namespace {
 
 // A fixture binary in the test program's own folder.
-std::string BinFile(const char* name) {
-  char path[MAX_PATH];
-  DWORD n = GetModuleFileNameA(NULL, path, MAX_PATH);
-  std::string dir(path, n);
-  return dir.substr(0, dir.find_last_of('\\') + 1) + name;
-}
+std::string BinFile(const char* name) { return ExeDir() + "\\" + name; }
 
 } // namespace
-
-TEST(FileVersionInfo, NothingLoadedGivesEmptyValues) {
-  VrkFileVersionInfo info;
-  EXPECT_EQ(CString(), info.GetValue("CompanyName"));
-  EXPECT_EQ(nullptr, info.GetFixedInfo());
-  EXPECT_FALSE(info.GetFileVersionInfoA(NULL));
-  EXPECT_EQ(CString(), info.GetValue("CompanyName"));
-}
 
 TEST(FileVersionInfo, ReadsFixedRecordAndFirstTranslationOnly) {
   VrkFileVersionInfo info;
@@ -75,6 +54,9 @@ TEST(FileVersionInfo, ExecutableAndReloadReplaceTheData) {
 
 TEST(FileVersionInfo, FilesWithoutVersionResourceFail) {
   VrkFileVersionInfo info;
+  EXPECT_EQ(nullptr, info.GetFixedInfo()); // nothing loaded
+  EXPECT_EQ(CString(), info.GetValue("CompanyName"));
+  EXPECT_FALSE(info.GetFileVersionInfoA(NULL));
   ASSERT_TRUE(info.GetFileVersionInfoA(BinFile("vrk_data_verdll.dll").c_str()));
   // A failed load drops what the previous one found.
   EXPECT_FALSE(info.GetFileVersionInfoA(BinFile("vrk_data_noverdll.dll").c_str()));

@@ -36,6 +36,8 @@ public:
   }
 };
 
+typedef std::vector<std::string> Strings;
+
 std::vector<std::string> Fields(const char* pszLine, char cSeparator, int* pResult = NULL) {
   VCharFileReader reader;
   reader.SetSeparator(cSeparator);
@@ -49,44 +51,31 @@ std::vector<std::string> Fields(const char* pszLine, char cSeparator, int* pResu
   return out;
 }
 
-typedef std::vector<std::string> Strings;
-
-TEST(CharFileParse, FieldsAreTrimmedAndTheLastOneIsDropped) {
-  int nResult = -1;
-  EXPECT_EQ(Strings({"a", "b"}), Fields("a, b ,c", ',', &nResult));
-  EXPECT_EQ(1, nResult);
-  EXPECT_EQ(Strings({"a", "b", ""}), Fields(" a ;b;;tail", ';'));
-  EXPECT_EQ(Strings({"x", "y"}), Fields("x\ty\t", '\t'));
-  // No separator and no quote: nothing, FALSE.
-  EXPECT_EQ(Strings(), Fields("alone", ',', &nResult));
-  EXPECT_EQ(0, nResult);
-  EXPECT_EQ(Strings(), Fields("", ',', &nResult));
-  EXPECT_EQ(0, nResult);
-}
-
-TEST(CharFileParse, AQuotedFieldRunsToTheEndOfTheLine) {
-  EXPECT_EQ(Strings({"1", "\"two, \"three\", four\""}),
-            Fields("1, \"two, \"three\", four\"  ", ','));
-  EXPECT_EQ(Strings({"\"q\",x"}), Fields("  \"q\",x", ','));
-  // A quote later in a field does not count.
-  EXPECT_EQ(Strings({"a\"b", "c"}), Fields("a\"b,c,d", ','));
-}
-
-TEST(CharFileParse, AppendsToWhatTheArrayHoldsAndRefusesNoArray) {
+// Fields are trimmed and the last one dropped; a field starting with a quote
+// runs to the end of the line; no separator and no quote gives nothing.
+TEST(CharFileParse, FieldsOfALine) {
+  const struct {
+    const char* line;
+    char sep;
+    Strings fields;
+  } cases[] = {
+      {"a, b ,c", ',', {"a", "b"}},
+      {" a ;b;;tail", ';', {"a", "b", ""}},
+      {"x\ty\t", '\t', {"x", "y"}},
+      {"alone", ',', {}},
+      {"", ',', {}},
+      {"1, \"two, \"three\", four\"  ", ',', {"1", "\"two, \"three\", four\""}},
+      {"  \"q\",x", ',', {"\"q\",x"}},
+      {"a\"b,c,d", ',', {"a\"b", "c"}}, // a quote later in a field does not count
+  };
+  for (const auto& c : cases) {
+    int nResult = -1;
+    EXPECT_EQ(c.fields, Fields(c.line, c.sep, &nResult)) << c.line;
+    EXPECT_EQ(c.fields.empty() ? 0 : 1, nResult) << c.line;
+  }
   VCharFileReader reader;
-  reader.SetSeparator('|');
-  CStringArray fields;
-  fields.Add("kept");
-  CString strLine("a|b|");
-  EXPECT_EQ(1, reader.ParseLine(strLine, &fields));
-  ASSERT_EQ(3, fields.GetSize());
-  EXPECT_STREQ("kept", fields[0]);
-  EXPECT_STREQ("b", fields[2]);
+  CString strLine("a,b");
   EXPECT_EQ(0, reader.ParseLine(strLine, NULL));
-  // Nothing new, but the array is not empty: TRUE.
-  CString strNone("none");
-  EXPECT_EQ(1, reader.ParseLine(strNone, &fields));
-  EXPECT_EQ(3, fields.GetSize());
 }
 
 TEST(CharFileRead, WalksAFileAndLeavesItOpen) {
@@ -110,22 +99,20 @@ TEST(CharFileRead, WalksAFileAndLeavesItOpen) {
   EXPECT_EQ(Strings({"[head]", "a,b,c", "", "x;y", "\"q\",1"}), lines.AllLines());
 }
 
-TEST(CharFileRead, LastLineWithoutALineFeedFailsAndClosesTheFile) {
+// A last line without a line feed, a line longer than the 1199 characters
+// of the line buffer, or a long run without any line feed fail the walk,
+// which closes the file.
+TEST(CharFileRead, UnendedAndOverlongLinesFailTheWalk) {
   TempDir dir;
-  const std::string name = dir.File("open.csv");
-  ASSERT_TRUE(TempDir::WriteBytes(name, "a,b\r\nc,d"));
-  LineReader reader(name.c_str());
-  reader.SetSeparator(',');
-  EXPECT_EQ(0, reader.ReadFile());
-  ASSERT_TRUE(reader.Current() != NULL);
-  EXPECT_EQ(CFile::hFileNull, reader.Current()->m_hFile);
-
-  LineReader lines(name.c_str());
+  ASSERT_TRUE(TempDir::WriteBytes(dir.File("open.csv"), "a,b\r\nc,d"));
+  LineReader unended(dir.File("open.csv").c_str());
+  unended.SetSeparator(',');
+  EXPECT_EQ(0, unended.ReadFile());
+  ASSERT_TRUE(unended.Current() != NULL);
+  EXPECT_EQ(CFile::hFileNull, unended.Current()->m_hFile);
+  LineReader lines(dir.File("open.csv").c_str());
   EXPECT_EQ(Strings({"a,b"}), lines.AllLines());
-}
 
-TEST(CharFileRead, LineBufferIsBoundedAt1199Characters) {
-  TempDir dir;
   const std::string fits = std::string(1199, 'f');
   const std::string name = dir.File("long.txt");
   ASSERT_TRUE(TempDir::WriteBytes(name, fits + "\r\n" + std::string(1200, 'g') + "\r\nnext\n"));
@@ -146,9 +133,12 @@ TEST(CharFileRead, LineBufferIsBoundedAt1199Characters) {
   EXPECT_EQ(0, hugeWalker.ReadFile());
 }
 
-TEST(CharFileRead, MissingOrUnnamedFilesAndNoFileAtAll) {
+TEST(CharFileRead, EmptyMissingOrUnnamedFilesAndNoFileAtAll) {
   TempDir dir;
   MsgBoxCatcher catcher;
+  ASSERT_TRUE(TempDir::WriteBytes(dir.File("empty.csv"), ""));
+  LineReader empty(dir.File("empty.csv").c_str());
+  EXPECT_EQ(1, empty.ReadFile());
   LineReader missing(dir.File("missing.csv").c_str());
   EXPECT_EQ(0, missing.ReadFile());
   LineReader unnamed(NULL);
@@ -162,14 +152,6 @@ TEST(CharFileRead, MissingOrUnnamedFilesAndNoFileAtAll) {
   CString strLine("old");
   EXPECT_EQ(0, unnamed.ReadLine(strLine));
   EXPECT_TRUE(strLine.IsEmpty());
-}
-
-TEST(CharFileRead, EmptyFileIsReadAtOnce) {
-  TempDir dir;
-  const std::string name = dir.File("empty.csv");
-  ASSERT_TRUE(TempDir::WriteBytes(name, ""));
-  LineReader reader(name.c_str());
-  EXPECT_EQ(1, reader.ReadFile());
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <afxwin.h>
 #include <gtest/gtest.h>
 
+#include "child_process.h"
 #include "exception_probe.h"
 #include "global_testing.h"
 
@@ -38,88 +39,52 @@ std::string ClipboardBytes(UINT cf) {
 // The clipboard's text up to its terminator (the system may pad text blocks).
 std::string ClipboardText() { return ClipboardBytes(CF_TEXT).c_str(); }
 
-void EmptyTheClipboard() {
-  ASSERT_TRUE(OpenClipboardRetry());
-  EmptyClipboard();
-  CloseClipboard();
-}
-
+// Empties the clipboard, then puts the text there unless it is NULL.
 void PutRawText(const char* psz) {
   ASSERT_TRUE(OpenClipboardRetry());
   EmptyClipboard();
-  SetClipboardData(CF_TEXT, BlockOf(std::string(psz, strlen(psz) + 1)));
+  if (psz != NULL) SetClipboardData(CF_TEXT, BlockOf(std::string(psz, strlen(psz) + 1)));
   CloseClipboard();
 }
 
-// Checks an object read back as MakeShape's, and deletes it.
-void ExpectOuterShape(CObject* ob) {
+// Whether an object read back is MakeShape's (named name); deletes it.
+bool IsOuterShape(CObject* ob, const char* name = "outer") {
   std::unique_ptr<CObject> owner(ob);
-  ASSERT_NE((CObject*)NULL, ob);
-  ASSERT_EQ(RUNTIME_CLASS(CGlShape), ob->GetRuntimeClass());
-  CGlShape* shape = (CGlShape*)ob;
-  EXPECT_STREQ("outer", shape->name);
-  EXPECT_EQ(-7, shape->value);
-  ASSERT_NE((CGlShape*)NULL, shape->child);
-  EXPECT_EQ(RUNTIME_CLASS(CGlCircle), shape->child->GetRuntimeClass());
-  EXPECT_STREQ("inner", shape->child->name);
+  const CGlShape* shape = (const CGlShape*)ob;
+  return ob != NULL && ob->GetRuntimeClass() == RUNTIME_CLASS(CGlShape) && shape->name == name &&
+         shape->value == -7 && shape->child != NULL &&
+         shape->child->GetRuntimeClass() == RUNTIME_CLASS(CGlCircle) &&
+         shape->child->name == "inner";
 }
 
-// ---- The child process ---------------------------------------------------------------
-
 // This executable doubles as the other program: started with VRK_CLIP_CHILD
-// set, it does one job before any test runs and exits with a code the
-// parent checks.
-int RunChild(const char* pszJob) {
-  if (strcmp(pszJob, "get") == 0) {
-    CObject* ob = VrkClipboardGetObject(ShapeFormat(), RUNTIME_CLASS(CGlShape));
-    if (ob == NULL) return 10;
-    const CGlShape* shape = (CGlShape*)ob;
-    const bool bSame = shape->name == "outer" && shape->value == -7 && shape->child != NULL &&
-                       shape->child->IsKindOf(RUNTIME_CLASS(CGlCircle)) &&
-                       shape->child->name == "inner";
-    delete ob;
-    return bSame ? 0 : 11;
-  }
-  if (strcmp(pszJob, "put") == 0) {
-    CGlShape* shape = MakeShape();
-    shape->name = "from the child";
-    const int bPut = VrkClipboardPutObject(ShapeFormat(), shape, 0, 0, TRUE);
-    delete shape;
-    return bPut ? 0 : 20;
-  }
-  return 2;
+// set, it does one job before any test runs and exits with 0 on success.
+int DoChildJob(const char* pszJob) {
+  if (strcmp(pszJob, "get") == 0)
+    return IsOuterShape(VrkClipboardGetObject(ShapeFormat(), RUNTIME_CLASS(CGlShape))) ? 0 : 10;
+  std::unique_ptr<CGlShape> shape(MakeShape());
+  shape->name = "from the child";
+  return VrkClipboardPutObject(ShapeFormat(), shape.get(), 0, 0, TRUE) ? 0 : 20;
 }
 
 struct ChildMode {
   ChildMode() {
     char szJob[16];
     if (GetEnvironmentVariableA("VRK_CLIP_CHILD", szJob, sizeof(szJob)) != 0)
-      ExitProcess((UINT)RunChild(szJob));
+      ExitProcess((UINT)DoChildJob(szJob));
   }
 } g_childMode;
 
-DWORD RunChild(const char* pszJob, DWORD dwTimeout) {
+DWORD RunChild(const char* pszJob) {
   char szExe[MAX_PATH];
   GetModuleFileNameA(NULL, szExe, MAX_PATH);
-  std::string cmd = std::string("\"") + szExe + "\"";
   SetEnvironmentVariableA("VRK_CLIP_CHILD", pszJob);
-  STARTUPINFOA si = {};
-  si.cb = sizeof(si);
-  PROCESS_INFORMATION pi = {};
-  const BOOL bStarted = CreateProcessA(szExe, &cmd[0], NULL, NULL, FALSE, 0, NULL, NULL, &si, &pi);
+  const DWORD dwCode = RunProcess(std::string("\"") + szExe + "\"");
   SetEnvironmentVariableA("VRK_CLIP_CHILD", NULL);
-  if (!bStarted) return 0xDEAD;
-  if (WaitForSingleObject(pi.hProcess, dwTimeout) != WAIT_OBJECT_0)
-    TerminateProcess(pi.hProcess, 0xBAD);
-  DWORD dwCode = 0xBAD;
-  GetExitCodeProcess(pi.hProcess, &dwCode);
-  CloseHandle(pi.hThread);
-  CloseHandle(pi.hProcess);
   return dwCode;
 }
 
-// ---- Fixture: an application whose main window opens the clipboard --------------------
-
+// An application whose main window opens the clipboard.
 class ClipboardTest : public ::testing::Test {
 protected:
   ClipboardTest() : m_app("VrkClipboardTest") {}
@@ -127,7 +92,7 @@ protected:
     ASSERT_TRUE(
         m_wnd.CreateEx(0, AfxRegisterWndClass(0), "main", WS_OVERLAPPED, 0, 0, 10, 10, NULL, NULL));
     m_app.m_pMainWnd = &m_wnd;
-    EmptyTheClipboard();
+    PutRawText(NULL);
   }
   void TearDown() override {
     m_app.m_pMainWnd = NULL;
@@ -139,16 +104,15 @@ protected:
 };
 
 // Keeps the clipboard open on another thread while it lives.
-class ClipboardHeldElsewhere {
-public:
-  ClipboardHeldElsewhere() : m_opened(false), m_ready(false), m_release(false) {
-    m_thread = std::thread([this] {
-      m_opened = OpenClipboardRetry();
-      m_ready = true;
-      while (!m_release)
-        Sleep(5);
-      if (m_opened) CloseClipboard();
-    });
+struct ClipboardHeldElsewhere {
+  ClipboardHeldElsewhere()
+      : m_thread([this] {
+          m_opened = OpenClipboardRetry();
+          m_ready = true;
+          while (!m_release)
+            Sleep(5);
+          if (m_opened) CloseClipboard();
+        }) {
     while (!m_ready)
       Sleep(5);
   }
@@ -156,132 +120,85 @@ public:
     m_release = true;
     m_thread.join();
   }
-  bool Held() const { return m_opened; }
-
-private:
-  std::atomic<bool> m_opened, m_ready, m_release;
+  std::atomic<bool> m_opened{false}, m_ready{false}, m_release{false};
   std::thread m_thread;
 };
 
-// ---- Text ---------------------------------------------------------------------------
-
-TEST_F(ClipboardTest, TextGoesThereAndBack) {
-  CString str("clipboard text");
+TEST_F(ClipboardTest, TextGoesThereAndBackAlsoIntoAClipboardTheCallerOpened) {
+  CString str("clipboard text"), back;
   ASSERT_TRUE(VrkClipboardPutText(str, TRUE));
   EXPECT_EQ(m_wnd.m_hWnd, GetClipboardOwner());
   EXPECT_EQ("clipboard text", ClipboardText());
-  CString back;
   EXPECT_TRUE(VrkClipboardGetText(back));
   EXPECT_STREQ("clipboard text", back);
 
-  // Without text there, the string is left alone.
-  EmptyTheClipboard();
+  ASSERT_TRUE(OpenClipboard(m_wnd.m_hWnd));
+  EmptyClipboard();
+  SetClipboardData(ShapeFormat(), BlockOf("other"));
+  CString beside("beside it");
+  EXPECT_TRUE(VrkClipboardPutText(beside, FALSE));
+  EXPECT_TRUE(CloseClipboard()); // still ours to close
+  EXPECT_EQ("beside it", ClipboardText());
+  EXPECT_EQ("other", ClipboardBytes(ShapeFormat()));
+
+  // Empty text empties the clipboard and leaves it open.
+  CString empty;
+  EXPECT_TRUE(VrkClipboardPutText(empty, TRUE));
+  EXPECT_EQ(m_wnd.m_hWnd, GetOpenClipboardWindow());
+  EXPECT_TRUE(CloseClipboard());
   back = "kept";
   EXPECT_FALSE(VrkClipboardGetText(back));
   EXPECT_STREQ("kept", back);
 }
 
-TEST_F(ClipboardTest, TextJoinsAClipboardTheCallerOpened) {
-  ASSERT_TRUE(OpenClipboard(m_wnd.m_hWnd));
-  EmptyClipboard();
-  SetClipboardData(ShapeFormat(), BlockOf("other"));
-  CString str("beside it");
-  EXPECT_TRUE(VrkClipboardPutText(str, FALSE));
-  // Still ours to close.
-  EXPECT_TRUE(CloseClipboard());
-  EXPECT_EQ("beside it", ClipboardText());
-  EXPECT_EQ("other", ClipboardBytes(ShapeFormat()));
-}
-
-TEST_F(ClipboardTest, EmptyTextEmptiesAndLeavesTheClipboardOpen) {
-  PutRawText("old");
-  CString empty;
-  EXPECT_TRUE(VrkClipboardPutText(empty, TRUE));
-  // The clipboard is still open on this thread: closing it succeeds.
-  EXPECT_EQ(m_wnd.m_hWnd, GetOpenClipboardWindow());
-  EXPECT_TRUE(CloseClipboard());
-  EXPECT_FALSE(IsClipboardFormatAvailable(CF_TEXT));
-}
-
-// ---- Objects ------------------------------------------------------------------------
-
-TEST_F(ClipboardTest, AnObjectIsItsWriteObjectBytesInOneBlock) {
+TEST_F(ClipboardTest, AnObjectIsItsWriteObjectBytesInOneBlockWithOrWithoutText) {
+  PutRawText("left there");
   CGlShape* shape = MakeShape();
   const std::string expected = WriteObjectBytes(shape);
-  ASSERT_TRUE(VrkClipboardPutObject(ShapeFormat(), shape, 64, 7, TRUE));
-  EXPECT_EQ(m_wnd.m_hWnd, GetClipboardOwner());
+  // Without emptying, the text already there stays.
+  ASSERT_TRUE(VrkClipboardPutObject(ShapeFormat(), shape, 64, 7, FALSE));
+  EXPECT_EQ("left there", ClipboardText());
   // Grown in steps of 64, the tail zeroed.
   std::string block = ClipboardBytes(ShapeFormat());
   EXPECT_EQ((expected.size() + 63) / 64 * 64, block.size());
-  EXPECT_EQ(expected, block.substr(0, expected.size()));
-  EXPECT_EQ(std::string(block.size() - expected.size(), '\0'), block.substr(expected.size()));
+  EXPECT_EQ(expected + std::string(block.size() - expected.size(), '\0'), block);
+  EXPECT_TRUE(IsOuterShape(VrkClipboardGetObject(ShapeFormat(), RUNTIME_CLASS(CGlShape))));
 
-  ExpectOuterShape(VrkClipboardGetObject(ShapeFormat(), RUNTIME_CLASS(CGlShape)));
+  CString text("the shape, as text"), none;
+  ASSERT_TRUE(VrkClipboardPutObject(ShapeFormat(), shape, text, 0, 0, TRUE));
+  EXPECT_EQ(m_wnd.m_hWnd, GetClipboardOwner());
+  EXPECT_EQ("the shape, as text", ClipboardText());
+  EXPECT_TRUE(IsOuterShape(VrkClipboardGetObject(ShapeFormat(), RUNTIME_CLASS(CGlShape))));
+  ASSERT_TRUE(VrkClipboardPutObject(ShapeFormat(), shape, none, 0, 0, TRUE));
+  EXPECT_FALSE(IsClipboardFormatAvailable(CF_TEXT));
   delete shape;
+
+  // A ready block is placed as it is.
+  ASSERT_TRUE(VrkClipboardPutObject(ShapeFormat(), BlockOf("raw bytes"), TRUE));
+  EXPECT_EQ("raw bytes", ClipboardBytes(ShapeFormat()));
 }
 
-TEST_F(ClipboardTest, ObjectsAreReadBackAsTheClassAskedForOrNotAtAll) {
+TEST_F(ClipboardTest, ObjectsAreReadAsTheClassAskedForAndTheClipboardIsClosedAfter) {
   CGlShape* shape = MakeShape();
   ASSERT_TRUE(VrkClipboardPutObject(ShapeFormat(), shape, 0, 0, TRUE));
   delete shape;
   EXPECT_EQ(NULL, VrkClipboardGetObject(ShapeFormat(), NULL));
   EXPECT_EQ(NULL, VrkClipboardGetObject(RegisterClipboardFormatA("VRK test absent"),
                                         RUNTIME_CLASS(CGlShape)));
-  // CObject is no serializable class: not even a read is tried, and the
-  // clipboard is closed again.
+  // CObject is no serializable class; another class is the archive's error.
   EXPECT_EQ(RUNTIME_CLASS(CNotSupportedException), ThrownClass([] {
               delete VrkClipboardGetObject(ShapeFormat(), RUNTIME_CLASS(CObject));
             }));
   EXPECT_EQ(NULL, GetOpenClipboardWindow());
-  // Another class under the format: the archive's error, and the clipboard
-  // is closed again.
   EXPECT_EQ(CArchiveException::badClass,
             ArchiveCause([] { VrkClipboardGetObject(ShapeFormat(), RUNTIME_CLASS(CGlOther)); }));
   EXPECT_EQ(NULL, GetOpenClipboardWindow());
-  EXPECT_TRUE(OpenClipboard(NULL));
-  CloseClipboard();
-}
-
-TEST_F(ClipboardTest, ObjectsWithTextAndWithoutEmptying) {
-  PutRawText("left there");
-  CGlShape* shape = MakeShape();
-  // Without emptying, the text already there stays.
-  ASSERT_TRUE(VrkClipboardPutObject(ShapeFormat(), shape, 0, 0, FALSE));
-  EXPECT_EQ("left there", ClipboardText());
-  EXPECT_TRUE(IsClipboardFormatAvailable(ShapeFormat()));
-
-  CString text("the shape, as text");
-  ASSERT_TRUE(VrkClipboardPutObject(ShapeFormat(), shape, text, 0, 0, TRUE));
-  EXPECT_EQ("the shape, as text", ClipboardText());
-  ExpectOuterShape(VrkClipboardGetObject(ShapeFormat(), RUNTIME_CLASS(CGlShape)));
-
-  // Empty text adds none.
-  CString none;
-  ASSERT_TRUE(VrkClipboardPutObject(ShapeFormat(), shape, none, 0, 0, TRUE));
-  EXPECT_FALSE(IsClipboardFormatAvailable(CF_TEXT));
-  delete shape;
-}
-
-TEST_F(ClipboardTest, NothingToSerializeLeavesTheClipboardAlone) {
-  PutRawText("unchanged");
+  // Nothing to serialize leaves the clipboard alone.
   CGlPlain plain;
-  CString text("text");
   EXPECT_FALSE(VrkClipboardPutObject(ShapeFormat(), &plain, 0, 0, TRUE));
-  EXPECT_FALSE(VrkClipboardPutObject(ShapeFormat(), &plain, text, 0, 0, TRUE));
   EXPECT_FALSE(VrkClipboardPutObject(ShapeFormat(), (CObject*)NULL, 0, 0, TRUE));
   EXPECT_FALSE(VrkClipboardPutObject(ShapeFormat(), (void*)NULL, TRUE));
-  EXPECT_EQ("unchanged", ClipboardText());
-  EXPECT_FALSE(IsClipboardFormatAvailable(ShapeFormat()));
-}
-
-TEST_F(ClipboardTest, AReadyBlockIsPlacedAsItIs) {
-  PutRawText("before");
-  ASSERT_TRUE(VrkClipboardPutObject(ShapeFormat(), BlockOf("raw bytes"), FALSE));
-  EXPECT_EQ("raw bytes", ClipboardBytes(ShapeFormat()));
-  EXPECT_TRUE(IsClipboardFormatAvailable(CF_TEXT));
-  ASSERT_TRUE(VrkClipboardPutObject(ShapeFormat(), BlockOf("again"), TRUE));
-  EXPECT_EQ("again", ClipboardBytes(ShapeFormat()));
-  EXPECT_FALSE(IsClipboardFormatAvailable(CF_TEXT));
+  EXPECT_TRUE(IsClipboardFormatAvailable(ShapeFormat()));
 }
 
 TEST_F(ClipboardTest, AClipboardHeldElsewhereIsReportedNotWaitedFor) {
@@ -289,7 +206,7 @@ TEST_F(ClipboardTest, AClipboardHeldElsewhereIsReportedNotWaitedFor) {
   CGlShape* shape = MakeShape();
   {
     ClipboardHeldElsewhere holder;
-    ASSERT_TRUE(holder.Held());
+    ASSERT_TRUE(holder.m_opened);
     CString str("refused"), back;
     EXPECT_FALSE(VrkClipboardPutText(str, TRUE));
     EXPECT_FALSE(VrkClipboardGetText(back));
@@ -303,23 +220,14 @@ TEST_F(ClipboardTest, AClipboardHeldElsewhereIsReportedNotWaitedFor) {
   EXPECT_EQ("held", ClipboardText());
 }
 
-// ---- Between processes ------------------------------------------------------------------
-
-TEST_F(ClipboardTest, AnotherProcessReadsTheObject) {
+TEST_F(ClipboardTest, ObjectsPassBetweenProcessesBothWays) {
   CGlShape* shape = MakeShape();
   ASSERT_TRUE(VrkClipboardPutObject(ShapeFormat(), shape, 0, 0, TRUE));
   delete shape;
-  EXPECT_EQ(0u, RunChild("get", 60000));
-}
-
-TEST_F(ClipboardTest, AnObjectPutByAnotherProcessIsReadHere) {
-  ASSERT_EQ(0u, RunChild("put", 60000));
-  CObject* ob = VrkClipboardGetObject(ShapeFormat(), RUNTIME_CLASS(CGlShape));
-  ASSERT_NE((CObject*)NULL, ob);
-  EXPECT_STREQ("from the child", ((CGlShape*)ob)->name);
-  ASSERT_NE((CGlShape*)NULL, ((CGlShape*)ob)->child);
-  EXPECT_STREQ("inner", ((CGlShape*)ob)->child->name);
-  delete ob;
+  EXPECT_EQ(0u, RunChild("get"));
+  ASSERT_EQ(0u, RunChild("put"));
+  EXPECT_TRUE(IsOuterShape(VrkClipboardGetObject(ShapeFormat(), RUNTIME_CLASS(CGlShape)),
+                           "from the child"));
 }
 
 } // namespace

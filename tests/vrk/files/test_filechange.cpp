@@ -1,6 +1,6 @@
 // VFileChangeNotify: polled, posting to a real window and calling back on
 // its worker; files are created, changed and deleted and the notifications
-// observed; Stop joins the worker.
+// observed; Stop joins the worker, and a second Run ends the first worker.
 #include <vrk_filechange.h>
 #include <gtest/gtest.h>
 
@@ -25,10 +25,12 @@ template <class Cond> bool WaitFor(Cond cond) {
   return cond();
 }
 
-TEST(FileChangeNotify, PolledSeesACreatedFile) {
+TEST(FileChangeNotify, PolledSeesACreatedFileAndRefusesAMissingFolder) {
   TempDir dir;
   VFileChangeNotify notify;
-  EXPECT_FALSE(notify.IsSignaled());
+  EXPECT_TRUE(notify.Stop()); // never started
+  EXPECT_FALSE(notify.Run(dir.File("missing").c_str(), FALSE, kFilter));
+  EXPECT_FALSE(notify.Run(NULL, FALSE, kFilter));
   ASSERT_TRUE(notify.Run(dir.Path().c_str(), FALSE, kFilter));
   EXPECT_FALSE(notify.IsSignaled());
   ASSERT_TRUE(TempDir::WriteBytes(dir.File("new.txt"), "n"));
@@ -37,30 +39,19 @@ TEST(FileChangeNotify, PolledSeesACreatedFile) {
   EXPECT_FALSE(notify.IsSignaled());
 }
 
-TEST(FileChangeNotify, MissingFolderAndNeverStarted) {
-  TempDir dir;
-  VFileChangeNotify notify;
-  EXPECT_TRUE(notify.Stop());
-  EXPECT_FALSE(notify.Run(dir.File("missing").c_str(), FALSE, kFilter));
-  EXPECT_FALSE(notify.Run(NULL, FALSE, kFilter));
-  EXPECT_TRUE(notify.Stop());
-}
-
 // The window side: every notification's path, copied as it arrives.
 const UINT kChangeMessage = WM_APP + 7;
 std::string g_posted;
 int g_postedCount = 0;
 
 LRESULT CALLBACK ReceiverProc(HWND hWnd, UINT msg, WPARAM wParam, LPARAM lParam) {
-  if (msg == kChangeMessage) {
-    g_posted = (const char*)lParam;
-    g_postedCount++;
-    return 0;
-  }
-  return DefWindowProcA(hWnd, msg, wParam, lParam);
+  if (msg != kChangeMessage) return DefWindowProcA(hWnd, msg, wParam, lParam);
+  g_posted = (const char*)lParam;
+  g_postedCount++;
+  return 0;
 }
 
-TEST(FileChangeNotify, WorkerPostsToAWindowForEachChange) {
+TEST(FileChangeNotify, WorkerPostsToAWindowForEachChangeUntilStopped) {
   WNDCLASSA wc = {};
   wc.lpfnWndProc = ReceiverProc;
   wc.hInstance = GetModuleHandleA(NULL);
@@ -69,7 +60,6 @@ TEST(FileChangeNotify, WorkerPostsToAWindowForEachChange) {
   HWND hWnd =
       CreateWindowA("VrkChangeReceiver", "", 0, 0, 0, 0, 0, HWND_MESSAGE, NULL, wc.hInstance, NULL);
   ASSERT_TRUE(hWnd != NULL);
-
   TempDir dir;
   g_postedCount = 0;
   {
@@ -79,18 +69,16 @@ TEST(FileChangeNotify, WorkerPostsToAWindowForEachChange) {
     ASSERT_TRUE(TempDir::WriteBytes(dir.File("created.txt"), "c"));
     ASSERT_TRUE(WaitFor([] { return g_postedCount >= 1; }));
     EXPECT_EQ(dir.Path(), g_posted);
-
     Sleep(100);
     WaitFor([] { return false; });
-    int before = g_postedCount;
+    const int before = g_postedCount;
     ASSERT_TRUE(DeleteFileA(dir.File("created.txt").c_str()));
     EXPECT_TRUE(WaitFor([&] { return g_postedCount > before; }));
     EXPECT_TRUE(notify.Stop());
     EXPECT_TRUE(notify.Stop());
   }
-  // After Stop the worker is gone: nothing more arrives.
   WaitFor([] { return false; });
-  int after = g_postedCount;
+  const int after = g_postedCount;
   ASSERT_TRUE(TempDir::WriteBytes(dir.File("late.txt"), "l"));
   Sleep(300);
   WaitFor([] { return false; });
@@ -98,51 +86,65 @@ TEST(FileChangeNotify, WorkerPostsToAWindowForEachChange) {
   DestroyWindow(hWnd);
 }
 
-volatile LONG g_calls = 0;
+// The callback side: calls per watched folder, and the calling thread.
+volatile LONG g_calls[2] = {0, 0};
+std::string g_folders[2];
 DWORD g_callbackThread = 0;
-char g_calledPath[MAX_PATH];
 
 int __cdecl OnChange(const char* pszPath) {
-  lstrcpynA(g_calledPath, pszPath, MAX_PATH);
   g_callbackThread = GetCurrentThreadId();
-  InterlockedIncrement(&g_calls);
+  for (int i = 0; i < 2; i++)
+    if (g_folders[i] == pszPath) InterlockedIncrement(&g_calls[i]);
   return 0;
 }
 
-TEST(FileChangeNotify, WorkerCallsTheCallbackOnItsOwnThread) {
+TEST(FileChangeNotify, WorkerCallsBackOnItsOwnThreadAndWatchesTheSubtree) {
   TempDir dir;
-  ASSERT_TRUE(TempDir::WriteBytes(dir.File("existing.txt"), "e"));
-  g_calls = 0;
+  g_folders[0] = dir.Path();
+  g_calls[0] = 0;
   VFileChangeNotify notify;
   ASSERT_TRUE(notify.Run(NULL, (UINT_PTR)&OnChange, dir.Path().c_str(), TRUE, kFilter));
-  Sleep(200); // the worker sets up its watch on its own thread
-  ASSERT_TRUE(TempDir::WriteBytes(dir.File("added.txt"), "added"));
-  ASSERT_TRUE(WaitFor([] { return g_calls >= 1; }));
-  EXPECT_EQ(dir.Path(), std::string(g_calledPath));
+  Sleep(200);
+  ASSERT_TRUE(TempDir::WriteBytes(dir.File("added.txt"), "a"));
+  ASSERT_TRUE(WaitFor([] { return g_calls[0] >= 1; }));
   EXPECT_NE(GetCurrentThreadId(), g_callbackThread);
-
-  // A change in a subfolder counts when the subtree is watched.
   ASSERT_TRUE(CreateDirectoryA(dir.File("sub").c_str(), NULL));
   Sleep(100);
-  LONG before = g_calls;
+  const LONG before = g_calls[0];
   ASSERT_TRUE(TempDir::WriteBytes(dir.File("sub\\deep.txt"), "d"));
-  EXPECT_TRUE(WaitFor([&] { return g_calls > before; }));
-
+  EXPECT_TRUE(WaitFor([&] { return g_calls[0] > before; }));
   EXPECT_TRUE(notify.Stop());
-  LONG after = g_calls;
-  ASSERT_TRUE(DeleteFileA(dir.File("existing.txt").c_str()));
+  const LONG after = g_calls[0];
+  ASSERT_TRUE(TempDir::WriteBytes(dir.File("late.txt"), "l"));
   Sleep(300);
-  EXPECT_EQ(after, g_calls);
-}
+  EXPECT_EQ(after, g_calls[0]);
 
-TEST(FileChangeNotify, ServedOnAMissingFolderEndsAndStopsCleanly) {
-  TempDir dir;
-  VFileChangeNotify notify;
-  // The worker finds no folder and ends; Stop still joins it.
+  // A worker on a missing folder ends by itself; Stop still joins it.
   EXPECT_TRUE(notify.Run(NULL, 0, dir.File("missing").c_str(), FALSE, kFilter));
   Sleep(50);
   EXPECT_TRUE(notify.Stop());
   EXPECT_FALSE(notify.Run(NULL, 0, NULL, FALSE, kFilter));
+}
+
+TEST(FileChangeNotify, ASecondRunEndsTheFirstWorker) {
+  TempDir first, second;
+  g_folders[0] = first.Path();
+  g_folders[1] = second.Path();
+  g_calls[0] = g_calls[1] = 0;
+  VFileChangeNotify notify;
+  ASSERT_TRUE(notify.Run(NULL, (UINT_PTR)&OnChange, first.Path().c_str(), FALSE, kFilter));
+  Sleep(200);
+  ASSERT_TRUE(TempDir::WriteBytes(first.File("a.txt"), "a"));
+  ASSERT_TRUE(WaitFor([] { return g_calls[0] >= 1; }));
+  ASSERT_TRUE(notify.Run(NULL, (UINT_PTR)&OnChange, second.Path().c_str(), FALSE, kFilter));
+  Sleep(200);
+  const LONG firstCalls = g_calls[0];
+  ASSERT_TRUE(TempDir::WriteBytes(first.File("b.txt"), "b"));
+  ASSERT_TRUE(TempDir::WriteBytes(second.File("c.txt"), "c"));
+  EXPECT_TRUE(WaitFor([] { return g_calls[1] >= 1; }));
+  Sleep(300);
+  EXPECT_EQ(firstCalls, g_calls[0]); // nobody watches the first folder now
+  EXPECT_TRUE(notify.Stop());
 }
 
 } // namespace

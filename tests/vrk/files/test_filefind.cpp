@@ -11,29 +11,19 @@
 
 namespace {
 
-TEST(FileFind, NextFileIsTrueForTheLastFileAndFalseAfter) {
-  TempDir dir;
-  ASSERT_TRUE(TempDir::WriteBytes(dir.File("only.txt"), "1"));
-  VFileFind find;
-  ASSERT_TRUE(find.FindFile(dir.File("*.txt").c_str()));
-  EXPECT_TRUE(find.FindNextFile());
-  EXPECT_EQ("only.txt", std::string(find.GetFileName()));
-  EXPECT_FALSE(find.FindNextFile());
-  EXPECT_FALSE(find.FindNextFile());
-}
-
+// FindNextFile is true for the last file too, then false.
 TEST(FileFind, AskBeforeUseLoopSeesEveryFileOnce) {
   TempDir dir;
   for (const char* name : {"a.dat", "b.dat", "c.dat"})
     ASSERT_TRUE(TempDir::WriteBytes(dir.File(name), name));
   VFileFind find;
   std::vector<std::string> names;
-  find.FindFile(dir.File("*.dat").c_str());
+  ASSERT_TRUE(find.FindFile(dir.File("*.dat").c_str()));
   while (find.FindNextFile())
     names.push_back((const char*)find.GetFileName());
   std::sort(names.begin(), names.end());
   EXPECT_EQ(std::vector<std::string>({"a.dat", "b.dat", "c.dat"}), names);
-
+  EXPECT_FALSE(find.FindNextFile());
   EXPECT_FALSE(find.FindFile(dir.File("*.none").c_str()));
   EXPECT_FALSE(find.FindNextFile());
 }
@@ -84,29 +74,25 @@ std::vector<BYTE> BuildIDA(LPCITEMIDLIST pidlParent, const std::vector<LPCITEMID
   return ida;
 }
 
-void Free(LPITEMIDLIST pidl) { CoTaskMemFree(pidl); }
-
-TEST(ShellIDListFileFind, EnumeratesTheItemsOfTheArray) {
+// Items whose find data cannot be read (an empty item list here) are
+// skipped; a virtual parent folder has no path and is refused.
+TEST(ShellIDListFileFind, EnumeratesTheReadableItemsOfTheArray) {
   TempDir dir;
   ASSERT_TRUE(TempDir::WriteBytes(dir.File("first.txt"), "12345"));
   ASSERT_TRUE(TempDir::WriteBytes(dir.File("second.bin"), "1234567"));
   ASSERT_TRUE(TempDir::WriteBytes(dir.File("unlisted.txt"), "x"));
-  LPITEMIDLIST pidlDir = Parse(dir.Path());
-  LPITEMIDLIST pidlA = Parse(dir.File("first.txt"));
-  LPITEMIDLIST pidlB = Parse(dir.File("second.bin"));
+  LPITEMIDLIST pidlDir = Parse(dir.Path()), pidlA = Parse(dir.File("first.txt")),
+               pidlB = Parse(dir.File("second.bin")), pidlDrives = NULL;
   ASSERT_TRUE(pidlDir && pidlA && pidlB);
-  std::vector<BYTE> ida = BuildIDA(pidlDir, {LastItem(pidlA), LastItem(pidlB)});
-
+  static const BYTE empty[2] = {0, 0};
+  std::vector<BYTE> ida =
+      BuildIDA(pidlDir, {LastItem(pidlA), (LPCITEMIDLIST)empty, LastItem(pidlB)});
   VShellIDListFileFind find;
-  EXPECT_TRUE(find.IsKindOf(RUNTIME_CLASS(VShellIDListFileFind)));
-  EXPECT_STREQ("VShellIDListFileFind", RUNTIME_CLASS(VShellIDListFileFind)->m_lpszClassName);
   ASSERT_TRUE(find.FindFile((const char*)ida.data()));
   EXPECT_EQ(0, lstrcmpiA(dir.Path().c_str(), find.GetRoot())) << (const char*)find.GetRoot();
-
   std::vector<std::string> names;
   std::vector<ULONGLONG> lengths;
-  BOOL bMore = TRUE;
-  while (bMore) {
+  for (BOOL bMore = TRUE; bMore;) {
     bMore = find.FindNextFile();
     names.push_back((const char*)find.GetFileName());
     lengths.push_back(find.GetLength());
@@ -115,58 +101,19 @@ TEST(ShellIDListFileFind, EnumeratesTheItemsOfTheArray) {
   EXPECT_EQ(std::vector<ULONGLONG>({5, 7}), lengths);
   EXPECT_EQ(0, lstrcmpiA(dir.File("second.bin").c_str(), find.GetFilePath()));
   EXPECT_FALSE(find.FindNextFile());
-
   // A new search over the same array starts again at the first item.
   ASSERT_TRUE(find.FindFile((const char*)ida.data()));
   EXPECT_TRUE(find.FindNextFile());
   EXPECT_EQ("first.txt", std::string(find.GetFileName()));
   find.Close();
   EXPECT_FALSE(find.FindNextFile());
-  Free(pidlDir);
-  Free(pidlA);
-  Free(pidlB);
-}
 
-TEST(ShellIDListFileFind, VirtualParentFolderIsRefused) {
-  TempDir dir;
-  ASSERT_TRUE(TempDir::WriteBytes(dir.File("f.txt"), "f"));
-  LPITEMIDLIST pidlDrives = NULL;
   ASSERT_TRUE(SUCCEEDED(SHGetSpecialFolderLocation(NULL, CSIDL_DRIVES, &pidlDrives)));
-  LPITEMIDLIST pidlFile = Parse(dir.File("f.txt"));
-  ASSERT_TRUE(pidlFile != NULL);
-  std::vector<BYTE> ida = BuildIDA(pidlDrives, {LastItem(pidlFile)});
-  VShellIDListFileFind find;
+  ida = BuildIDA(pidlDrives, {LastItem(pidlA)});
   EXPECT_FALSE(find.FindFile((const char*)ida.data()));
-  EXPECT_FALSE(find.FindNextFile());
   EXPECT_FALSE(find.FindFile(NULL));
-  Free(pidlDrives);
-  Free(pidlFile);
-}
-
-TEST(ShellIDListFileFind, UnreadableItemsAreSkipped) {
-  TempDir dir;
-  ASSERT_TRUE(TempDir::WriteBytes(dir.File("gone.txt"), "g"));
-  ASSERT_TRUE(TempDir::WriteBytes(dir.File("kept.txt"), "k"));
-  LPITEMIDLIST pidlDir = Parse(dir.Path());
-  LPITEMIDLIST pidlGone = Parse(dir.File("gone.txt"));
-  LPITEMIDLIST pidlKept = Parse(dir.File("kept.txt"));
-  ASSERT_TRUE(pidlDir && pidlGone && pidlKept);
-  // An empty item list has no find data.
-  static const BYTE empty[2] = {0, 0};
-  std::vector<BYTE> ida =
-      BuildIDA(pidlDir, {LastItem(pidlGone), (LPCITEMIDLIST)empty, LastItem(pidlKept)});
-  VShellIDListFileFind find;
-  ASSERT_TRUE(find.FindFile((const char*)ida.data()));
-  std::vector<std::string> names;
-  BOOL bMore = TRUE;
-  while (bMore) {
-    bMore = find.FindNextFile();
-    names.push_back((const char*)find.GetFileName());
-  }
-  EXPECT_EQ(std::vector<std::string>({"gone.txt", "kept.txt"}), names);
-  Free(pidlDir);
-  Free(pidlGone);
-  Free(pidlKept);
+  for (LPITEMIDLIST pidl : {pidlDir, pidlA, pidlB, pidlDrives})
+    CoTaskMemFree(pidl);
 }
 
 } // namespace

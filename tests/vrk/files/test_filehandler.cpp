@@ -20,96 +20,70 @@ std::string FullName(const std::string& path) {
   return sz;
 }
 
-// Counts its deletions so that tests can see who deleted a file object.
+// Counts its deletions, and lets a test clear the handler's owned pointer.
 class CountedFile : public CFile {
 public:
   explicit CountedFile(int* pDeleted) : m_pDeleted(pDeleted) {}
   ~CountedFile() { ++*m_pDeleted; }
   int* m_pDeleted;
 };
-
-TEST(FileHandlerOwnership, BorrowedFileIsNeverDeletedOwnedFileIs) {
-  int deleted = 0;
-  CountedFile* pFile = new CountedFile(&deleted);
-  {
-    VFileHandler handler(pFile);
-    CFile* pGot = NULL;
-    EXPECT_EQ(1, handler.GetCurrentFile(pGot));
-    EXPECT_EQ(pFile, pGot);
-    EXPECT_EQ(0, handler.SetCurrentFile(NULL));
-    handler.GetCurrentFile(pGot);
-    EXPECT_EQ(pFile, pGot);
-  }
-  EXPECT_EQ(0, deleted);
-
-  TempDir dir;
-  {
-    VFileHandler handler;
-    ASSERT_EQ(1, handler.OpenAndUseNewFile(dir.File("own.bin").c_str()));
-    // A second open while a current file is set does nothing.
-    EXPECT_EQ(0, handler.OpenAndUseNewFile(dir.File("other.bin").c_str()));
-    EXPECT_EQ(0, handler.OpenAndUseExistingFile(dir.File("own.bin").c_str(), CFile::modeRead));
-    EXPECT_EQ(INVALID_FILE_ATTRIBUTES, GetFileAttributesA(dir.File("other.bin").c_str()));
-    // DeleteInternalCFile deletes even a borrowed file and empties the handler.
-    EXPECT_EQ(1, handler.DeleteInternalCFile());
-    CFile* pGot = pFile;
-    handler.GetCurrentFile(pGot);
-    EXPECT_EQ(NULL, pGot);
-    handler.SetCurrentFile(pFile);
-    EXPECT_EQ(1, handler.DeleteInternalCFile());
-  }
-  EXPECT_EQ(1, deleted);
-}
-
-// A handler whose owned pointer a caller cleared reports it in its destructor.
 class ClearingHandler : public VFileHandler {
 public:
   void ClearPointer() { m_pCurrentFile = NULL; }
 };
 
-TEST(FileHandlerOwnership, ClearedOwnedPointerIsReportedOnDestruction) {
+// A borrowed file is never deleted (DeleteInternalCFile deletes any); a
+// handler whose owned pointer was cleared reports it when destroyed.
+TEST(FileHandlerOwnership, BorrowedFilesAreNeverDeletedOwnedOnesAre) {
   TempDir dir;
   MsgBoxCatcher catcher;
-  CFile* pOwned = NULL;
+  int deleted = 0;
+  CountedFile* pFile = new CountedFile(&deleted);
+  CFile* pGot = NULL;
   {
-    ClearingHandler handler;
-    ASSERT_EQ(1, handler.OpenAndUseNewFile(dir.File("x.bin").c_str()));
-    handler.GetCurrentFile(pOwned);
-    handler.ClearPointer();
+    VFileHandler handler(pFile);
+    EXPECT_EQ(0, handler.SetCurrentFile(NULL));
+    EXPECT_EQ(0, handler.OpenAndUseNewFile(dir.File("other.bin").c_str()));
+    EXPECT_EQ(INVALID_FILE_ATTRIBUTES, GetFileAttributesA(dir.File("other.bin").c_str()));
   }
+  EXPECT_EQ(0, deleted);
+  VFileHandler handler(pFile);
+  EXPECT_EQ(1, handler.DeleteInternalCFile());
+  EXPECT_EQ(1, deleted);
+  EXPECT_EQ(1, handler.GetCurrentFile(pGot));
+  EXPECT_EQ(NULL, pGot);
+  {
+    ClearingHandler clearing;
+    ASSERT_EQ(1, clearing.OpenAndUseNewFile(dir.File("x.bin").c_str()));
+    clearing.GetCurrentFile(pGot);
+    clearing.ClearPointer();
+  }
+  delete pGot;
   ASSERT_EQ(1u, catcher.Count());
   EXPECT_EQ("Someone Has Deleted a CFile pointer we created !", catcher.Last().text);
-  delete pOwned;
 }
 
-TEST(FileHandlerOpen, NewAndExistingFilesAndTheOwnsFlag) {
+// New files are read-write and truncate; an output already set is kept.
+TEST(FileHandlerOpen, NewAndExistingFiles) {
   TempDir dir;
   const std::string name = dir.File("data.bin");
   VFileHandler handler;
   CFile* pFile = NULL;
   ASSERT_EQ(1, handler.OpenNewFile(name.c_str(), pFile, 1));
-  ASSERT_TRUE(pFile != NULL);
   pFile->Write("abc", 3);
-  // An out-parameter already set is never overwritten.
   CFile* pKeep = pFile;
   EXPECT_EQ(0, handler.OpenNewFile(name.c_str(), pFile, 1));
   EXPECT_EQ(pKeep, pFile);
-  // The new file was opened for reading too.
-  EXPECT_EQ(1, handler.RewindFile(pFile));
   char sz[4] = {0};
+  EXPECT_EQ(1, handler.RewindFile(pFile));
   EXPECT_EQ(3u, pFile->Read(sz, 3));
-  EXPECT_STREQ("abc", sz);
-  EXPECT_EQ(1, handler.CloseFile(pFile));
   delete pFile;
-
-  CFile* pExisting = NULL;
-  ASSERT_EQ(1, handler.OpenExistingFile(name.c_str(), pExisting, CFile::modeRead, 1));
+  pFile = NULL;
   unsigned long nSize = 0;
-  EXPECT_EQ(1, handler.GetFileSize(pExisting, nSize));
+  ASSERT_EQ(1, handler.OpenExistingFile(name.c_str(), pFile, CFile::modeRead, 1));
+  EXPECT_EQ(1, handler.GetFileSize(pFile, nSize));
   EXPECT_EQ(3ul, nSize);
-  delete pExisting;
-
-  // Creating an existing file truncates it (modeCreate | modeReadWrite).
+  delete pFile;
   VFileHandler owner;
   ASSERT_EQ(1, owner.OpenAndUseNewFile(name.c_str()));
   EXPECT_EQ(1, owner.GetFileSize(nSize));
@@ -132,103 +106,50 @@ TEST(FileHandlerOpen, BadNamesFailSilentlyMissingFilesWithABox) {
   ASSERT_EQ(1u, catcher.Count());
   // The failed CFile has no name to add.
   EXPECT_EQ(kOpenText, catcher.Last().text);
-  EXPECT_EQ(0, handler.OpenAndUseExistingFile(dir.File("missing.bin").c_str(), CFile::modeRead));
-  CFile* pCurrent = NULL;
-  handler.GetCurrentFile(pCurrent);
-  EXPECT_EQ(NULL, pCurrent);
-  EXPECT_EQ(2u, catcher.Count());
 }
 
+// Positions are limited to 2 GB; a move is sign-extended, and one before
+// the start is a file error reported with the file's name. Every operation
+// on no file is FALSE without a box.
 TEST(FileHandlerPosition, SetGetMoveAndTheTwoGigabyteLimit) {
   TempDir dir;
   MsgBoxCatcher catcher;
+  VFileHandler none;
+  unsigned long nPos = 5;
+  EXPECT_EQ(0, none.RewindFile() + none.CloseFile() + none.GetFilePosition(nPos) +
+                   none.SetFilePosition(1) + none.GetFileSize(nPos) + none.MoveAheadXBytes(1));
   VFileHandler handler;
   ASSERT_EQ(1, handler.OpenAndUseNewFile(dir.File("pos.bin").c_str()));
   CFile* pFile = NULL;
   handler.GetCurrentFile(pFile);
   pFile->Write("0123456789", 10);
-
-  unsigned long nPos = 99;
   EXPECT_EQ(1, handler.SetFilePosition(4));
-  EXPECT_EQ(1, handler.GetFilePosition(nPos));
-  EXPECT_EQ(4ul, nPos);
   EXPECT_EQ(0, handler.SetFilePosition(0x80000000ul));
-  EXPECT_EQ(0, handler.SetFilePosition(0xFFFFFFFFul));
-  handler.GetFilePosition(nPos);
-  EXPECT_EQ(4ul, nPos);
-
   EXPECT_EQ(1, handler.MoveAheadXBytes(3));
-  handler.GetFilePosition(nPos);
-  EXPECT_EQ(7ul, nPos);
-  // Sign-extended: 0xFFFFFFFF moves back one byte.
   EXPECT_EQ(1, handler.MoveAheadXBytes(pFile, 0xFFFFFFFFul));
-  handler.GetFilePosition(pFile, nPos);
+  EXPECT_EQ(1, handler.GetFilePosition(pFile, nPos));
   EXPECT_EQ(6ul, nPos);
-
-  EXPECT_EQ(1, handler.RewindFile());
-  handler.GetFilePosition(nPos);
-  EXPECT_EQ(0ul, nPos);
   EXPECT_EQ(0u, catcher.Count());
-
-  // Moving before the start is a file error, reported with the file's name.
+  EXPECT_EQ(1, handler.RewindFile());
   EXPECT_EQ(0, handler.MoveAheadXBytes(0xFFFFFFFEul));
   ASSERT_EQ(1u, catcher.Count());
   EXPECT_EQ(std::string(kPositionText) + ": " + FullName(dir.File("pos.bin")), catcher.Last().text);
 }
 
-TEST(FileHandlerPosition, EveryOperationOnNoFileIsFalseWithoutABox) {
-  MsgBoxCatcher catcher;
-  VFileHandler handler;
-  unsigned long n = 5;
-  char sz[MAX_PATH] = "keep";
-  char* psz = sz;
-  EXPECT_EQ(0, handler.RewindFile());
-  EXPECT_EQ(0, handler.CloseFile());
-  EXPECT_EQ(0, handler.GetFilePosition(n));
-  EXPECT_EQ(0, handler.SetFilePosition(1));
-  EXPECT_EQ(0, handler.GetFileSize(n));
-  EXPECT_EQ(0, handler.MoveAheadXBytes(1));
-  EXPECT_EQ(0, handler.GetCurrentFileName(psz));
-  EXPECT_EQ(5ul, n);
-  EXPECT_STREQ("keep", sz);
-  EXPECT_EQ(0u, catcher.Count());
-}
-
-TEST(FileHandlerClose, ClosesTheSystemFileOnlyAndNeverOpenedIsTrue) {
+// Closing closes the system file only; a never opened file closes at once.
+TEST(FileHandlerClose, ClosesTheSystemFileOnly) {
   TempDir dir;
   CFile neverOpened;
   VFileHandler handler(&neverOpened);
   EXPECT_EQ(1, handler.CloseFile());
-
   VFileHandler owner;
   ASSERT_EQ(1, owner.OpenAndUseNewFile(dir.File("c.bin").c_str()));
   CFile* pFile = NULL;
   owner.GetCurrentFile(pFile);
   EXPECT_EQ(1, owner.CloseFile());
   EXPECT_EQ(CFile::hFileNull, pFile->m_hFile);
-  CFile* pStill = NULL;
-  owner.GetCurrentFile(pStill);
-  EXPECT_EQ(pFile, pStill);
-  EXPECT_EQ(1, owner.CloseFile()); // already closed
-  // The file can be removed: the handle really was closed.
+  EXPECT_EQ(1, owner.CloseFile());
   EXPECT_TRUE(DeleteFileA(dir.File("c.bin").c_str()));
-}
-
-TEST(FileHandlerName, FullNameOfAnOpenFileEmptyForAnUnnamedOne) {
-  TempDir dir;
-  VFileHandler handler;
-  ASSERT_EQ(1, handler.OpenAndUseNewFile(dir.File("name.txt").c_str()));
-  char sz[MAX_PATH];
-  memset(sz, 'x', sizeof sz);
-  char* psz = sz;
-  EXPECT_EQ(1, handler.GetCurrentFileName(psz));
-  EXPECT_EQ(FullName(dir.File("name.txt")), sz);
-  char* pNull = NULL;
-  EXPECT_EQ(0, handler.GetCurrentFileName(pNull));
-
-  CFile unnamed;
-  EXPECT_EQ(1, handler.GetCurrentFileName(&unnamed, psz));
-  EXPECT_STREQ("", sz);
 }
 
 TEST(FileHandlerErrors, TextsAndFallbacks) {
@@ -236,36 +157,33 @@ TEST(FileHandlerErrors, TextsAndFallbacks) {
   MsgBoxCatcher catcher;
   VFileHandler handler;
   CFile unnamed;
-
-  // No explicit and no current file: string 5009 and FALSE.
-  EXPECT_EQ(0, handler.PutErrorMessage("text", NULL));
+  // No explicit and no current file: string 5009 and FALSE; a NULL text
+  // shows nothing.
   EXPECT_EQ(0, handler.PutErrorMessage(5004u, NULL));
-  ASSERT_EQ(2u, catcher.Count());
-  EXPECT_EQ(kNoFileText, catcher.Boxes()[0].text);
-  EXPECT_EQ(kNoFileText, catcher.Boxes()[1].text);
-  catcher.Clear();
-
-  // A NULL text shows nothing.
+  ASSERT_EQ(1u, catcher.Count());
+  EXPECT_EQ(kNoFileText, catcher.Last().text);
   EXPECT_EQ(0, handler.PutErrorMessage((const char*)NULL, &unnamed));
-  EXPECT_EQ(0u, catcher.Count());
+  EXPECT_EQ(1u, catcher.Count());
 
   ASSERT_EQ(1, handler.OpenAndUseNewFile(dir.File("e.bin").c_str()));
   const std::string suffix = ": " + FullName(dir.File("e.bin"));
-  // An empty text becomes string 5006; the current file is named.
-  EXPECT_EQ(1, handler.PutErrorMessage("", NULL));
-  EXPECT_EQ(kUnknownText + suffix, catcher.Last().text);
-  EXPECT_EQ(1, handler.PutErrorMessage("Custom", NULL));
-  EXPECT_EQ("Custom" + suffix, catcher.Last().text);
-  // A string id that the resource module lacks falls back to 5006.
-  EXPECT_EQ(1, handler.PutErrorMessage(4321u, NULL));
-  EXPECT_EQ(kUnknownText + suffix, catcher.Last().text);
-  EXPECT_EQ(1, handler.PutErrorMessage(5005u, NULL));
-  EXPECT_EQ(kPositionText + suffix, catcher.Last().text);
-  // An explicit file without a name adds nothing.
-  EXPECT_EQ(1, handler.PutErrorMessage(5005u, &unnamed));
-  EXPECT_EQ(kPositionText, catcher.Last().text);
-  EXPECT_EQ(5u, catcher.Count());
-  EXPECT_EQ(std::vector<int>(1, IDOK), catcher.Last().buttons);
+  const struct {
+    const char* text;
+    UINT nID;
+    CFile* pFile;
+    std::string expected;
+  } cases[] = {
+      {"", 0, NULL, kUnknownText + suffix},               // empty text: string 5006
+      {NULL, 4321, NULL, kUnknownText + suffix},          // a string the module lacks: 5006
+      {NULL, 5005, NULL, kPositionText + suffix},         // the current file is named
+      {NULL, 5005, &unnamed, std::string(kPositionText)}, // a file without a name adds nothing
+  };
+  for (const auto& c : cases) {
+    EXPECT_EQ(1, c.text ? handler.PutErrorMessage(c.text, c.pFile)
+                        : handler.PutErrorMessage(c.nID, c.pFile));
+    EXPECT_EQ(c.expected, catcher.Last().text);
+    EXPECT_EQ(std::vector<int>(1, IDOK), catcher.Last().buttons);
+  }
 }
 
 } // namespace

@@ -66,41 +66,33 @@ Outcome ReadFromDataObject(const std::string& bytes, CRuntimeClass* pClass) {
   return Read([&] { return VrkGetGlobalData(&data, HostileFormat(), pClass, NULL); });
 }
 
-// Reserves the process's free address space but for about nLeave bytes
-// while it lives, so that any allocation larger than that fails at once:
-// a reader that believed a claimed length would meet a memory exception.
+// Reserves the free address space in chunks, leaving about nLeave bytes,
+// while it lives: a reader that believed a claimed length would meet a
+// memory exception at once.
 class AddressSpaceSqueeze {
 public:
   explicit AddressSpaceSqueeze(SIZE_T nLeave) {
     SIZE_T nFree = FreeBytes();
-    for (SIZE_T nChunk = 256u << 20; nChunk >= (64u << 10); nChunk /= 2) {
-      while (nFree > nLeave + nChunk) {
-        void* p = VirtualAlloc(NULL, nChunk, MEM_RESERVE, PAGE_NOACCESS);
-        if (p == NULL) break;
+    for (SIZE_T nChunk = 256u << 20; nChunk >= (64u << 10); nChunk /= 2)
+      for (void* p; nFree > nLeave + nChunk &&
+                    (p = VirtualAlloc(NULL, nChunk, MEM_RESERVE, PAGE_NOACCESS)) != NULL;
+           nFree -= nChunk)
         m_blocks.push_back(p);
-        nFree -= nChunk;
-      }
-    }
   }
   ~AddressSpaceSqueeze() {
     for (void* p : m_blocks)
       VirtualFree(p, 0, MEM_RELEASE);
   }
-  AddressSpaceSqueeze(const AddressSpaceSqueeze&) = delete;
-  AddressSpaceSqueeze& operator=(const AddressSpaceSqueeze&) = delete;
-
-  // The free address space, counted region by region.
   static SIZE_T FreeBytes() {
     SYSTEM_INFO si;
     GetSystemInfo(&si);
     SIZE_T nFree = 0;
-    const BYTE* p = (const BYTE*)si.lpMinimumApplicationAddress;
     MEMORY_BASIC_INFORMATION mbi;
-    while (p < (const BYTE*)si.lpMaximumApplicationAddress &&
-           VirtualQuery(p, &mbi, sizeof(mbi)) == sizeof(mbi) && mbi.RegionSize != 0) {
+    for (const BYTE* p = (const BYTE*)si.lpMinimumApplicationAddress;
+         p < (const BYTE*)si.lpMaximumApplicationAddress &&
+         VirtualQuery(p, &mbi, sizeof(mbi)) == sizeof(mbi) && mbi.RegionSize != 0;
+         p = (const BYTE*)mbi.BaseAddress + mbi.RegionSize)
       if (mbi.State == MEM_FREE) nFree += mbi.RegionSize;
-      p = (const BYTE*)mbi.BaseAddress + mbi.RegionSize;
-    }
     return nFree;
   }
 

@@ -6,6 +6,7 @@
 
 #include <string>
 
+#include "child_process.h"
 #include "msgbox_catcher.h"
 
 namespace {
@@ -16,12 +17,7 @@ std::string ModulePath(HMODULE hModule) {
   return szPath;
 }
 
-std::string LangDir() {
-  char szExe[MAX_PATH];
-  ::GetModuleFileNameA(NULL, szExe, MAX_PATH);
-  std::string strDir(szExe);
-  return strDir.substr(0, strDir.rfind('\\')) + "\\lang";
-}
+std::string LangDir() { return ExeDir() + "\\lang"; }
 
 bool IsEnglishUser() { return ::GetUserDefaultLCID() == 1033; }
 
@@ -44,76 +40,75 @@ TEST(VrkOSLoadResourceDll, EnglishIsTheStaticallyImportedModule) {
   MsgBoxCatcher catcher;
   HINSTANCE hEnu = ::GetModuleHandleA("vrk_enu.dll");
   ASSERT_TRUE(hEnu != NULL);
-  EXPECT_EQ(hEnu, VrkOSLoadResourceDll("vrk", 0));
   EXPECT_EQ(hEnu, VrkOSLoadResourceDll("vrk", 7));
-  EXPECT_EQ(hEnu, VrkOSLoadResourceDll("vrk", "ENU", 0));
   EXPECT_EQ(hEnu, VrkOSLoadResourceDll("vrk", "enu", 4)); // names are not case-sensitive
   EXPECT_EQ(0u, catcher.Count());
 }
 
-TEST(VrkOSLoadResourceDll, MissingModuleShowsTheBoxOnlyWithFlag2) {
+// The box only with flag 2, naming the module looked for (cut to 255
+// characters); an English retry (bit 1) only for users of another language.
+TEST(VrkOSLoadResourceDll, MissingModulesShowTheBoxOnlyWithFlag2) {
   MsgBoxCatcher catcher;
-  EXPECT_TRUE(VrkOSLoadResourceDll("nosuch", "XYZ", 0) == NULL);
   EXPECT_TRUE(VrkOSLoadResourceDll("nosuch", "XYZ", 1 | 4) == NULL);
-  EXPECT_EQ(0u, catcher.Count());
-
-  EXPECT_TRUE(VrkOSLoadResourceDll("nosuch", "XYZ", 2) == NULL);
-  ASSERT_EQ(1u, catcher.Count());
-  EXPECT_EQ("", catcher.Last().caption);
-  EXPECT_EQ("The dynamic link library nosuch_XYZ could not be found", catcher.Last().text);
-  EXPECT_TRUE(catcher.Last().owner == NULL);
-  EXPECT_EQ(std::vector<int>(1, IDOK), catcher.Last().buttons);
-
-  // The two-argument form names the English module it looked for.
-  EXPECT_TRUE(VrkOSLoadResourceDll("nosuch", 2) == NULL);
-  ASSERT_EQ(2u, catcher.Count());
-  EXPECT_EQ("The dynamic link library nosuch_ENU could not be found", catcher.Last().text);
-}
-
-TEST(VrkOSLoadResourceDll, MissingLanguageRetriesEnglishOnlyForOtherUsers) {
-  MsgBoxCatcher catcher;
-  HINSTANCE hInst = VrkOSLoadResourceDll("vrk", "XYZ", 1 | 2);
-  if (IsEnglishUser()) {
-    // An English user gets no retry: the box names the language.
-    EXPECT_TRUE(hInst == NULL);
-    ASSERT_EQ(1u, catcher.Count());
-    EXPECT_EQ("The dynamic link library vrk_XYZ could not be found", catcher.Last().text);
-  } else {
-    EXPECT_EQ(::GetModuleHandleA("vrk_enu.dll"), hInst);
-    EXPECT_EQ(0u, catcher.Count());
-  }
-  // Without bit 1 there is never a retry.
-  catcher.Clear();
-  EXPECT_TRUE(VrkOSLoadResourceDll("vrk", "XYZ", 2) == NULL);
-  EXPECT_EQ(1u, catcher.Count());
-}
-
-TEST(VrkOSLoadResourceDll, OverlongNamesFailCleanlyAndCutTheBoxText) {
-  MsgBoxCatcher catcher;
-  std::string strBase(400, 'b');
-  EXPECT_TRUE(VrkOSLoadResourceDll(strBase.c_str(), "XYZ", 2) == NULL);
-  ASSERT_EQ(1u, catcher.Count());
-  std::string strExpected = "The dynamic link library " + strBase;
-  EXPECT_EQ(strExpected.substr(0, 255), catcher.Last().text);
-  EXPECT_TRUE(VrkOSLoadResourceDll(NULL, 2) == NULL);
   EXPECT_TRUE(VrkOSLoadResourceDll(NULL, "DEU", 2) == NULL);
-  EXPECT_EQ(1u, catcher.Count());
+  EXPECT_EQ(0u, catcher.Count());
+  const std::string strBase(400, 'b');
+  const struct {
+    const char *base, *language;
+    int flags;
+    std::string text;
+  } cases[] = {
+      {"nosuch", "XYZ", 2, "nosuch_XYZ"},
+      {"nosuch", NULL, 2, "nosuch_ENU"},
+      {"vrk", "XYZ", 2, "vrk_XYZ"},
+      {strBase.c_str(), "XYZ", 2, (strBase + "_XYZ").substr(0, 255 - 25)},
+      {"vrk", "XYZ", 1 | 2, IsEnglishUser() ? "vrk_XYZ" : ""},
+  };
+  for (const auto& c : cases) {
+    catcher.Clear();
+    HINSTANCE h = c.language ? VrkOSLoadResourceDll(c.base, c.language, c.flags)
+                             : VrkOSLoadResourceDll(c.base, c.flags);
+    if (c.text.empty()) { // retried in English
+      EXPECT_EQ(::GetModuleHandleA("vrk_enu.dll"), h);
+      EXPECT_EQ(0u, catcher.Count());
+      continue;
+    }
+    EXPECT_TRUE(h == NULL) << c.text;
+    ASSERT_EQ(1u, catcher.Count()) << c.text;
+    EXPECT_EQ("The dynamic link library " + c.text +
+                  (c.text.size() < 200 ? " could not be found" : ""),
+              catcher.Last().text);
+    EXPECT_EQ("", catcher.Last().caption);
+    EXPECT_TRUE(catcher.Last().owner == NULL);
+    EXPECT_EQ(std::vector<int>(1, IDOK), catcher.Last().buttons);
+  }
 }
 
 // One test, because the order matters: once vrk_DEU.dll is mapped, a load by
 // its base name finds it wherever it lies.
-TEST(VrkOSLoadResourceDll, FindsAModuleBesideTheResourceModuleOnly) {
+TEST(VrkOSLoadResourceDll, FindsAModuleBesideTheResourceModuleOnlyAndNeverFreesIt) {
   MsgBoxCatcher catcher;
   ASSERT_TRUE(::GetModuleHandleA("vrk_DEU.dll") == NULL);
   // bin\lang is not on the search path of this program in bin\.
   EXPECT_TRUE(VrkOSLoadResourceDll("vrk", "DEU", 0) == NULL);
 
+  // Loaded through the holder, which never frees: unloaded, copied and
+  // destroyed, the module stays mapped.
   HINSTANCE hDeu;
   {
-    ResourceHandleInLang inLang;
-    hDeu = VrkOSLoadResourceDll("vrk", "DEU", 2 | 4);
+    VExplicitResourceDll dll;
+    {
+      ResourceHandleInLang inLang;
+      ASSERT_TRUE(dll.Load("vrk", "DEU"));
+    }
+    hDeu = dll.GetInstance();
+    EXPECT_EQ(LangDir() + "\\vrk_DEU.dll", ModulePath(hDeu));
+    VExplicitResourceDll copy(dll);
+    dll.Unload();
+    EXPECT_TRUE(dll.GetInstance() == NULL);
+    EXPECT_EQ(hDeu, copy.GetInstance());
   }
-  ASSERT_TRUE(hDeu != NULL);
+  EXPECT_EQ(hDeu, ::GetModuleHandleA("vrk_DEU.dll"));
   EXPECT_EQ(LangDir() + "\\vrk_DEU.dll", ModulePath(hDeu));
   EXPECT_EQ(0u, catcher.Count());
 
@@ -126,49 +121,18 @@ TEST(VrkOSLoadResourceDll, FindsAModuleBesideTheResourceModuleOnly) {
   HGLOBAL hData = VrkPrivLoadData(5100);
   ASSERT_TRUE(hData != NULL);
   EXPECT_EQ(0, memcmp(::LockResource(hData), "Hallo", 5));
-  EXPECT_TRUE(VrkPrivLoadData(5100, hDeu) != NULL);
-
   // Missing resources: NULL, the text untouched.
   strText = "unchanged";
   EXPECT_TRUE(VrkPrivLockAndLoadText(5101, hDeu, strText) == NULL);
   EXPECT_STREQ("unchanged", strText);
   EXPECT_TRUE(VrkPrivLoadData(5101) == NULL);
   EXPECT_TRUE(VrkPrivLoadData(5100, ::GetModuleHandleA("vrk_enu.dll")) == NULL);
-}
 
-TEST(VExplicitResourceDll, UnloadNeverFreesTheModule) {
-  VExplicitResourceDll dll;
-  EXPECT_TRUE(dll.GetInstance() == NULL);
-  ASSERT_TRUE(dll.Load("vrk"));
-  HINSTANCE hEnu = dll.GetInstance();
-  EXPECT_EQ(::GetModuleHandleA("vrk_enu.dll"), hEnu);
-
-  VExplicitResourceDll copy(dll);
-  EXPECT_EQ(hEnu, copy.GetInstance());
-  dll.Unload();
-  EXPECT_TRUE(dll.GetInstance() == NULL);
-  EXPECT_EQ(hEnu, copy.GetInstance());
-  EXPECT_TRUE(dll.Load("vrk", "ENU"));
-  EXPECT_EQ(hEnu, dll.GetInstance());
-
-  MsgBoxCatcher catcher;
-  {
-    VExplicitResourceDll scoped;
-    EXPECT_FALSE(scoped.Load("nosuch", "XYZ"));
-    EXPECT_TRUE(scoped.GetInstance() == NULL);
-  }
-  // Load passes flags 7: a failure shows the box.
+  // A failed Load shows the box (flags 7) and holds nothing.
+  VExplicitResourceDll missing;
+  EXPECT_FALSE(missing.Load("nosuch", "XYZ"));
+  EXPECT_TRUE(missing.GetInstance() == NULL);
   EXPECT_GE(catcher.Count(), 1u);
-
-  // Loaded and "unloaded" many times: still mapped, same handle.
-  for (int i = 0; i < 20; i++) {
-    VExplicitResourceDll temp;
-    ASSERT_TRUE(temp.Load("vrk"));
-    temp.Unload();
-  }
-  EXPECT_EQ(hEnu, ::GetModuleHandleA("vrk_enu.dll"));
-  copy = dll;
-  EXPECT_EQ(hEnu, copy.GetInstance());
 }
 
 } // namespace

@@ -16,6 +16,7 @@
 //   threads:<n>:<lines>     n threads trace "T<t> L<i>" lines at once
 //   cover                   traces two fixed formats, the first one twice
 //   flush                   VTraceLogger::FlushLog
+//   setname:<path>          writes "FileName" in the Profiler key
 //   state                   "state:enabled=.. flags=.. filter=.. file=.."
 #include "vrk_trace.h"
 
@@ -23,9 +24,9 @@
 
 #include <stdio.h>
 #include <stdlib.h>
-#include <string.h>
 
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -34,9 +35,9 @@ namespace {
 class ProbeTrace : public VTrace {
 public:
   ProbeTrace() : VTrace(0, NULL) {}
-  void Send(const char* text, BOOL bCheckLength) {
+  void Send(const std::string& text, BOOL bCheckLength) {
     m_bCheckLength = bCheckLength;
-    Output(text, (int)strlen(text));
+    Output(text.c_str(), (int)text.size());
   }
 };
 
@@ -44,46 +45,16 @@ public:
 // a known order.
 const char kCoverFormats[2][16] = {"alpha %d", "beta"};
 
-struct ThreadJob {
-  int index;
-  int lines;
-};
-
-DWORD WINAPI TraceThread(LPVOID pv) {
-  const ThreadJob* job = static_cast<const ThreadJob*>(pv);
-  for (int i = 0; i < job->lines; ++i)
-    VrkTrace(0, "T%02d L%04d", job->index, i);
-  return 0;
-}
-
-bool RunThreads(int count, int lines) {
-  std::vector<ThreadJob> jobs(count);
-  std::vector<HANDLE> threads;
-  for (int t = 0; t < count; ++t) {
-    jobs[t].index = t;
-    jobs[t].lines = lines;
-    HANDLE h = CreateThread(NULL, 0, TraceThread, &jobs[t], 0, NULL);
-    if (h == NULL) return false;
-    threads.push_back(h);
-  }
-  bool ok =
-      WaitForMultipleObjects((DWORD)threads.size(), threads.data(), TRUE, 120000) != WAIT_TIMEOUT;
-  for (HANDLE h : threads)
-    CloseHandle(h);
-  return ok;
-}
-
-// Splits "a:b:c" into at most n fields, the last one keeping any ':'.
+// Splits "verb:a:b:rest" into n fields, the last one keeping any ':'.
 std::vector<std::string> Split(const std::string& text, size_t n) {
   std::vector<std::string> fields;
-  size_t start = 0;
-  while (fields.size() + 1 < n) {
-    size_t colon = text.find(':', start);
-    if (colon == std::string::npos) break;
+  size_t start = 0, colon;
+  while (fields.size() + 1 < n && (colon = text.find(':', start)) != std::string::npos) {
     fields.push_back(text.substr(start, colon - start));
     start = colon + 1;
   }
   fields.push_back(text.substr(start));
+  fields.resize(n);
   return fields;
 }
 
@@ -96,35 +67,40 @@ int main(int argc, char** argv) {
   std::string report;
   MsgBoxCatcher catcher(IDOK);
   for (int i = 2; i < argc; ++i) {
-    const std::string command = argv[i];
-    const std::string verb = command.substr(0, command.find(':'));
+    const std::vector<std::string> f = Split(argv[i], 4);
+    const std::string& verb = f[0];
     if (verb == "fmt") {
-      std::vector<std::string> f = Split(command, 3);
-      if (f.size() != 3) return 3;
-      VrkTrace(Number(f[1]), f[2].c_str(), 42, 43);
+      VrkTrace(Number(f[1]), Split(argv[i], 3)[2].c_str(), 42, 43);
     } else if (verb == "long") {
-      std::vector<std::string> f = Split(command, 3);
-      if (f.size() != 3) return 3;
       std::string text(Number(f[2]), ' ');
       for (size_t k = 0; k < text.size(); ++k)
         text[k] = "0123456789abcdefghijklmnopqrstuvwxyz"[k % 36];
       VrkTrace(Number(f[1]), "%s", text.c_str());
     } else if (verb == "timed") {
-      std::vector<std::string> f = Split(command, 4);
-      if (f.size() != 4) return 3;
       VTrace scope(Number(f[1]), f[3].c_str(), 42);
       Sleep(Number(f[2]));
     } else if (verb == "output" || verb == "restart") {
-      if (command.size() <= verb.size()) return 3;
-      ProbeTrace probe;
-      probe.Send(command.c_str() + verb.size() + 1, verb == "restart");
+      ProbeTrace().Send(Split(argv[i], 2)[1], verb == "restart");
     } else if (verb == "threads") {
-      std::vector<std::string> f = Split(command, 3);
-      if (f.size() != 3 || !RunThreads((int)Number(f[1]), (int)Number(f[2]))) return 4;
+      std::vector<std::thread> threads;
+      for (int t = 0; t < (int)Number(f[1]); ++t)
+        threads.emplace_back([t, &f] {
+          for (int line = 0; line < (int)Number(f[2]); ++line)
+            VrkTrace(0, "T%02d L%04d", t, line);
+        });
+      for (std::thread& thread : threads)
+        thread.join();
     } else if (verb == "cover") {
       VrkTrace(0, kCoverFormats[0], 1);
       VrkTrace(0, kCoverFormats[1]);
       VrkTrace(0, kCoverFormats[0], 2);
+    } else if (verb == "setname") {
+      const std::string name = Split(argv[i], 2)[1];
+      HKEY hKey;
+      if (RegOpenKeyA(HKEY_CURRENT_USER, "Software\\Tamrix\\PELVrk Profiler", &hKey) != 0) return 4;
+      RegSetValueExA(hKey, "FileName", 0, REG_SZ, (const BYTE*)name.c_str(),
+                     (DWORD)name.size() + 1);
+      RegCloseKey(hKey);
     } else if (verb == "flush") {
       VTraceLogger::GetGlobalLogger().FlushLog();
     } else if (verb == "state") {
@@ -139,7 +115,6 @@ int main(int argc, char** argv) {
   }
   for (const CaughtBox& box : catcher.Boxes())
     report += "box:" + box.caption + "|" + box.text + "\n";
-
   FILE* pFile = fopen(argv[1], "wb");
   if (pFile == NULL) return 5;
   fwrite(report.data(), 1, report.size(), pFile);

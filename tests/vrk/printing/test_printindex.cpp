@@ -1,12 +1,11 @@
 // The print index tree: items, depth-first deletion that frees each sub-tree
-// once, and the archive form with corrupt and mutated archives.
+// once, and the archive form with truncated and absurd archives.
 #include <vrk_printindex.h>
 #include <exception_probe.h>
 #include <gtest/gtest.h>
 
 #include "archive_bytes.h"
 
-#include <random>
 #include <string>
 
 namespace {
@@ -104,47 +103,4 @@ TEST(PrintIndexTree, TruncatedArchivesFailWithEndOfFile) {
   VPrintIndexTree t;
   EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([&] { Load(huge, t); }));
   EXPECT_EQ(2, t.GetSize());
-}
-
-TEST(PrintIndexTree, MutatedArchivesLoadOrThrowNeverCrash) {
-  VPrintIndexTree tree;
-  for (int i = 0; i < 5; i++)
-    tree.Add(Item(i % 2 ? "Entry with a longer text" : "E", (WORD)(i * 7), (DWORD)i));
-  const std::string good = Store(tree);
-  std::mt19937 rng(77031);
-  int loaded = 0, thrown = 0;
-  for (int k = 0; k < 10000; k++) {
-    std::string m = good;
-    switch (rng() % 4) {
-    case 0:
-      for (int f = 1 + rng() % 3; f > 0; f--)
-        m[rng() % m.size()] = (char)rng();
-      break;
-    case 1:
-      m.resize(rng() % m.size());
-      break;
-    case 2: { // an absurd string length or count where one stands
-      size_t at = (rng() & 1) ? 2 : 0;
-      const char* forms[] = {"\xFF\xFF\xFF\xFF\xFF\x7F", "\xFF\xFE\xFF",
-                             "\xFF\xFF\xFE\xFF\xFF\x0F"};
-      m.replace(at, at ? 1 : 2, forms[rng() % 3]);
-      break;
-    }
-    default:
-      m += std::string(rng() % 40, (char)rng());
-    }
-    VPrintIndexTree t;
-    CRuntimeClass* cls = ThrownClass([&] { Load(m, t); });
-    if (cls == NULL) {
-      loaded++;
-      ASSERT_LE((size_t)t.GetSize() * 7, m.size());
-    } else {
-      thrown++;
-      ASSERT_TRUE(cls->IsDerivedFrom(RUNTIME_CLASS(CArchiveException)) ||
-                  cls->IsDerivedFrom(RUNTIME_CLASS(CMemoryException)))
-          << cls->m_lpszClassName;
-    }
-  }
-  EXPECT_GT(loaded, 0);
-  EXPECT_GT(thrown, 0);
 }
