@@ -20,4 +20,7 @@
 #define IDS_VRK_PRINT_START 5014 // a print job could not start
 #define IDS_VRK_FILE_CLOSE 5015  // closing a file failed
 
+// Drawing.
+#define IDC_VRK_STOCK_CURSOR 5035 // stock cursor 1: a crosshair with an open centre
+
 #endif // VRK_ENU_RESOURCE_H

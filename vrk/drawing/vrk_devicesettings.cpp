@@ -1,0 +1,38 @@
+// Saving and restoring what a DC has selected, its mapping mode and its
+// extents.
+#include "vrk_gdi.h"
+
+void VrkGetDeviceOrientation(CDC* pDC, tagDeviceOrientation* pOrientation) {
+  if (pDC == NULL || pOrientation == NULL) return;
+  ::GetViewportExtEx(pDC->m_hAttribDC, &pOrientation->viewportExt);
+  ::GetWindowExtEx(pDC->m_hAttribDC, &pOrientation->windowExt);
+}
+
+void VrkSetDeviceOrientation(CDC* pDC, tagDeviceOrientation* pOrientation) {
+  if (pDC == NULL || pOrientation == NULL) return;
+  pDC->SetWindowExt(pOrientation->windowExt);
+  pDC->SetViewportExt(pOrientation->viewportExt);
+}
+
+void VrkSaveDeviceSettings(CDC* pDC, tagDeviceSettings* pSettings) {
+  if (pDC == NULL || pSettings == NULL) return;
+  HDC hAttrib = pDC->m_hAttribDC;
+  pSettings->pFont = CGdiObject::FromHandle(::GetCurrentObject(hAttrib, OBJ_FONT));
+  pSettings->pBrush = CGdiObject::FromHandle(::GetCurrentObject(hAttrib, OBJ_BRUSH));
+  pSettings->pPen = CGdiObject::FromHandle(::GetCurrentObject(hAttrib, OBJ_PEN));
+  pSettings->pBitmap = CGdiObject::FromHandle(::GetCurrentObject(hAttrib, OBJ_BITMAP));
+  pSettings->nMapMode = pDC->GetMapMode();
+  VrkGetDeviceOrientation(pDC, &pSettings->orientation);
+}
+
+void VrkRestoreDeviceSettings(CDC* pDC, tagDeviceSettings* pSettings) {
+  if (pDC == NULL || pSettings == NULL) return;
+  if (pSettings->pFont != NULL) pDC->SelectObject(pSettings->pFont);
+  if (pSettings->pBrush != NULL) pDC->SelectObject(pSettings->pBrush);
+  if (pSettings->pPen != NULL) pDC->SelectObject(pSettings->pPen);
+  if (pSettings->pBitmap != NULL && pDC->m_hDC != NULL)
+    ::SelectObject(pDC->m_hDC, pSettings->pBitmap->m_hObject);
+  // The mapping mode first: setting it resets the extents.
+  pDC->SetMapMode(pSettings->nMapMode);
+  VrkSetDeviceOrientation(pDC, &pSettings->orientation);
+}
