@@ -31,7 +31,9 @@ BOOL VCoolMenuManager::OnMeasureItem(MEASUREITEMSTRUCT* pMIS) {
   }
   tagCoolMenuItemData* pData = GetButtonInfo((WORD)pMIS->itemID);
   if (pData == NULL) return FALSE;
-  CWindowDC dc(NULL);
+  // The hooked window's DC (the screen's before Install): the same metrics,
+  // and cheaper to get than the screen's.
+  CWindowDC dc(m_pWndHooked);
   CFont* pOldFont = dc.SelectObject(GetMenuFont());
   CRect r(0, 0, 0, 0);
   dc.DrawText(ItemText(pData), &r, DT_SINGLELINE | DT_VCENTER | DT_CALCRECT);
