@@ -27,9 +27,11 @@ void VrkSaveDeviceSettings(CDC* pDC, tagDeviceSettings* pSettings) {
 
 void VrkRestoreDeviceSettings(CDC* pDC, tagDeviceSettings* pSettings) {
   if (pDC == NULL || pSettings == NULL) return;
-  if (pSettings->pFont != NULL) pDC->SelectObject(pSettings->pFont);
-  if (pSettings->pBrush != NULL) pDC->SelectObject(pSettings->pBrush);
-  if (pSettings->pPen != NULL) pDC->SelectObject(pSettings->pPen);
+  // The typed selections, as the framework's wrappers are used everywhere:
+  // a print preview DC maps the font through its virtual selection.
+  if (pSettings->pFont != NULL) pDC->SelectObject(static_cast<CFont*>(pSettings->pFont));
+  if (pSettings->pBrush != NULL) pDC->SelectObject(static_cast<CBrush*>(pSettings->pBrush));
+  if (pSettings->pPen != NULL) pDC->SelectObject(static_cast<CPen*>(pSettings->pPen));
   if (pSettings->pBitmap != NULL && pDC->m_hDC != NULL)
     ::SelectObject(pDC->m_hDC, pSettings->pBitmap->m_hObject);
   // The mapping mode first: setting it resets the extents.

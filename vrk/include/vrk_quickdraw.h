@@ -116,10 +116,11 @@ public:
 
   CDC* GetDC() const { return m_pDC; }
 
-  // Puts back the DC's own font, brush and pen, in this order.
-  virtual void SelectOld();
+  // Virtual slots after CObject's: Destroy, then SelectOld.
   // SelectOld, then deletes every object created and unbinds the DC.
   virtual void Destroy();
+  // Puts back the DC's own font, brush and pen, in this order.
+  virtual void SelectOld();
 
 protected:
   void AddPen(int nStyle, int nWidth, COLORREF crColor, CPen* pPen);

@@ -64,6 +64,9 @@ BOOL VCoolMenuManager::LoadToolbar(UINT nIDToolbar) {
   if (hRsrc == NULL) return FALSE;
   CBitmap bitmap;
   if (!bitmap.Attach(AfxLoadSysColorBitmap(hInst, hRsrc))) return FALSE;
+  // A bitmap without a single pixel counts as one that did not load.
+  BITMAP bm;
+  if (bitmap.GetBitmap(&bm) == 0 || bm.bmWidth <= 0 || bm.bmHeight <= 0) return FALSE;
   ToolbarInfo info;
   if (!LoadToolbarResource(nIDToolbar, info)) return FALSE;
 

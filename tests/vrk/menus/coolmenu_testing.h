@@ -11,6 +11,7 @@
 #define IDR_TB_TRUNCATED 0x0413     // counts more ids than it holds
 #define IDR_TB_TRUNCATED_GNU 0x0414 // the same in the windres layout
 #define IDR_TB_NOBITMAP 0x0415
+#define IDR_TB_EMPTY 0x0416 // a bitmap 0 pixels wide
 
 #define ID_FILE_NEW 0xE100
 #define ID_FILE_OPEN 0xE101
