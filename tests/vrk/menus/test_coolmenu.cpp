@@ -128,6 +128,7 @@ protected:
     m_manager.Install(m_pFrame);
     ASSERT_TRUE(m_manager.LoadToolbar(IDR_TB_MAIN) && m_manager.LoadToolbar(IDR_TB_SECOND));
     m_nTimer = ::SetTimer(NULL, 0, 3000, EndMenuLater);
+    g_nLastCommand = 0;
   }
   void TearDown() override {
     ::KillTimer(NULL, m_nTimer);
