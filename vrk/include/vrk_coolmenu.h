@@ -140,6 +140,11 @@ private:
   tagCoolMenuItemData* ItemData(WORD nID);
   void DrawEmbossed(CDC& dc, int nImage, CPoint pt);
   int m_nAccelCount; // entries in m_pAccelTable
+  // SM_CYMENU and SM_CXMENUCHECK, read with the menu font and forgotten
+  // with it (a setting change rebuilds both): the system computes them from
+  // its fonts at every call.
+  int m_cyMenu;
+  int m_cxMenuCheck;
 };
 
 #endif // VRK_COOLMENU_H

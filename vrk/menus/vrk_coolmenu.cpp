@@ -21,7 +21,7 @@ VCoolMenuManager::VCoolMenuManager()
     : m_bShowImages(TRUE), m_bAccelFromFrame(TRUE), m_bDisabledByDrawState(FALSE),
       m_bColourEmboss(FALSE), m_pFrameWnd(NULL), m_mapItemData(10), m_mapAccel(10),
       m_hCurrentAccel(NULL), m_pAccelTable(NULL), m_listPendingMenus(10), m_sizeImage(0, 0),
-      m_sizeBox(0, 0), m_nAccelCount(0) {
+      m_sizeBox(0, 0), m_nAccelCount(0), m_cyMenu(0), m_cxMenuCheck(0) {
   FixMFCDotBitmap();
 }
 
@@ -78,6 +78,8 @@ tagCoolMenuItemData* VCoolMenuManager::ItemData(WORD nID) {
 
 CFont* VCoolMenuManager::GetMenuFont() {
   if (m_fontMenu.m_hObject != NULL) return &m_fontMenu;
+  m_cyMenu = ::GetSystemMetrics(SM_CYMENU);
+  m_cxMenuCheck = ::GetSystemMetrics(SM_CXMENUCHECK);
   // The size of the structure as it was before Vista added a field, which
   // every version of the system accepts.
   NONCLIENTMETRICSA ncm;

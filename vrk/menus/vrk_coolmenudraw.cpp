@@ -24,8 +24,9 @@ const CString& ItemText(const tagCoolMenuItemData* pData) {
 
 BOOL VCoolMenuManager::OnMeasureItem(MEASUREITEMSTRUCT* pMIS) {
   if (pMIS == NULL || pMIS->CtlType != ODT_MENU) return FALSE;
-  if (pMIS->itemID == 0) { // a separator
-    pMIS->itemHeight = ::GetSystemMetrics(SM_CYMENU) / 2;
+  CFont* pFont = GetMenuFont(); // and the menu metrics with it
+  if (pMIS->itemID == 0) {      // a separator
+    pMIS->itemHeight = m_cyMenu / 2;
     pMIS->itemWidth = 0;
     return TRUE;
   }
@@ -34,14 +35,13 @@ BOOL VCoolMenuManager::OnMeasureItem(MEASUREITEMSTRUCT* pMIS) {
   // The hooked window's DC (the screen's before Install): the same metrics,
   // and cheaper to get than the screen's.
   CWindowDC dc(m_pWndHooked);
-  CFont* pOldFont = dc.SelectObject(GetMenuFont());
+  CFont* pOldFont = dc.SelectObject(pFont);
   CRect r(0, 0, 0, 0);
   dc.DrawText(ItemText(pData), &r, DT_SINGLELINE | DT_VCENTER | DT_CALCRECT);
   dc.SelectObject(pOldFont);
-  int cyMenu = ::GetSystemMetrics(SM_CYMENU);
-  pMIS->itemHeight = r.Height() > cyMenu ? r.Height() : cyMenu;
+  pMIS->itemHeight = r.Height() > m_cyMenu ? r.Height() : m_cyMenu;
   // The system adds the check-mark width to every owner-drawn item.
-  pMIS->itemWidth = r.Width() + 2 * m_sizeBox.cx + 6 - ::GetSystemMetrics(SM_CXMENUCHECK);
+  pMIS->itemWidth = r.Width() + 2 * m_sizeBox.cx + 6 - m_cxMenuCheck;
   return TRUE;
 }
 
