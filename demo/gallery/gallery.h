@@ -94,7 +94,6 @@ public:
 class CControlsView : public CView {
   DECLARE_DYNCREATE(CControlsView)
 public:
-  virtual ~CControlsView();
   virtual void OnDraw(CDC* pDC);
   virtual void OnInitialUpdate();
   virtual BOOL PreTranslateMessage(MSG* pMsg);
@@ -105,11 +104,11 @@ public:
   DECLARE_MESSAGE_MAP()
 
 private:
-  CWnd* AddLabel(const char* pszText, int nTop);
+  void AddLabel(CStatic& label, const char* pszText, int nTop);
   VDateEdit m_editDate;
   VTimeEdit m_editTime;
   CStatic m_result;
-  CPtrArray m_labels;
+  CStatic m_labels[2];
 };
 
 // A printed document: a numbered text of several pages, printed from

@@ -25,24 +25,21 @@ const int s_nLabelWidth = 90, s_nEditWidth = 110, s_nRowHeight = 22;
 
 } // namespace
 
-CWnd* CControlsView::AddLabel(const char* pszText, int nTop) {
-  CStatic* pLabel = new CStatic;
-  pLabel->Create(pszText, WS_CHILD | WS_VISIBLE, CRect(16, nTop + 3, 16 + s_nLabelWidth, nTop + 20),
-                 this);
-  pLabel->SetFont(CFont::FromHandle((HFONT)::GetStockObject(DEFAULT_GUI_FONT)));
-  m_labels.Add(pLabel);
-  return pLabel;
+void CControlsView::AddLabel(CStatic& label, const char* pszText, int nTop) {
+  label.Create(pszText, WS_CHILD | WS_VISIBLE, CRect(16, nTop + 3, 16 + s_nLabelWidth, nTop + 20),
+               this);
+  label.SetFont(CFont::FromHandle((HFONT)::GetStockObject(DEFAULT_GUI_FONT)));
 }
 
 int CControlsView::OnCreate(LPCREATESTRUCT lpcs) {
   if (CView::OnCreate(lpcs) == -1) return -1;
   CFont* pFont = CFont::FromHandle((HFONT)::GetStockObject(DEFAULT_GUI_FONT));
   const int x = 16 + s_nLabelWidth;
-  AddLabel(s_rows[0].pszLabel, s_rows[0].nTop);
+  AddLabel(m_labels[0], s_rows[0].pszLabel, s_rows[0].nTop);
   m_editDate.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP,
                     CRect(x, s_rows[0].nTop, x + s_nEditWidth, s_rows[0].nTop + s_nRowHeight), this,
                     IDC_GALLERY_DATE);
-  AddLabel(s_rows[1].pszLabel, s_rows[1].nTop);
+  AddLabel(m_labels[1], s_rows[1].pszLabel, s_rows[1].nTop);
   m_editTime.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP,
                     CRect(x, s_rows[1].nTop, x + s_nEditWidth, s_rows[1].nTop + s_nRowHeight), this,
                     IDC_GALLERY_TIME);
@@ -93,8 +90,3 @@ HBRUSH CControlsView::OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor) {
 }
 
 void CControlsView::OnDraw(CDC*) {}
-
-CControlsView::~CControlsView() {
-  for (int i = 0; i < m_labels.GetSize(); i++)
-    delete m_labels[i];
-}
