@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""Draws the gallery's toolbar strips (16 x 15 images, 24 bits per pixel,
-the button face grey as background so that the toolbar masks it out) and
-writes them as Windows BMP files beside this script."""
+"""Draws the gallery's toolbar strips (16 x 15 images in the 16 standard
+colours, 4 bits per pixel as toolbars are usually kept, so that the system
+colours are remapped; the button face grey as background, which the toolbar
+masks out) and writes them as Windows BMP files beside this script."""
 import os
 import struct
 
@@ -151,7 +152,7 @@ def dialog():
 
 def keyboard():
     i = blank()
-    rect(i, 0, 4, 15, 12, BLACK, (224, 224, 224))
+    rect(i, 0, 4, 15, 12, BLACK, WHITE)
     for y in (6, 8):
         for x in range(2, 14, 2):
             i[y][x] = BLACK
@@ -168,21 +169,28 @@ def index():
     return i
 
 
+# The 16 standard colours, in the order of the usual 16-colour palette.
+PALETTE = [(0, 0, 0), (128, 0, 0), (0, 128, 0), (128, 128, 0), (0, 0, 128), (128, 0, 128),
+           (0, 128, 128), (192, 192, 192), (128, 128, 128), (255, 0, 0), (0, 255, 0),
+           (255, 255, 0), (0, 0, 255), (255, 0, 255), (0, 255, 255), (255, 255, 255)]
+
+
 def write_bmp(path, images):
     width, height = W * len(images), H
-    row = (width * 3 + 3) & ~3
+    row = ((width * 4 + 31) // 32) * 4
     data = bytearray()
     for y in range(height - 1, -1, -1):
-        line_ = bytearray()
-        for img in images:
-            for x in range(W):
-                r, g, b = img[y][x]
-                line_ += bytes((b, g, r))
+        pixels = [PALETTE.index(img[y][x]) for img in images for x in range(W)]
+        if len(pixels) % 2:
+            pixels.append(0)
+        line_ = bytes((pixels[k] << 4) | pixels[k + 1] for k in range(0, len(pixels), 2))
         data += line_ + bytes(row - len(line_))
-    header = struct.pack('<2sIHHI', b'BM', 54 + len(data), 0, 0, 54)
-    info = struct.pack('<IiiHHIIiiII', 40, width, height, 1, 24, 0, len(data), 2835, 2835, 0, 0)
+    table = b''.join(bytes((b, g, r, 0)) for r, g, b in PALETTE)
+    offset = 14 + 40 + len(table)
+    header = struct.pack('<2sIHHI', b'BM', offset + len(data), 0, 0, offset)
+    info = struct.pack('<IiiHHIIiiII', 40, width, height, 1, 4, 0, len(data), 2835, 2835, 16, 0)
     with open(path, 'wb') as f:
-        f.write(header + info + data)
+        f.write(header + info + table + data)
 
 
 here = os.path.dirname(os.path.abspath(__file__))

@@ -27,6 +27,7 @@
 
 #ifndef RC_INVOKED
 #include <afxext.h>
+#include <vrk_coolmenu.h>
 #include <vrk_maskedit.h>
 #include <vrk_statusbar.h>
 
@@ -58,6 +59,7 @@ public:
   CToolBar m_wndToolBar;
   CToolBar m_wndPagesBar;
   VStatusBar m_wndStatusBar;
+  VCoolMenuManager m_menuManager; // the toolbars' images in the menus
 
   afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
   afx_msg void OnToolsProgress();

@@ -138,6 +138,9 @@ int CMainFrame::OnCreate(LPCREATESTRUCT lpCreateStruct) {
   if (!m_wndStatusBar.Create(this) ||
       !m_wndStatusBar.SetIndicators(s_indicators, sizeof(s_indicators) / sizeof(UINT)))
     return -1;
+  m_menuManager.Install(this);
+  static const UINT s_toolbars[] = {IDR_MAINFRAME, IDR_PAGES};
+  m_menuManager.LoadToolbars(s_toolbars, sizeof(s_toolbars) / sizeof(UINT));
   return 0;
 }
 
