@@ -1,9 +1,8 @@
 // In-place editing in an MDI view and a dialog, driven by real keys and
-// clicks: entering edit mode (message 5604 to the view), the mouse hook's
-// queries for clicks and wheel turns outside, commit and cancel keys, Tab to
-// the next control, Escape in a combo box with its list open, Alt+F4 turned
-// into an SC_CLOSE query, the frames' accelerators translated by the keyboard
-// hook, and edits destroyed or replaced in the middle of an edit.
+// clicks: edit mode announced to the view (5604), the mouse hook's queries
+// for clicks and wheel turns outside, Alt+F4 turned into an SC_CLOSE query,
+// the frames' accelerators while editing, Escape in a combo with its list
+// open, Tab and Enter in a dialog, and edits replaced or destroyed mid-edit.
 #include "vrk_editmode.h"
 
 #include <afxext.h>
@@ -16,7 +15,7 @@
 
 namespace {
 
-// An edit that records the end-edit queries it answers.
+// An edit that records the queries it answers.
 template <class Base> class CLogging : public Base {
 public:
   std::vector<tagEndEditStruct> m_queries;
@@ -30,11 +29,9 @@ typedef CLogging<VEditCtrl> CCellEdit;
 typedef CLogging<VEditInComboBox> CCellComboEdit;
 
 class CCellCombo : public VEditComboBox {
-protected:
   virtual VEditCtrl* CreateEditControl() { return new CCellComboEdit; }
 };
 
-// The main frame records the system commands that reach it.
 class CMainFrame : public CMDIFrameWnd {
 public:
   std::vector<UINT> m_sysCommands;
@@ -48,8 +45,13 @@ BEGIN_MESSAGE_MAP(CMainFrame, CMDIFrameWnd)
 ON_WM_SYSCOMMAND()
 END_MESSAGE_MAP()
 
-// A view with an in-place edit, a button and an in-place combo box; it logs
-// the edit-mode messages and where its commands came from.
+class CSheetDoc : public CDocument {
+  DECLARE_DYNCREATE(CSheetDoc)
+};
+IMPLEMENT_DYNCREATE(CSheetDoc, CDocument)
+
+// A view with an in-place edit, a button and an in-place combo; it logs the
+// edit-mode messages, the clicks and the window each command was sent to.
 class CCellView : public CView {
   DECLARE_DYNCREATE(CCellView)
 public:
@@ -57,17 +59,14 @@ public:
   CButton m_button;
   CCellCombo m_combo;
   std::vector<LPARAM> m_editModes;
-  std::vector<std::pair<UINT, HWND>> m_commands; // command and the window it was sent to
+  std::vector<std::pair<UINT, HWND>> m_commands;
   int m_nClicks = 0;
-
   virtual void OnDraw(CDC*) {}
   afx_msg int OnCreate(LPCREATESTRUCT lpcs) {
-    if (CView::OnCreate(lpcs) == -1) return -1;
-    m_edit.Create(WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL, CRect(10, 10, 160, 34), this, IDC_FIRST);
-    m_button.Create("Button", WS_CHILD | WS_VISIBLE | BS_PUSHBUTTON, CRect(200, 10, 300, 34), this,
-                    IDC_BUTTON);
-    m_combo.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL | CBS_DROPDOWN, CRect(10, 60, 160, 200), this,
-                   IDC_COMBO);
+    CView::OnCreate(lpcs);
+    m_edit.Create(WS_CHILD | WS_VISIBLE, CRect(10, 10, 160, 34), this, IDC_FIRST);
+    m_button.Create("Button", WS_CHILD | WS_VISIBLE, CRect(200, 10, 300, 34), this, IDC_BUTTON);
+    m_combo.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWN, CRect(10, 60, 160, 200), this, IDC_COMBO);
     for (const char* psz : {"Abcde", "Beta", "Gamma"})
       m_combo.AddString(psz);
     return 0;
@@ -77,9 +76,7 @@ public:
     return 0;
   }
   afx_msg void OnButton() { ++m_nClicks; }
-  void Record(UINT nID) { m_commands.push_back({nID, GetCurrentMessage()->hwnd}); }
-  afx_msg void OnChildCmd() { Record(ID_CHILDCMD); }
-  afx_msg void OnMainCmd() { Record(ID_MAINCMD); }
+  afx_msg void OnCmd(UINT nID) { m_commands.push_back({nID, GetCurrentMessage()->hwnd}); }
   DECLARE_MESSAGE_MAP()
 };
 IMPLEMENT_DYNCREATE(CCellView, CView)
@@ -87,22 +84,15 @@ BEGIN_MESSAGE_MAP(CCellView, CView)
 ON_WM_CREATE()
 ON_MESSAGE(VWM_EDITMODE, &CCellView::OnEditMode)
 ON_BN_CLICKED(IDC_BUTTON, &CCellView::OnButton)
-ON_COMMAND(ID_CHILDCMD, &CCellView::OnChildCmd)
-ON_COMMAND(ID_MAINCMD, &CCellView::OnMainCmd)
+ON_COMMAND_RANGE(ID_CHILDCMD, ID_MAINCMD, &CCellView::OnCmd)
 END_MESSAGE_MAP()
-
-class CSheetDoc : public CDocument {
-  DECLARE_DYNCREATE(CSheetDoc)
-};
-IMPLEMENT_DYNCREATE(CSheetDoc, CDocument)
 
 // The application counts the wheel messages its run loop sees.
 class CEditModeApp : public CWinApp {
 public:
-  CEditModeApp() : CWinApp("Edit Mode Test") {}
   int m_nWheels = 0;
   virtual BOOL PreTranslateMessage(MSG* pMsg) {
-    if (pMsg->message == WM_MOUSEWHEEL) ++m_nWheels;
+    m_nWheels += pMsg->message == WM_MOUSEWHEEL;
     return CWinApp::PreTranslateMessage(pMsg);
   }
 };
@@ -110,182 +100,136 @@ CEditModeApp theApp;
 
 tagEditModeSession& Session() { return *VEditCtrl::GetEditModeSession(); }
 
-POINT CentreOf(CWnd* pWnd) {
+POINT CentreOf(HWND hWnd) {
   CRect rc;
-  pWnd->GetWindowRect(&rc);
+  ::GetWindowRect(hWnd, &rc);
   return rc.CenterPoint();
 }
 
 class EditModeTest : public ::testing::Test {
 protected:
   void SetUp() override {
-    m_pTemplate = new CMultiDocTemplate(IDR_SHEET, RUNTIME_CLASS(CSheetDoc),
-                                        RUNTIME_CLASS(CMDIChildWnd), RUNTIME_CLASS(CCellView));
-    theApp.AddDocTemplate(m_pTemplate);
-    m_pMainFrame = new CMainFrame;
-    ASSERT_TRUE(m_pMainFrame->LoadFrame(IDR_MAINFRAME));
-    theApp.m_pMainWnd = m_pMainFrame;
-    m_pMainFrame->ShowWindow(SW_SHOWMAXIMIZED);
-    CDocument* pDoc = m_pTemplate->OpenDocumentFile(NULL);
+    CMultiDocTemplate* pTemplate = new CMultiDocTemplate(
+        IDR_SHEET, RUNTIME_CLASS(CSheetDoc), RUNTIME_CLASS(CMDIChildWnd), RUNTIME_CLASS(CCellView));
+    theApp.AddDocTemplate(pTemplate);
+    m_pMain = new CMainFrame;
+    ASSERT_TRUE(m_pMain->LoadFrame(IDR_MAINFRAME));
+    theApp.m_pMainWnd = m_pMain;
+    m_pMain->ShowWindow(SW_SHOWMAXIMIZED);
+    CDocument* pDoc = pTemplate->OpenDocumentFile(NULL);
     ASSERT_NE(nullptr, pDoc);
     POSITION pos = pDoc->GetFirstViewPosition();
     m_pView = (CCellView*)pDoc->GetNextView(pos);
     m_pView->GetParentFrame()->ShowWindow(SW_SHOWMAXIMIZED);
-    user_input::Focus(*m_pMainFrame, m_pView->m_edit);
+    user_input::Focus(*m_pMain, m_pView->m_edit);
   }
   void TearDown() override {
-    if (theApp.m_pMainWnd != NULL) theApp.m_pMainWnd->DestroyWindow();
+    theApp.m_pMainWnd->DestroyWindow();
     user_input::Pump();
     delete theApp.m_pDocManager;
     theApp.m_pDocManager = NULL;
-    // Nothing of an edit may outlive its windows.
-    EXPECT_EQ(nullptr, Session().pEdit);
+    EXPECT_EQ(nullptr, Session().pEdit); // nothing outlives the windows
     EXPECT_EQ(nullptr, Session().hMouseHook);
-    EXPECT_EQ(nullptr, Session().hKeyboardHook);
   }
   // Leaves edit mode and enters it again through the focus.
-  void Reenter(CWnd* pEdit) {
+  void Reenter(HWND hEdit) {
     VEditCtrl::EndEditMode();
     m_pView->SetFocus();
-    user_input::Focus(*m_pMainFrame, *pEdit);
+    user_input::Focus(*m_pMain, hEdit);
   }
-  CMultiDocTemplate* m_pTemplate = NULL;
-  CMainFrame* m_pMainFrame = NULL;
+  CMainFrame* m_pMain = NULL;
   CCellView* m_pView = NULL;
 };
 
-TEST_F(EditModeTest, FocusEntersEditModeAndTellsTheView) {
+TEST_F(EditModeTest, FocusEntersEditModeAndAcceleratorsStillWork) {
   CCellEdit& edit = m_pView->m_edit;
   ASSERT_EQ(std::vector<LPARAM>{(LPARAM)&edit}, m_pView->m_editModes);
-  EXPECT_EQ(&edit, Session().pEdit);
   EXPECT_EQ(m_pView->m_hWnd, Session().hWndOwner);
-  EXPECT_NE(nullptr, Session().hMouseHook);
   EXPECT_NE(nullptr, Session().hKeyboardHook);
-  // The child frame's and the main frame's accelerators, one entry each.
-  EXPECT_NE(nullptr, Session().hFrameAccel);
   EXPECT_EQ(1, Session().nFrameAccelCount);
-  EXPECT_EQ(m_pMainFrame->m_hAccelTable, Session().hMainAccel);
-  EXPECT_EQ(1, Session().nMainAccelCount);
-  EXPECT_TRUE(VEditCtrl::IsEditModeWnd(edit));
+  EXPECT_EQ(m_pMain->m_hAccelTable, Session().hMainAccel);
   EXPECT_TRUE(VEditCtrl::IsEditModeWnd(*m_pView));
   EXPECT_FALSE(VEditCtrl::IsEditModeWnd(m_pView->m_button));
   EXPECT_EQ(WS_EX_CLIENTEDGE, edit.GetExStyle() & WS_EX_CLIENTEDGE);
 
+  // While editing the hook posts the commands of the child's and the main
+  // frame's keys to the view; outside edit mode the frames translate them.
+  user_input::Press(VK_F7);
+  user_input::Press(VK_F8);
   VEditCtrl::EndEditMode();
   EXPECT_EQ((LPARAM)0, m_pView->m_editModes.back());
-  EXPECT_EQ(nullptr, Session().pEdit);
+  user_input::Press(VK_F7);
+  ASSERT_EQ(3u, m_pView->m_commands.size());
+  EXPECT_EQ(std::make_pair((UINT)ID_CHILDCMD, m_pView->m_hWnd), m_pView->m_commands[0]);
+  EXPECT_EQ(std::make_pair((UINT)ID_MAINCMD, m_pView->m_hWnd), m_pView->m_commands[1]);
+  EXPECT_EQ((UINT)ID_CHILDCMD, m_pView->m_commands[2].first);
+  EXPECT_NE(m_pView->m_hWnd, m_pView->m_commands[2].second);
+  EXPECT_EQ(0, edit.GetWindowTextLength());
 }
 
-TEST_F(EditModeTest, ClickOnAnotherControlAsksTheEdit) {
+TEST_F(EditModeTest, ClickWheelAndAltF4OutsideAskTheEdit) {
   struct Case {
-    BOOL bModified;
-    LRESULT answer;
+    int nInput; // 0 click on the button, 1 wheel over it, 2 Alt+F4
+    BOOL bModified, answer;
     DWORD nFlags;
-    bool bEnds, bClickGoesOn;
+    bool bEnds, bGoesOn;
   } cases[] = {
-      {FALSE, TRUE, 0x10000001, true, true}, // the base answer: ends, the click goes on
-      {TRUE, 0x21, 0x10000002, true, false}, // bit 0x20 eats the click
-      {TRUE, 0x02, 0x10000002, true, false}, // no bit 0x01: eaten
-      {FALSE, 0, 0x10000001, false, false},  // refused: the focus goes back to the edit
+      {0, FALSE, TRUE, 0x10000001, true, true},  // ends, the click goes on
+      {0, TRUE, 0x21, 0x10000002, true, false},  // bit 0x20 eats it
+      {0, TRUE, 0x02, 0x10000002, true, false},  // so does a missing bit 0x01
+      {0, FALSE, 0, 0x10000001, false, false},   // refused: the focus stays
+      {1, FALSE, TRUE, 0x10000001, true, false}, // a wheel turn is always eaten
+      {2, FALSE, TRUE, 0xA0000001, true, false}, // never reaches the frame
   };
   CCellEdit& edit = m_pView->m_edit;
   for (const Case& c : cases) {
-    SCOPED_TRACE(testing::Message() << "answer " << c.answer);
-    Reenter(&edit);
-    ASSERT_EQ(&edit, Session().pEdit);
+    SCOPED_TRACE(testing::Message() << c.nInput << " answer " << c.answer);
+    Reenter(edit);
     edit.SetModifiedFlag(c.bModified);
-    edit.m_answer = (BOOL)c.answer;
+    edit.m_answer = c.answer;
     edit.m_queries.clear();
-    int nClicks = m_pView->m_nClicks;
-    size_t nEditModes = m_pView->m_editModes.size();
-
-    POINT pt = CentreOf(&m_pView->m_button);
-    user_input::Click(pt);
+    int nClicks = m_pView->m_nClicks, nWheels = theApp.m_nWheels;
+    POINT pt = CentreOf(m_pView->m_button);
+    if (c.nInput == 0) user_input::Click(pt);
+    if (c.nInput == 1) user_input::Wheel(pt);
+    if (c.nInput == 2) user_input::Press(VK_F4, {VK_MENU});
     ASSERT_EQ(1u, edit.m_queries.size());
-    EXPECT_EQ(c.nFlags, edit.m_queries[0].nFlags);
-    EXPECT_EQ(pt.x, edit.m_queries[0].x);
-    EXPECT_EQ(pt.y, edit.m_queries[0].y);
-    EXPECT_EQ(0u, edit.m_queries[0].nKey);
+    const tagEndEditStruct& q = edit.m_queries[0];
+    EXPECT_EQ(c.nFlags, q.nFlags);
+    EXPECT_EQ(c.nInput == 2 ? CPoint(0, 0) : CPoint(pt), CPoint(q.x, q.y));
+    EXPECT_EQ(c.nInput == 2 ? (UINT)SC_CLOSE : 0u, q.nKey);
     EXPECT_EQ(c.bEnds ? nullptr : &edit, Session().pEdit);
-    EXPECT_EQ(c.bEnds ? nEditModes + 1 : nEditModes, m_pView->m_editModes.size());
-    EXPECT_EQ(nClicks + (c.bClickGoesOn ? 1 : 0), m_pView->m_nClicks);
-    if (!c.bEnds) {
-      EXPECT_EQ(edit.m_hWnd, ::GetFocus());
-    }
+    EXPECT_EQ(c.bEnds ? (LPARAM)0 : (LPARAM)&edit, m_pView->m_editModes.back());
+    EXPECT_EQ(c.bGoesOn, m_pView->m_nClicks > nClicks);
+    EXPECT_EQ(nWheels, theApp.m_nWheels);
+    EXPECT_EQ(c.bGoesOn ? m_pView->m_button.m_hWnd : edit.m_hWnd, ::GetFocus());
   }
-}
-
-TEST_F(EditModeTest, WheelOutsideAsksAndIsAlwaysEaten) {
-  CCellEdit& edit = m_pView->m_edit;
-  edit.m_answer = TRUE | 0x01;
-  int nWheels = theApp.m_nWheels;
-  user_input::Wheel(CentreOf(&m_pView->m_button));
-  ASSERT_EQ(1u, edit.m_queries.size());
-  EXPECT_EQ(0x10000001u, edit.m_queries[0].nFlags);
-  EXPECT_EQ(nullptr, Session().pEdit);
-  EXPECT_EQ(nWheels, theApp.m_nWheels);
-
-  // Out of edit mode the same turn reaches the application.
-  user_input::Wheel(CentreOf(&m_pView->m_button));
-  EXPECT_EQ(nWheels + 1, theApp.m_nWheels);
-  EXPECT_EQ(1u, edit.m_queries.size());
-}
-
-TEST_F(EditModeTest, AltF4BecomesAnEndEditQueryWithSysClose) {
-  CCellEdit& edit = m_pView->m_edit;
-  user_input::Press(VK_F4, {VK_MENU});
-  ASSERT_EQ(1u, edit.m_queries.size());
-  EXPECT_EQ(0xA0000001u, edit.m_queries[0].nFlags);
-  EXPECT_EQ((UINT)SC_CLOSE, edit.m_queries[0].nKey);
-  EXPECT_EQ(nullptr, Session().pEdit); // the base answer ends the edit
-  for (UINT nID : m_pMainFrame->m_sysCommands)
+  for (UINT nID : m_pMain->m_sysCommands)
     EXPECT_NE((UINT)SC_CLOSE, nID);
-  EXPECT_TRUE(::IsWindow(m_pView->m_hWnd));
+  user_input::Wheel(CentreOf(m_pView->m_button)); // outside edit mode it arrives
+  EXPECT_EQ(1, theApp.m_nWheels);
 }
 
-TEST_F(EditModeTest, FrameAcceleratorsWorkWhileEditing) {
-  // While editing, the keyboard hook posts the command to the owner (the
-  // view); outside edit mode the frames translate the key themselves.
-  user_input::Press(VK_F7);
-  user_input::Press(VK_F8);
-  ASSERT_EQ(2u, m_pView->m_commands.size());
-  EXPECT_EQ(ID_CHILDCMD, m_pView->m_commands[0].first);
-  EXPECT_EQ(m_pView->m_hWnd, m_pView->m_commands[0].second);
-  EXPECT_EQ(ID_MAINCMD, m_pView->m_commands[1].first);
-  EXPECT_EQ(m_pView->m_hWnd, m_pView->m_commands[1].second);
-  EXPECT_EQ(&m_pView->m_edit, Session().pEdit);
-  EXPECT_STREQ("", [&] {
-    CString s;
-    m_pView->m_edit.GetWindowText(s);
-    return s;
-  }());
-
-  VEditCtrl::EndEditMode();
-  user_input::Press(VK_F7);
-  ASSERT_EQ(3u, m_pView->m_commands.size());
-  EXPECT_EQ(ID_CHILDCMD, m_pView->m_commands[2].first);
-  EXPECT_NE(m_pView->m_hWnd, m_pView->m_commands[2].second);
-}
-
-TEST_F(EditModeTest, EscapeInAComboClosesTheListFirst) {
+TEST_F(EditModeTest, ComboEscapeClosesTheListFirstAndKeysComplete) {
   CCellCombo& combo = m_pView->m_combo;
   CCellComboEdit* pEdit = (CCellComboEdit*)combo.GetEditCtrl();
-  ASSERT_NE(nullptr, pEdit);
-  Reenter(pEdit);
+  Reenter(*pEdit);
   ASSERT_EQ(pEdit, Session().pEdit);
-  EXPECT_EQ(combo.m_hWnd, Session().hWndOwner);
+  // Each key completes before the edit takes its character, in the entry's case.
+  user_input::Type("ab");
+  EXPECT_STREQ("Ab", [&] {
+    CString s;
+    combo.GetWindowText(s);
+    return s;
+  }());
 
   CRect rc;
   combo.GetClientRect(&rc);
   user_input::ClickClient(combo, rc.right - 5, rc.Height() / 2); // the arrow
   ASSERT_TRUE(combo.GetDroppedState());
-  EXPECT_EQ(pEdit, Session().pEdit);
-
   user_input::Press(VK_ESCAPE);
   EXPECT_FALSE(combo.GetDroppedState());
   EXPECT_TRUE(pEdit->m_queries.empty());
-  EXPECT_EQ(pEdit, Session().pEdit);
-
   user_input::Press(VK_ESCAPE);
   ASSERT_EQ(1u, pEdit->m_queries.size());
   EXPECT_EQ(0x20000001u, pEdit->m_queries[0].nFlags);
@@ -293,11 +237,11 @@ TEST_F(EditModeTest, EscapeInAComboClosesTheListFirst) {
   EXPECT_EQ(nullptr, Session().pEdit);
 }
 
-TEST_F(EditModeTest, SettingTextWithVerificationKeepsOnlyRealChanges) {
+TEST_F(EditModeTest, TextSetWithVerificationKeepsOnlyRealChanges) {
   struct Case {
     BOOL bModified, bVerify;
     const char* pszNew;
-    BOOL bModifiedAfter;
+    BOOL bAfter;
   } cases[] = {{TRUE, TRUE, "same", FALSE},
                {TRUE, TRUE, "other", TRUE},
                {TRUE, FALSE, "same", TRUE},
@@ -308,89 +252,54 @@ TEST_F(EditModeTest, SettingTextWithVerificationKeepsOnlyRealChanges) {
     edit.SetModifiedFlag(c.bModified);
     edit.SetVerifyChanged(c.bVerify);
     edit.SetWindowText(c.pszNew);
-    EXPECT_EQ(c.bModifiedAfter, edit.IsModified()) << c.pszNew;
-    EXPECT_EQ(c.bModifiedAfter, (BOOL)edit.SendMessage(VWM_ISMODIFIED));
+    EXPECT_EQ(c.bAfter, (BOOL)edit.SendMessage(VWM_ISMODIFIED)) << c.pszNew;
     EXPECT_FALSE(edit.GetVerifyChanged());
   }
 }
 
-TEST_F(EditModeTest, EditsDestroyedOrReplacedDuringEditModeLeaveNothingBehind) {
-  CCellEdit& edit = m_pView->m_edit;
-  HHOOK hMouse = Session().hMouseHook, hKeyboard = Session().hKeyboardHook;
-  // A second edit: its construction resets the flag, its focus takes over.
-  CCellEdit* pSecond = new CCellEdit;
+TEST_F(EditModeTest, EditsReplacedOrDestroyedMidEditLeaveNothingBehind) {
+  HHOOK hFirst = Session().hMouseHook;
+  CCellEdit* pSecond = new CCellEdit; // resets the flag; its focus takes over
   ASSERT_TRUE(pSecond->Create(WS_CHILD | WS_VISIBLE, CRect(10, 220, 160, 244), m_pView, 0x500));
-  user_input::Focus(*m_pMainFrame, *pSecond);
+  user_input::Focus(*m_pMain, *pSecond);
   EXPECT_EQ(pSecond, Session().pEdit);
-  EXPECT_EQ((LPARAM)pSecond, m_pView->m_editModes.back());
-  EXPECT_FALSE(::UnhookWindowsHookEx(hMouse)); // the first edit's hooks are gone
-  EXPECT_FALSE(::UnhookWindowsHookEx(hKeyboard));
-
-  // Deleting the object in the middle of the edit.
-  hMouse = Session().hMouseHook;
+  EXPECT_FALSE(::UnhookWindowsHookEx(hFirst)); // already removed
+  HHOOK hSecond = Session().hMouseHook;
   delete pSecond;
   EXPECT_EQ(nullptr, Session().pEdit);
   EXPECT_EQ((LPARAM)0, m_pView->m_editModes.back());
-  EXPECT_FALSE(::UnhookWindowsHookEx(hMouse));
+  EXPECT_FALSE(::UnhookWindowsHookEx(hSecond));
 
-  // Destroying the window in the middle of the edit.
-  Reenter(&edit);
-  ASSERT_EQ(&edit, Session().pEdit);
-  hMouse = Session().hMouseHook;
+  Reenter(m_pView->m_edit);
   size_t nEditModes = m_pView->m_editModes.size();
-  edit.DestroyWindow();
+  m_pView->m_edit.DestroyWindow();
   EXPECT_EQ(nullptr, Session().pEdit);
   EXPECT_EQ(nullptr, Session().hKeyboardHook);
   EXPECT_EQ(nEditModes + 1, m_pView->m_editModes.size());
-  EXPECT_EQ((LPARAM)0, m_pView->m_editModes.back());
-  EXPECT_FALSE(::UnhookWindowsHookEx(hMouse));
-  // Input goes on normally afterwards.
-  user_input::Click(CentreOf(&m_pView->m_button));
+  user_input::Click(CentreOf(m_pView->m_button)); // input goes on normally
   EXPECT_EQ(1, m_pView->m_nClicks);
 }
 
-// Tab and Enter in a dialog: WM_GETDLGCODE keeps them from the dialog
-// manager, the edit commits, and Tab moves on to the next tab stop.
+// WM_GETDLGCODE keeps Tab and Enter from the dialog manager; the edit
+// commits, and Tab moves on to the next tab stop.
 TEST_F(EditModeTest, TabAndEnterCommitInADialog) {
-  struct Case {
-    WORD vk;
-    UINT nFocusId;
-  } cases[] = {{VK_TAB, IDC_SECOND}, {VK_RETURN, IDC_FIRST}};
-  for (const Case& c : cases) {
-    SCOPED_TRACE(testing::Message() << "key " << c.vk);
+  for (WORD vk : {VK_TAB, VK_RETURN}) {
     CDialog dlg;
-    ASSERT_TRUE(dlg.Create(IDD_CELLS, m_pMainFrame));
+    ASSERT_TRUE(dlg.Create(IDD_CELLS, m_pMain));
     CCellEdit edit;
     ASSERT_TRUE(edit.SubclassDlgItem(IDC_FIRST, &dlg));
     user_input::Focus(dlg, ::GetDlgItem(dlg, IDC_SECOND));
     user_input::Focus(dlg, edit);
-    ASSERT_EQ(&edit, Session().pEdit);
     EXPECT_EQ(dlg.m_hWnd, Session().hWndOwner);
-
-    user_input::Press(c.vk);
+    user_input::Press(vk);
     ASSERT_EQ(1u, edit.m_queries.size());
     EXPECT_EQ(0x20000002u, edit.m_queries[0].nFlags);
-    EXPECT_EQ((UINT)c.vk, edit.m_queries[0].nKey);
+    EXPECT_EQ((UINT)vk, edit.m_queries[0].nKey);
     EXPECT_EQ(nullptr, Session().pEdit);
-    EXPECT_EQ(::GetDlgItem(dlg, c.nFocusId), ::GetFocus());
-    EXPECT_TRUE(::IsWindow(dlg)); // Enter did not reach the dialog as IDOK
+    EXPECT_EQ(::GetDlgItem(dlg, vk == VK_TAB ? IDC_SECOND : IDC_FIRST), ::GetFocus());
+    EXPECT_TRUE(::IsWindow(dlg)); // Enter did not reach the dialog
     dlg.DestroyWindow();
   }
-}
-
-// Each key completes from the list before the edit takes its character
-// (completion without keeping the typed case): "ab" shows the entry's "Ab".
-TEST_F(EditModeTest, KeysInTheComboCompleteFromTheList) {
-  CCellCombo& combo = m_pView->m_combo;
-  Reenter(combo.GetEditCtrl());
-  user_input::Type("ab");
-  CString strText;
-  combo.GetWindowText(strText);
-  EXPECT_STREQ("Ab", strText);
-  user_input::Type("z");
-  combo.GetWindowText(strText);
-  EXPECT_STREQ("Abz", strText);
-  EXPECT_EQ(combo.GetEditCtrl(), Session().pEdit);
 }
 
 } // namespace
