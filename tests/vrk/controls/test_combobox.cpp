@@ -1,7 +1,7 @@
 // The combo boxes in a real dialog, driven by real keys and clicks:
-// completion as the user types, the face list from the installed families
-// with the point sizes kept in step, the push button drawn as a combo box,
-// the colour picker and its pop-up grid, and the helpers for any combo box.
+// completion as the user types, faces from the installed families with the
+// sizes kept in step, the button drawn as a combo box, the colour picker and
+// its grid (pixels read back), and the helpers for any combo box.
 #include "vrk_colorctrl.h"
 #include "vrk_combobox.h"
 #include "vrk_exception.h"
@@ -19,45 +19,43 @@ namespace {
 
 CWinApp theApp("Combo Box Test");
 
-// The message of the invalid-data exception the call throws, "" if none.
-std::string ThrownMessage(const std::function<void()>& call) {
+// The first line of the invalid-data exception's message, "" if none.
+std::string Thrown(const std::function<void()>& call) {
   try {
     call();
   } catch (CException* e) {
-    std::string str = e->IsKindOf(RUNTIME_CLASS(VInvalidDataException))
-                          ? ((VInvalidDataException*)e)->GetMessage()
-                          : "other";
+    std::string str = ((VInvalidDataException*)e)->GetMessage();
     return str.substr(0, str.find('\n'));
   }
   return "";
 }
 
-CString Text(CWnd* pWnd) {
-  CString str;
-  pWnd->GetWindowText(str);
-  return str;
+std::string Text(HWND hWnd) {
+  char sz[2048] = "";
+  ::GetWindowTextA(hWnd, sz, sizeof(sz));
+  return sz;
 }
 
-// A dialog with a completing combo, a face list followed by a point-size
-// list, a custom combo button, a plain drop-down list and a colour picker;
-// it records the notifications it gets.
+struct CAutoProbe : VAutoComboBox {
+  using VAutoComboBox::OnCtlColor;
+};
+
 class CCombosDlg : public CDialog {
 public:
   VAutoComboBox m_auto;
   VFaceNameComboBox m_faces;
   VPointSizeComboBox m_sizes;
   VCustomComboBox m_custom;
-  CComboBox m_plain;
+  VTypeAheadComboBox m_list;
   VColorComboBox m_color;
   std::vector<std::pair<UINT, UINT>> m_notes; // control id, code
   virtual BOOL OnInitDialog() {
-    CDialog::OnInitDialog();
     m_auto.SubclassDlgItem(IDC_COMBO, this);
     m_sizes.SubclassDlgItem(IDC_SIZES, this);
     m_sizes.AddPointSizes("");
     m_faces.SubclassDlgItem(IDC_FACES, this);
     m_custom.SubclassDlgItem(IDC_BUTTON, this);
-    m_plain.SubclassDlgItem(IDC_SECOND, this);
+    m_list.SubclassDlgItem(IDC_SECOND, this);
     m_color.Create(WS_CHILD | WS_VISIBLE, CRect(230, 100, 330, 124), this, IDC_COLOR);
     return TRUE;
   }
@@ -66,9 +64,7 @@ public:
     return CDialog::OnCommand(wParam, lParam);
   }
   bool Notified(UINT nID, UINT nCode) const {
-    for (auto& n : m_notes)
-      if (n.first == nID && n.second == nCode) return true;
-    return false;
+    return std::find(m_notes.begin(), m_notes.end(), std::make_pair(nID, nCode)) != m_notes.end();
   }
 };
 
@@ -81,8 +77,7 @@ protected:
     user_input::Focus(m_dlg, m_dlg);
   }
   void TearDown() override {
-    theApp.m_pMainWnd = NULL;
-    if (::IsWindow(m_dlg)) m_dlg.DestroyWindow();
+    m_dlg.DestroyWindow();
     user_input::Pump();
   }
   void Fill(CComboBox& combo, std::vector<std::string> entries) {
@@ -93,20 +88,16 @@ protected:
   CCombosDlg m_dlg;
 };
 
-// ---- Helpers and the completion step ---------------------------------------------
-
-TEST_F(ComboTest, HelpersSelectByDataAndFindTheListAndEdit) {
-  CComboBox& combo = m_dlg.m_plain;
-  EXPECT_TRUE(VrkSetComboBox(&combo, 7)); // empty: TRUE, nothing selected
+TEST_F(ComboTest, HelpersAndPreconditions) {
+  VTypeAheadComboBox& combo = m_dlg.m_list;
+  EXPECT_TRUE(VrkSetComboBox(&combo, 7)); // an empty list: TRUE, nothing selected
   EXPECT_EQ(CB_ERR, combo.GetCurSel());
   Fill(combo, {"one", "two", "three"});
   for (int i = 0; i < 3; i++)
     combo.SetItemData(i, 10 + i);
   EXPECT_TRUE(VrkSetComboBox(&combo, 12));
+  EXPECT_TRUE(VrkSetComboBox(&combo, 99)); // no match: kept
   EXPECT_EQ(2, combo.GetCurSel());
-  EXPECT_TRUE(VrkSetComboBox(&combo, 99)); // no match: selection kept
-  EXPECT_EQ(2, combo.GetCurSel());
-
   CListBox list;
   ASSERT_TRUE(list.Create(WS_CHILD, CRect(0, 0, 50, 50), &m_dlg, 0x600));
   for (const char* psz : {"a", "b"})
@@ -114,39 +105,34 @@ TEST_F(ComboTest, HelpersSelectByDataAndFindTheListAndEdit) {
   EXPECT_TRUE(VrkSetListBox(&list, 'b'));
   EXPECT_EQ(1, list.GetCurSel());
 
-  EXPECT_EQ("Invalid data detected in .\\vrk_combobox.cpp, line 74.",
-            ThrownMessage([] { VrkSetComboBox(NULL, 0); }));
-  EXPECT_EQ("Invalid data detected in .\\vrk_combobox.cpp, line 52.",
-            ThrownMessage([] { VrkSetListBox(NULL, 0); }));
-
   COMBOBOXINFO info = {sizeof(info)};
   ASSERT_TRUE(::GetComboBoxInfo(m_dlg.m_auto, &info));
   EXPECT_TRUE(VrkComboBoxIsDropDown(info.hwndList));
   EXPECT_FALSE(VrkComboBoxIsDropDown(m_dlg.m_auto));
   EXPECT_FALSE(VrkComboBoxIsDropDown(NULL));
   EXPECT_EQ(info.hwndItem, VrkComboBoxGetChildEditCtrl(&m_dlg.m_auto));
-  EXPECT_EQ(nullptr, VrkComboBoxGetChildEditCtrl(NULL));
-  EXPECT_FALSE(VrkComboBoxChildEnumProc(info.hwndItem, 0));
+
+  // The type-ahead combo wants all keys and gives them no default handling.
+  EXPECT_EQ(DLGC_WANTALLKEYS, (UINT)combo.SendMessage(WM_GETDLGCODE));
+  user_input::Focus(m_dlg, combo);
+  user_input::Press(VK_DOWN);
+  EXPECT_EQ(2, combo.GetCurSel());
+
+  CAutoProbe probe;
+  CDC dc;
+  const char* pszAuto = "Invalid data detected in .\\vrk_autocombobox.cpp, line ";
+  EXPECT_EQ(pszAuto + std::string("77."), Thrown([&] { probe.OnCtlColor(NULL, &m_dlg, 1); }));
+  EXPECT_EQ(pszAuto + std::string("78."), Thrown([&] { probe.OnCtlColor(&dc, NULL, 1); }));
+  EXPECT_EQ(pszAuto + std::string("39."), Thrown([] { VAutoComboBoxEdit().SetParentComboBox(0); }));
+  EXPECT_EQ("Invalid data detected in .\\vrk_combobox.cpp, line 74.",
+            Thrown([] { VrkSetComboBox(NULL, 0); }));
+  EXPECT_EQ("Invalid data detected in .\\vrk_combobox.cpp, line 52.",
+            Thrown([] { VrkSetListBox(NULL, 0); }));
+  EXPECT_EQ("Invalid data detected in .\\vrk_colorctrl.cpp, line 228.",
+            Thrown([] { VPopupColorCtrl(0, NULL); }));
 }
 
-TEST_F(ComboTest, SafeTextIsWhatTheUserSees) {
-  VAutoComboBox& combo = m_dlg.m_auto;
-  Fill(combo, {"Alpha", "Beta"});
-  CString str = "untouched";
-  EXPECT_EQ(-1, VrkComboBoxGetSafeText(&combo, str)); // nothing chosen
-  EXPECT_STREQ("untouched", str);
-  combo.SetCurSel(1);
-  EXPECT_EQ(1, VrkComboBoxGetSafeText(&combo, str));
-  EXPECT_STREQ("Beta", str);
-  // Typed by the user: the edit is modified and its text wins.
-  user_input::Focus(m_dlg, VrkComboBoxGetChildEditCtrl(&combo));
-  user_input::Press(VK_END);
-  user_input::Type("x");
-  EXPECT_EQ(-1, VrkComboBoxGetSafeText(&combo, str));
-  EXPECT_STREQ("Betax", str);
-}
-
-TEST_F(ComboTest, CompletionStepTable) {
+TEST_F(ComboTest, CompletionStepAndCaseSensitiveSearch) {
   std::string strLong(1000, 'q');
   struct Case {
     std::vector<std::string> entries;
@@ -154,34 +140,26 @@ TEST_F(ComboTest, CompletionStepTable) {
     int nFlags;
     std::string strShown;
     int nSel;
-    int nSelStart; // -1: selection not checked
   } cases[] = {
-      {{"Abcde", "Beta"}, "ab", 3, "abcde", 0, 2},
-      {{"Abcde", "Beta"}, "ab", 2, "Abcde", 0, 2},
-      {{"Beta", "Abcde"}, "ab", 0, "Abcde", 1, -1}, // selects only
-      {{"Abcde", "Beta"}, "zz", 3, "zz", -1, -1},
-      {{}, "ab", 3, "ab", -1, -1}, // no entries
-      {{strLong + "end"}, "QQ", 3, "QQ" + strLong.substr(2) + "end", 0, 2},
+      {{"Abcde", "Beta"}, "ab", 3, "abcde", 0}, // typed case kept, tail selected
+      {{"Abcde", "Beta"}, "ab", 2, "Abcde", 0},
+      {{"Beta", "Abcde"}, "ab", 0, "Abcde", 1}, // selects only
+      {{"Abcde"}, "zz", 3, "zz", -1},
+      {{}, "ab", 3, "ab", -1},
+      {{strLong + "end"}, "QQ", 3, "QQ" + strLong.substr(2) + "end", 0},
   };
   VAutoComboBox& combo = m_dlg.m_auto;
   for (const Case& c : cases) {
-    SCOPED_TRACE(c.pszTyped + std::string(" flags ") + std::to_string(c.nFlags));
+    SCOPED_TRACE(c.pszTyped + std::to_string(c.nFlags));
     Fill(combo, c.entries);
     combo.SetWindowText(c.pszTyped);
     VrkComboBoxDoQuickenAction(&combo, c.nFlags);
-    EXPECT_EQ(c.strShown, (LPCSTR)Text(&combo));
+    EXPECT_EQ(c.strShown, Text(combo));
     EXPECT_EQ(c.nSel, combo.GetCurSel());
-    if (c.nSelStart >= 0) {
-      DWORD dwSel = combo.GetEditSel();
-      EXPECT_EQ(c.nSelStart, (int)LOWORD(dwSel));
-      EXPECT_EQ(std::min<size_t>(c.strShown.size(), 0xFFFF), HIWORD(dwSel));
+    if ((c.nFlags & 2) && c.nSel >= 0) { // the completed tail is selected
+      EXPECT_EQ(MAKELONG(2, c.strShown.size()), (LONG)combo.GetEditSel());
     }
   }
-  VrkComboBoxDoQuickenAction(NULL, 3); // nothing happens
-}
-
-TEST_F(ComboTest, FindStringWithCaseSkipsOtherCases) {
-  VAutoComboBox& combo = m_dlg.m_auto;
   Fill(combo, {"ABX", "abY", "abz"});
   EXPECT_EQ(1, combo.FindStringWithCase(-1, "ab"));
   EXPECT_EQ(2, combo.FindStringWithCase(1, "ab"));
@@ -192,94 +170,63 @@ TEST_F(ComboTest, FindStringWithCaseSkipsOtherCases) {
   EXPECT_EQ(-1, combo.FindStringWithCase(-1, "ab"));
 }
 
-// ---- Typing into the completing combo boxes ------------------------------------------
-
-TEST_F(ComboTest, TypingCompletesAndKeepsTheTypedCase) {
+TEST_F(ComboTest, TypingCompletesKeepingTheTypedCase) {
   VAutoComboBox& combo = m_dlg.m_auto;
   Fill(combo, {"Beta", "Abcde", "Gamma"});
-  HWND hEdit = VrkComboBoxGetChildEditCtrl(&combo);
-  user_input::Focus(m_dlg, hEdit);
+  user_input::Focus(m_dlg, VrkComboBoxGetChildEditCtrl(&combo));
   user_input::Type("ab");
-  EXPECT_STREQ("abcde", Text(&combo));
+  EXPECT_EQ("abcde", Text(combo));
   EXPECT_EQ(1, combo.GetCurSel());
-  DWORD dwSel = combo.GetEditSel();
-  EXPECT_EQ(2, LOWORD(dwSel));
-  EXPECT_EQ(5, HIWORD(dwSel));
-
-  user_input::Press(VK_BACK); // removes the tail, completes nothing
-  EXPECT_STREQ("ab", Text(&combo));
+  EXPECT_EQ(MAKELONG(2, 5), (LONG)combo.GetEditSel());
+  CString str;
+  user_input::Press(VK_BACK); // removes the tail and completes nothing
   user_input::Type("x");
-  EXPECT_STREQ("abx", Text(&combo));
-
+  EXPECT_EQ("abx", Text(combo));
+  EXPECT_EQ(-1, VrkComboBoxGetSafeText(&combo, str)); // typed: the edit's text
+  EXPECT_STREQ("abx", str);
+  combo.SetCurSel(0);
+  EXPECT_EQ(0, VrkComboBoxGetSafeText(&combo, str));
+  EXPECT_STREQ("Beta", str);
   Fill(combo, {});
   combo.SetWindowText("");
   user_input::Type("ab");
-  EXPECT_STREQ("ab", Text(&combo));
+  EXPECT_EQ("ab", Text(combo));
 }
 
-// The colour request's handler, reached directly for its preconditions.
-struct CAutoProbe : VAutoComboBox {
-  using VAutoComboBox::OnCtlColor;
-};
-
-TEST_F(ComboTest, NullArgumentsRaiseTheInvalidDataException) {
-  CAutoProbe probe;
-  CDC dc;
-  EXPECT_EQ("Invalid data detected in .\\vrk_autocombobox.cpp, line 77.",
-            ThrownMessage([&] { probe.OnCtlColor(NULL, &m_dlg, CTLCOLOR_EDIT); }));
-  EXPECT_EQ("Invalid data detected in .\\vrk_autocombobox.cpp, line 78.",
-            ThrownMessage([&] { probe.OnCtlColor(&dc, NULL, CTLCOLOR_EDIT); }));
-  EXPECT_EQ("Invalid data detected in .\\vrk_autocombobox.cpp, line 39.",
-            ThrownMessage([] { VAutoComboBoxEdit().SetParentComboBox(NULL); }));
-  EXPECT_EQ("Invalid data detected in .\\vrk_colorctrl.cpp, line 228.",
-            ThrownMessage([] { VPopupColorCtrl(0, NULL); }));
+int CALLBACK FoundFont(const LOGFONTA*, const TEXTMETRICA*, DWORD, LPARAM lParam) {
+  return *(bool*)lParam = true, 0;
 }
 
-// ---- Faces and sizes ----------------------------------------------------------------
-
-int CALLBACK FindFont(const LOGFONTA*, const TEXTMETRICA*, DWORD, LPARAM lParam) {
-  *(bool*)lParam = true;
-  return 0;
-}
-
-TEST_F(ComboTest, FacesAreTheInstalledFamiliesAndSizesFollowThem) {
+TEST_F(ComboTest, FacesAreInstalledFamiliesAndSizesFollowThem) {
   VFaceNameComboBox& faces = m_dlg.m_faces;
   VPointSizeComboBox& sizes = m_dlg.m_sizes;
-  ASSERT_GT(faces.GetCount(), 0);
+  ASSERT_GT(faces.GetCount(), 1);
   HDC hDC = ::GetDC(NULL);
   for (int i = 0; i < faces.GetCount(); i++) {
-    CString strFace;
-    faces.GetLBText(i, strFace);
     LOGFONTA lf = {};
     lf.lfCharSet = DEFAULT_CHARSET;
-    lstrcpynA(lf.lfFaceName, strFace, LF_FACESIZE);
-    bool bInstalled = false; // the system knows a font of that family
-    ::EnumFontFamiliesExA(hDC, &lf, FindFont, (LPARAM)&bInstalled, 0);
-    EXPECT_TRUE(bInstalled) << (LPCSTR)strFace;
+    faces.GetLBText(i, lf.lfFaceName);
+    bool bFound = false;
+    ::EnumFontFamiliesExA(hDC, &lf, FoundFont, (LPARAM)&bFound, 0);
+    EXPECT_TRUE(bFound) << lf.lfFaceName;
   }
   ::ReleaseDC(NULL, hDC);
-
   ASSERT_EQ(23, sizes.GetCount());
   EXPECT_EQ(144u, sizes.GetItemData(22));
-  EXPECT_TRUE(sizes.IsKindOf(RUNTIME_CLASS(VPointSizeComboBox)));
 
-  // The user picks 12 points, then another face with the keyboard: the sizes
-  // are refilled and 12 stays chosen; the dialog hears of the change too.
+  // 12 points, then another face chosen with the keyboard: the sizes are
+  // refilled and 12 stays; with no size chosen the first is taken.
   sizes.SetCurSel(sizes.FindStringExact(-1, "12"));
   faces.SetCurSel(0);
   user_input::Focus(m_dlg, faces);
   user_input::Press(VK_DOWN);
   EXPECT_EQ(1, faces.GetCurSel());
-  EXPECT_EQ(23, sizes.GetCount());
-  EXPECT_STREQ("12", Text(&sizes));
+  EXPECT_EQ("12", Text(sizes));
   EXPECT_TRUE(m_dlg.Notified(IDC_FACES, CBN_SELCHANGE));
-
-  sizes.SetCurSel(-1); // nothing chosen: the first size
+  sizes.SetCurSel(-1);
   user_input::Press(VK_DOWN);
-  EXPECT_STREQ("4", Text(&sizes));
+  EXPECT_EQ("4", Text(sizes));
 }
-
-// ---- The custom combo button -----------------------------------------------------------
 
 TEST_F(ComboTest, CustomComboSizesItselfAndSendsCodeOne) {
   VCustomComboBox& custom = m_dlg.m_custom;
@@ -287,25 +234,19 @@ TEST_F(ComboTest, CustomComboSizesItselfAndSendsCodeOne) {
   CRect rc;
   custom.GetClientRect(&rc);
   int cxEdge = ::GetSystemMetrics(SM_CXEDGE), cyEdge = ::GetSystemMetrics(SM_CYEDGE);
-  int cy = ::GetSystemMetrics(SM_CYVTHUMB) + 2 * cyEdge;
-  EXPECT_GE(rc.Height(), cy);
+  EXPECT_GE(rc.Height(), ::GetSystemMetrics(SM_CYVTHUMB) + 2 * cyEdge);
   EXPECT_EQ(CRect(rc.right - ::GetSystemMetrics(SM_CXHTHUMB) - cxEdge, cyEdge, rc.right - cxEdge,
                   rc.bottom - cyEdge),
             custom.GetButtonRect());
-
   user_input::ClickClient(custom, rc.Width() / 2, rc.Height() / 2);
   EXPECT_TRUE(m_dlg.Notified(IDC_BUTTON, 1));
 }
 
-// ---- The colour picker ------------------------------------------------------------------
-
-HWND FindPopup() { return ::FindWindowA("VPopupColorCtrl", NULL); }
-
-COLORREF PixelOf(CWnd* pWnd, int x, int y) {
-  pWnd->UpdateWindow();
-  HDC hDC = ::GetDC(pWnd->m_hWnd);
+COLORREF PixelOf(HWND hWnd, int x, int y) {
+  ::UpdateWindow(hWnd);
+  HDC hDC = ::GetDC(hWnd);
   COLORREF cr = ::GetPixel(hDC, x, y);
-  ::ReleaseDC(pWnd->m_hWnd, hDC);
+  ::ReleaseDC(hWnd, hDC);
   return cr;
 }
 
@@ -314,14 +255,12 @@ TEST_F(ComboTest, ColourChosenFromThePopupGrid) {
   CRect rc;
   color.GetClientRect(&rc);
   user_input::ClickClient(color, rc.right - 20, rc.Height() / 2); // the swatch: nothing
-  EXPECT_EQ(nullptr, FindPopup());
-
+  EXPECT_EQ(nullptr, ::FindWindowA("VPopupColorCtrl", NULL));
   color.SetColor(0x800000);                                      // navy, entry 5
   user_input::ClickClient(color, rc.right - 6, rc.Height() / 2); // the arrow
-  HWND hPopup = FindPopup();
+  HWND hPopup = ::FindWindowA("VPopupColorCtrl", NULL);
   ASSERT_NE(nullptr, hPopup);
   VPopupColorCtrl* pPopup = (VPopupColorCtrl*)CWnd::FromHandlePermanent(hPopup);
-  ASSERT_NE(nullptr, pPopup);
   EXPECT_EQ(hPopup, ::GetCapture());
   EXPECT_EQ(5, pPopup->GetHotIndex());
   EXPECT_EQ(m_dlg.m_hWnd, ::GetWindow(hPopup, GW_OWNER));
@@ -331,11 +270,9 @@ TEST_F(ComboTest, ColourChosenFromThePopupGrid) {
   ::GetClientRect(hPopup, &rcGrid);
   EXPECT_EQ(CPoint(rcCombo.left, rcCombo.bottom + 1), rcPopup.TopLeft());
   EXPECT_EQ(CSize(79, 98), rcGrid.Size());
-  // Squares are drawn in their colours: blue at index 13 (row 3, column 1).
-  EXPECT_EQ(0xFF0000u, PixelOf(pPopup, 3 + 19 + 8, 3 + 57 + 8));
 
-  // Hovering moves the highlight; a click on blue chooses it.
-  POINT ptBlue = {3 + 19 + 8, 3 + 57 + 8};
+  POINT ptBlue = {3 + 19 + 8, 3 + 57 + 8}; // entry 13: row 3, column 1
+  EXPECT_EQ(0xFF0000u, PixelOf(hPopup, ptBlue.x, ptBlue.y));
   ::ClientToScreen(hPopup, &ptBlue);
   user_input::MoveTo(ptBlue);
   EXPECT_EQ(13, pPopup->GetHotIndex());
@@ -344,30 +281,21 @@ TEST_F(ComboTest, ColourChosenFromThePopupGrid) {
   EXPECT_TRUE(m_dlg.Notified(IDC_COLOR, CBN_SELCHANGE));
   EXPECT_FALSE(::IsWindow(hPopup));
   EXPECT_EQ(nullptr, ::GetCapture());
-  EXPECT_EQ(0xFF0000u, PixelOf(&color, 20, rc.Height() / 2)); // the swatch
+  EXPECT_EQ(0xFF0000u, PixelOf(color, 20, rc.Height() / 2)); // the swatch
 }
 
-TEST_F(ComboTest, PopupStartsOnTheColourOrBlackAndSurvivesItsOwner) {
-  struct Case {
-    COLORREF cr;
-    int nIndex;
-  } cases[] = {{0x00FFFF, 12}, {0xF0FBFF, 0}, {0x123456, 0}};
-  for (const Case& c : cases) {
-    VPopupColorCtrl popup(c.cr, &m_dlg.m_color);
-    EXPECT_EQ(c.nIndex, popup.GetHotIndex());
-    EXPECT_EQ(c.nIndex, popup.GetSelectedIndex());
+TEST_F(ComboTest, PopupStartsOnTheColourOrBlackAndOutlivesItsOwner) {
+  for (auto c : {std::make_pair(0x00FFFFu, 12), {0xF0FBFFu, 0}, {0x123456u, 0}}) {
+    VPopupColorCtrl popup(c.first, &m_dlg.m_color); // only 16 entries are searched
+    EXPECT_EQ(c.second, popup.GetHotIndex());
+    EXPECT_EQ(c.second, popup.GetSelectedIndex());
   }
-
-  // The combo goes while its grid is open; a square clicked then changes
-  // nothing and the grid still closes.
   VColorComboBox* pColor = new VColorComboBox;
   ASSERT_TRUE(pColor->Create(WS_CHILD | WS_VISIBLE, CRect(230, 140, 330, 164), &m_dlg, 0x700));
-  CRect rc;
-  pColor->GetClientRect(&rc);
-  user_input::ClickClient(*pColor, rc.right - 6, rc.Height() / 2);
-  HWND hPopup = FindPopup();
+  user_input::ClickClient(*pColor, 94, 12);
+  HWND hPopup = ::FindWindowA("VPopupColorCtrl", NULL);
   ASSERT_NE(nullptr, hPopup);
-  delete pColor;
+  delete pColor; // gone while its grid is open: a square clicked changes nothing
   user_input::ClickClient(hPopup, 10, 10);
   EXPECT_FALSE(::IsWindow(hPopup));
   EXPECT_EQ(nullptr, ::GetCapture());
