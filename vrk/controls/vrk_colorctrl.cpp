@@ -120,11 +120,11 @@ void VColorComboBox::OnLButtonDown(UINT /*nFlags*/, CPoint point) {
   CRect rcWindow;
   GetWindowRect(&rcWindow);
   CWnd* pMain = AfxGetMainWnd();
+  // The grid deletes itself in PostNcDestroy, which the framework calls on a
+  // failed creation too: nothing is left to free here either way.
   VPopupColorCtrl* pPopup = new VPopupColorCtrl(m_crColor, this);
-  // Creation fails only before a window exists, so nothing else deletes it.
-  if (!pPopup->CreateEx(0, g_szPopupClass, NULL, WS_POPUP | WS_BORDER, rcWindow.left,
-                        rcWindow.bottom + 1, 0, 0, pMain->GetSafeHwnd(), NULL))
-    delete pPopup;
+  pPopup->CreateEx(0, g_szPopupClass, NULL, WS_POPUP | WS_BORDER, rcWindow.left,
+                   rcWindow.bottom + 1, 0, 0, pMain->GetSafeHwnd(), NULL);
 }
 
 // ---- VPopupColorCtrl ------------------------------------------------------------
