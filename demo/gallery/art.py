@@ -195,4 +195,4 @@ def write_bmp(path, images):
 
 here = os.path.dirname(os.path.abspath(__file__))
 write_bmp(os.path.join(here, 'toolbar_main.bmp'), [page(), folder(), disk(), cut(), copy(), paste(), printer(), help_()])
-write_bmp(os.path.join(here, 'toolbar_pages.bmp'), [welcome(), controls(), printer()])
+write_bmp(os.path.join(here, 'toolbar_pages.bmp'), [welcome(), controls(), grid(), printer()])

@@ -135,6 +135,40 @@ wait_event "Date: Friday, December 25, 2026 +Time: 17:45:00" ||
   fail "the typed date and time were not read back: $(tail -n 1 "$events" 2>/dev/null)"
 shot masked-edits
 
+# The completing combo box: "ab" becomes "abcde" with the tail selected.
+key Tab
+typed ab
+wait_event 'name "abcde" selected 2-5' ||
+  fail "typing ab did not complete to abcde: $(tail -n 1 "$events" 2>/dev/null)"
+shot combo-completion
+
+# The colour grid, opened by a click on the arrow at the colour box's right,
+# and a square of its third column, second row chosen with the mouse.
+read -r cl ct cr cb <<<"$(tr -d '\r' <"$events" | sed -n 's/^controls: colour box at //p' | tail -n 1)"
+if [ -n "${cb:-}" ]; then
+  xdotool mousemove $((cr - 6)) $(((ct + cb) / 2)) click 1
+  sleep 0.8
+  [ "$(popup_count)" -ge 1 ] || fail "the colour grid did not open"
+  shot colour-grid
+  xdotool mousemove $((cl + 8 + 2 * 19)) $((cb + 1 + 8 + 19)) click 1
+  wait_event "style .* colour (00FFFF|FF00FF|00FF00|0000FF|FFFF00|FF0000|008080|800080)" ||
+    fail "choosing a square did not change the colour: $(tail -n 1 "$events" 2>/dev/null)"
+else
+  fail "the controls page did not say where its colour box is"
+fi
+
+# The grid: F2 edits the current cell in place, typing replaces it, Enter
+# keeps it.
+key alt+p g
+wait_event "page: Grid" || fail "the grid page did not open"
+key F2
+wait_event "grid: edit mode started" || fail "F2 did not start editing the cell"
+typed 144
+shot in-place-edit
+key Return
+wait_event 'grid: cell 1,1 = "144"' || fail "Enter did not keep the edited cell"
+wait_event "grid: edit mode ended" || fail "edit mode did not end"
+
 # 4. Nested progress in the status bar: a job of three documents.
 key alt+t n
 wait_event "progress: started" || fail "the nested progress did not start"

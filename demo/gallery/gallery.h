@@ -22,12 +22,20 @@
 
 #define IDC_GALLERY_DATE 1001
 #define IDC_GALLERY_TIME 1002
+#define IDC_GALLERY_NAME 1003
+#define IDC_GALLERY_FACE 1004
+#define IDC_GALLERY_SIZE 1005
+#define IDC_GALLERY_COLOUR 1006
+#define IDC_GALLERY_CELL 1007
 
 #define IDW_PAGES_BAR 0xE81F // a control bar id: AFX_IDW_CONTROLBAR_FIRST + 0x1F
 
 #ifndef RC_INVOKED
 #include <afxext.h>
+#include <vrk_colorctrl.h>
+#include <vrk_combobox.h>
 #include <vrk_coolmenu.h>
+#include <vrk_editmode.h>
 #include <vrk_maskedit.h>
 #include <vrk_statusbar.h>
 
@@ -92,7 +100,8 @@ public:
   virtual void OnDraw(CDC* pDC);
 };
 
-// The Controls page: masked date and time edits.
+// The Controls page: masked date and time edits, the completing, face-name,
+// point-size and colour combo boxes, and a sample text in the chosen font.
 class CControlsView : public CView {
   DECLARE_DYNCREATE(CControlsView)
 public:
@@ -102,6 +111,9 @@ public:
   afx_msg int OnCreate(LPCREATESTRUCT lpcs);
   afx_msg void OnSetFocus(CWnd* pOldWnd);
   afx_msg void OnValueChanged();
+  afx_msg void OnNameChanged();
+  afx_msg LRESULT OnNameCompleted(WPARAM wParam, LPARAM lParam);
+  afx_msg void OnStyleChanged();
   afx_msg HBRUSH OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor);
   DECLARE_MESSAGE_MAP()
 
@@ -109,8 +121,40 @@ private:
   void AddLabel(CStatic& label, const char* pszText, int nTop);
   VDateEdit m_editDate;
   VTimeEdit m_editTime;
+  VAutoComboBox m_comboName;
+  VFaceNameComboBox m_comboFace;
+  VPointSizeComboBox m_comboSize;
+  VColorComboBox m_comboColour;
   CStatic m_result;
-  CStatic m_labels[2];
+  CStatic m_sample;
+  CFont m_fontSample;
+  CStatic m_labels[6];
+};
+
+// The Grid page: a small table whose cells are edited in place. Enter or F2
+// (or a double click) puts an edit over the current cell; Enter keeps the
+// text, Escape drops it, a click elsewhere keeps it.
+class CGridView : public CView {
+  DECLARE_DYNCREATE(CGridView)
+public:
+  enum { nRows = 8, nCols = 4 };
+  CGridView();
+  virtual void OnDraw(CDC* pDC);
+  CRect CellRect(int nRow, int nCol) const;
+  void SetCell(int nRow, int nCol, const CString& strText);
+  afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
+  afx_msg void OnLButtonDblClk(UINT nFlags, CPoint point);
+  afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+  afx_msg LRESULT OnEditMode(WPARAM wParam, LPARAM lParam);
+  afx_msg LRESULT OnEditDone(WPARAM wParam, LPARAM lParam);
+  DECLARE_MESSAGE_MAP()
+
+private:
+  BOOL HitTest(CPoint point, int& nRow, int& nCol) const;
+  void BeginEdit();
+  CString m_cells[nRows][nCols];
+  int m_nRow = 1, m_nCol = 1;
+  VEditCtrl* m_pEdit = NULL;
 };
 
 // A printed document: a numbered text of several pages, printed from

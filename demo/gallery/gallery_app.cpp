@@ -44,6 +44,7 @@ struct PageKind {
 const PageKind s_pages[] = {
     {ID_PAGE_WELCOME, RUNTIME_CLASS(CWelcomeView)},
     {ID_PAGE_CONTROLS, RUNTIME_CLASS(CControlsView)},
+    {ID_PAGE_GRID, RUNTIME_CLASS(CGridView)},
     {ID_PAGE_PRINTING, RUNTIME_CLASS(CPrintingView)},
 };
 

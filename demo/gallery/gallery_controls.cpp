@@ -11,42 +11,65 @@ ON_WM_SETFOCUS()
 ON_WM_CTLCOLOR()
 ON_EN_CHANGE(IDC_GALLERY_DATE, &CControlsView::OnValueChanged)
 ON_EN_CHANGE(IDC_GALLERY_TIME, &CControlsView::OnValueChanged)
+ON_CBN_EDITCHANGE(IDC_GALLERY_NAME, &CControlsView::OnNameChanged)
+ON_CBN_SELCHANGE(IDC_GALLERY_FACE, &CControlsView::OnStyleChanged)
+ON_CBN_SELCHANGE(IDC_GALLERY_SIZE, &CControlsView::OnStyleChanged)
+ON_CBN_SELCHANGE(IDC_GALLERY_COLOUR, &CControlsView::OnStyleChanged)
+ON_MESSAGE(WM_APP, &CControlsView::OnNameCompleted)
 END_MESSAGE_MAP()
 
 namespace {
 
-// Label, control rectangle in dialog-like units of the default GUI font.
-struct Row {
-  const char* pszLabel;
-  int nTop;
-};
-const Row s_rows[] = {{"&Date:", 16}, {"&Time:", 44}};
-const int s_nLabelWidth = 90, s_nEditWidth = 110, s_nRowHeight = 22;
+const int s_nLeft = 16, s_nLabelWidth = 90, s_nEditWidth = 160, s_nRowHeight = 22;
+const int s_nRowStep = 30;
+int RowTop(int nRow) { return 16 + nRow * s_nRowStep; }
+CRect FieldRect(int nRow, int nHeight = s_nRowHeight) {
+  int x = s_nLeft + s_nLabelWidth;
+  return CRect(x, RowTop(nRow), x + s_nEditWidth, RowTop(nRow) + nHeight);
+}
+
+const char* const s_names[] = {"Abcde", "Alphabet", "Apple", "Banana", "Blueberry", "Cherry"};
 
 } // namespace
 
 void CControlsView::AddLabel(CStatic& label, const char* pszText, int nTop) {
-  label.Create(pszText, WS_CHILD | WS_VISIBLE, CRect(16, nTop + 3, 16 + s_nLabelWidth, nTop + 20),
-               this);
+  label.Create(pszText, WS_CHILD | WS_VISIBLE,
+               CRect(s_nLeft, nTop + 3, s_nLeft + s_nLabelWidth, nTop + 20), this);
   label.SetFont(CFont::FromHandle((HFONT)::GetStockObject(DEFAULT_GUI_FONT)));
 }
 
+// The controls are made in tab order: the point sizes right after the
+// faces, which the face box relies on to keep them in step.
 int CControlsView::OnCreate(LPCREATESTRUCT lpcs) {
   if (CView::OnCreate(lpcs) == -1) return -1;
   CFont* pFont = CFont::FromHandle((HFONT)::GetStockObject(DEFAULT_GUI_FONT));
-  const int x = 16 + s_nLabelWidth;
-  AddLabel(m_labels[0], s_rows[0].pszLabel, s_rows[0].nTop);
-  m_editDate.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP,
-                    CRect(x, s_rows[0].nTop, x + s_nEditWidth, s_rows[0].nTop + s_nRowHeight), this,
-                    IDC_GALLERY_DATE);
-  AddLabel(m_labels[1], s_rows[1].pszLabel, s_rows[1].nTop);
-  m_editTime.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP,
-                    CRect(x, s_rows[1].nTop, x + s_nEditWidth, s_rows[1].nTop + s_nRowHeight), this,
-                    IDC_GALLERY_TIME);
-  m_editDate.SetFont(pFont);
-  m_editTime.SetFont(pFont);
-  m_result.Create("", WS_CHILD | WS_VISIBLE, CRect(16, 80, 600, 100), this);
-  m_result.SetFont(pFont);
+  const DWORD dwEdit = WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP;
+  const DWORD dwCombo = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL;
+  AddLabel(m_labels[0], "&Date:", RowTop(0));
+  m_editDate.Create(dwEdit, FieldRect(0), this, IDC_GALLERY_DATE);
+  AddLabel(m_labels[1], "&Time:", RowTop(1));
+  m_editTime.Create(dwEdit, FieldRect(1), this, IDC_GALLERY_TIME);
+  AddLabel(m_labels[2], "&Name:", RowTop(2));
+  m_comboName.Create(dwCombo | CBS_DROPDOWN | CBS_SORT | CBS_AUTOHSCROLL, FieldRect(2, 200), this,
+                     IDC_GALLERY_NAME);
+  AddLabel(m_labels[3], "&Face:", RowTop(3));
+  m_comboFace.Create(dwCombo | CBS_DROPDOWNLIST | CBS_SORT, FieldRect(3, 240), this,
+                     IDC_GALLERY_FACE);
+  AddLabel(m_labels[4], "&Size:", RowTop(4));
+  m_comboSize.Create(dwCombo | CBS_DROPDOWNLIST, FieldRect(4, 240), this, IDC_GALLERY_SIZE);
+  AddLabel(m_labels[5], "&Colour:", RowTop(5));
+  m_comboColour.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP, FieldRect(5), this, IDC_GALLERY_COLOUR);
+  m_result.Create("", WS_CHILD | WS_VISIBLE, CRect(s_nLeft, RowTop(6) + 8, 640, RowTop(6) + 26),
+                  this);
+  m_sample.Create("The quick brown fox jumps over the lazy dog.", WS_CHILD | WS_VISIBLE,
+                  CRect(s_nLeft, RowTop(7), 640, RowTop(7) + 60), this);
+  CWnd* controls[] = {&m_editDate,  &m_editTime,    &m_comboName, &m_comboFace,
+                      &m_comboSize, &m_comboColour, &m_result,    &m_sample};
+  for (CWnd* pWnd : controls)
+    pWnd->SetFont(pFont);
+  for (const char* pszName : s_names)
+    m_comboName.AddString(pszName);
+  m_comboSize.AddPointSizes(NULL);
   return 0;
 }
 
@@ -56,6 +79,17 @@ void CControlsView::OnInitialUpdate() {
   m_editDate.SetDate(date);
   COleDateTime time(1899, 12, 30, 9, 30, 0);
   m_editTime.SetTime(time);
+  // Wine's own Tahoma is there wherever the gallery runs; Arial where it is.
+  if (m_comboFace.SelectString(-1, "Arial") < 0 && m_comboFace.SelectString(-1, "Tahoma") < 0)
+    m_comboFace.SetCurSel(0);
+  m_comboSize.SelectString(-1, "12");
+  m_comboColour.SetColor(RGB(0, 0, 128));
+  OnStyleChanged();
+  // Where the colour box's arrow is, for the demo's driver to click.
+  CRect rcColour;
+  m_comboColour.GetWindowRect(&rcColour);
+  GalleryLog("controls: colour box at %d %d %d %d", rcColour.left, rcColour.top, rcColour.right,
+             rcColour.bottom);
 }
 
 void CControlsView::OnSetFocus(CWnd*) { m_editDate.SetFocus(); }
@@ -64,7 +98,10 @@ void CControlsView::OnSetFocus(CWnd*) { m_editDate.SetFocus(); }
 BOOL CControlsView::PreTranslateMessage(MSG* pMsg) {
   if (pMsg->message == WM_KEYDOWN && pMsg->wParam == VK_TAB) {
     BOOL bBack = ::GetKeyState(VK_SHIFT) < 0;
-    CWnd* pNext = GetNextDlgTabItem(GetFocus(), bBack);
+    CWnd* pFocus = GetFocus();
+    // The focus may be in a combo box's own edit.
+    if (pFocus != NULL && pFocus->GetParent() != this) pFocus = pFocus->GetParent();
+    CWnd* pNext = GetNextDlgTabItem(pFocus, bBack);
     if (pNext != NULL) pNext->SetFocus();
     return TRUE;
   }
@@ -82,10 +119,40 @@ void CControlsView::OnValueChanged() {
   GalleryLog("controls: %s", (LPCTSTR)strText);
 }
 
-// Labels on the view's own white, not the dialog grey.
+// The box completes the text after it tells of the change: the result is
+// read once the key has been handled.
+void CControlsView::OnNameChanged() { PostMessage(WM_APP); }
+
+LRESULT CControlsView::OnNameCompleted(WPARAM, LPARAM) {
+  CString strText;
+  m_comboName.GetWindowText(strText);
+  DWORD dwSel = m_comboName.GetEditSel();
+  GalleryLog("controls: name \"%s\" selected %d-%d", (LPCTSTR)strText, LOWORD(dwSel),
+             HIWORD(dwSel));
+  return 0;
+}
+
+// The sample shows the chosen face, size and colour.
+void CControlsView::OnStyleChanged() {
+  CString strFace, strSize;
+  if (m_comboFace.GetCurSel() >= 0) m_comboFace.GetLBText(m_comboFace.GetCurSel(), strFace);
+  if (m_comboSize.GetCurSel() >= 0) m_comboSize.GetLBText(m_comboSize.GetCurSel(), strSize);
+  int nSize = atoi(strSize);
+  m_fontSample.DeleteObject();
+  m_fontSample.CreatePointFont(nSize > 0 ? nSize * 10 : 120, strFace);
+  m_sample.SetFont(&m_fontSample);
+  m_sample.Invalidate();
+  COLORREF cr = m_comboColour.GetColor();
+  GalleryLog("controls: style %s %d colour %02X%02X%02X", (LPCTSTR)strFace, nSize, GetRValue(cr),
+             GetGValue(cr), GetBValue(cr));
+}
+
+// Labels on the view's own white, not the dialog grey; the sample in the
+// chosen colour.
 HBRUSH CControlsView::OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor) {
   if (nCtlColor != CTLCOLOR_STATIC) return CView::OnCtlColor(pDC, pWnd, nCtlColor);
   pDC->SetBkColor(::GetSysColor(COLOR_WINDOW));
+  if (pWnd->m_hWnd == m_sample.m_hWnd) pDC->SetTextColor(m_comboColour.GetColor());
   return ::GetSysColorBrush(COLOR_WINDOW);
 }
 
