@@ -1,8 +1,8 @@
 // CControlBar in a plain parent window. RepositionBars: bars take their
 // strips from the edges in z-order, the left-over child gets exactly the
 // middle; queries measure without moving; extra borders, hidden and delayed
-// bars, and the real toolbar and status bar. Commands of controls on a bar
-// reach the bar's owner.
+// bars (the real toolbar and status bar are laid out in test_bar_frame.cpp).
+// Commands of controls on a bar reach the bar's owner.
 #include <afxext.h>
 #include <gtest/gtest.h>
 

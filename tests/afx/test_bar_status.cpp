@@ -1,7 +1,7 @@
 // CStatusBar against the real status bar control: indicator texts and pane
-// widths read back from the control (SB_GETTEXT, SB_GETPARTS), pane info
-// and styles, the window text as the message pane, an owner-drawn pane
-// painted and read back, and idle updates of the indicators.
+// widths read back from the control (SB_GETTEXT, SB_GETPARTS), the window
+// text as the message pane, an owner-drawn pane painted and read back, and
+// idle updates of the indicators.
 #include <afxext.h>
 #include <gtest/gtest.h>
 

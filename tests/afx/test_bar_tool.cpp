@@ -1,7 +1,6 @@
 // CToolBar against the real toolbar control: buttons, separators and images
 // from a toolbar resource (type 241) and its bitmap, malformed resources,
-// button styles and infos read back from the control, idle updates of the
-// enabled and checked states, and the bar's size.
+// idle updates of the enabled and checked states, and the bar's size.
 #include <afxext.h>
 #include <gtest/gtest.h>
 

@@ -1,6 +1,5 @@
-// The control wrappers against real controls: edit selection and limits,
-// list and combo item data and texts, the check list box's states, clicks
-// and drawing, the spin button and the progress bar.
+// CCheckListBox against the real list box: its check states beside the
+// program's item data, clicks and the space bar, and the box it draws.
 #include <afxcmn.h>
 #include <afxwin.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // CDC and the GDI objects, checked on the pixels they draw and on the
 // handles they select: MFC's rule of output and attribute DCs, selection
-// through the handle map, mapping modes, text, edges and blits.
+// through the handle map, sizes mapped, afx's own drawing and bad input.
 #include <gtest/gtest.h>
 
 #include <afxwin.h>

@@ -1,4 +1,4 @@
-// CImageList: images added from bitmaps with a mask colour, drawn onto a
+// CImageList: images cut from a bitmap with a mask colour, drawn onto a
 // memory DC pixel by pixel, and the handle map of image lists.
 #include <gtest/gtest.h>
 

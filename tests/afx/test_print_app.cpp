@@ -1,7 +1,7 @@
 // The application's printer and the print job's record: CPrintInfo's
-// defaults and ownership of its dialog's DC; CWinApp's DEVMODE and DEVNAMES
-// blocks looked up, lent, handed to print dialogs and remembered from them,
-// replaced and freed, followed when they name the system's default printer.
+// ownership of its dialog's DC; CWinApp's DEVMODE and DEVNAMES blocks looked
+// up, lent, handed to print dialogs and remembered from them, replaced and
+// freed, followed when they name the system's default printer.
 #include <afxdlgs.h>
 #include <afxprint_.h>
 #include <gtest/gtest.h>

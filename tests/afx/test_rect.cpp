@@ -1,5 +1,5 @@
 // CSize, CPoint and CRect: packing, arithmetic and the rectangle operations
-// that differ subtly (inflate by a rectangle, empty against null, rounding).
+// that differ subtly (empty against null, the excluded edges, rounding).
 #include <gtest/gtest.h>
 
 #include <atltypes.h>
