@@ -163,9 +163,9 @@ struct AfxCollImpl {
   template <class ARR, class ARG>
   static void InsertAt(ARR& a, INT_PTR nIndex, ARG newElement, INT_PTR nCount) {
     CDeferredFree keep;
-    InsertGap(a, nIndex, nCount, &keep);
-    while (nCount--)
-      a.m_pData[nIndex++] = newElement;
+    InsertGap(a, nIndex, nCount, &keep); // throws for a count that cannot fit
+    for (INT_PTR i = 0; i < nCount; i++)
+      a.m_pData[nIndex + i] = newElement;
   }
 
   template <class ARR> static void InsertArray(ARR& a, INT_PTR nStartIndex, const ARR* pNewArray) {

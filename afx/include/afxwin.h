@@ -58,7 +58,9 @@ protected:                                                                      
 #define BEGIN_MESSAGE_MAP(theClass, baseClass)                                                     \
   const AFX_MSGMAP* theClass::GetMessageMap() const { return GetThisMessageMap(); }                \
   const AFX_MSGMAP* PASCAL theClass::GetThisMessageMap() {                                         \
-    typedef theClass ThisClass;                                                                    \
+    /* the ON_WM_ entries name their handlers through ThisClass; a map */                          \
+    /* of ON_MESSAGE and ON_COMMAND entries alone leaves it unused */                              \
+    [[maybe_unused]] typedef theClass ThisClass;                                                   \
     typedef baseClass TheBaseClass;                                                                \
     static const AFX_MSGMAP_ENTRY _messageEntries[] = {
 

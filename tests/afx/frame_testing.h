@@ -19,12 +19,16 @@
 #include <afxwin.h>
 
 // Serves the thread's queued messages as the application's run loop would
-// (pre-translation included), without waiting for more.
+// (pre-translation included; without an application object, through the
+// window tree), without waiting for more. A closed main window's WM_QUIT is
+// dropped.
 inline void PumpAsApp() {
   MSG msg;
   while (::PeekMessage(&msg, NULL, 0, 0, PM_REMOVE)) {
     if (msg.message == WM_QUIT) continue;
-    if (!AfxGetApp()->PreTranslateMessage(&msg)) {
+    CWinThread* pThread = AfxGetThread();
+    if (pThread != NULL ? !pThread->PreTranslateMessage(&msg)
+                        : !CWnd::WalkPreTranslateTree(NULL, &msg)) {
       ::TranslateMessage(&msg);
       ::DispatchMessage(&msg);
     }

@@ -7,6 +7,7 @@
 #include <commdlg.h>
 
 #include <string>
+#include <vector>
 
 // The printer cmake/wine-env.sh gives the test prefix: Wine's PostScript
 // driver on LPT1:, letter paper at 300 dpi, the default printer.
@@ -48,5 +49,36 @@ inline void FreeBlocks(PRINTDLG& pd) {
   pd.hDC = NULL;
   pd.hDevMode = pd.hDevNames = NULL;
 }
+
+// Where Wine's spooler writes the jobs sent to the port (set up with the
+// test prefix), as a Windows path.
+inline std::string SpoolFile() {
+  char szUnix[MAX_PATH] = "";
+  DWORD cb = sizeof(szUnix);
+  if (::RegGetValueA(HKEY_CURRENT_USER, "Software\\Wine\\Printing\\Spooler", "LPT1:", RRF_RT_REG_SZ,
+                     NULL, szUnix, &cb) != ERROR_SUCCESS)
+    return "";
+  // Wine's Z: drive is the Unix root.
+  std::string path = std::string("Z:") + szUnix;
+  for (char& ch : path)
+    if (ch == '/') ch = '\\';
+  return path;
+}
+
+// The pages of a PostScript file: the text after each "%%Page:" line.
+struct PostScript {
+  std::string text;
+  std::vector<std::string> pages;
+  explicit PostScript(const std::string& bytes) : text(bytes) {
+    size_t pos = text.find("\n%%Page: ");
+    while (pos != std::string::npos) {
+      size_t next = text.find("\n%%Page: ", pos + 1);
+      pages.push_back(
+          text.substr(pos + 1, next == std::string::npos ? std::string::npos : next - pos - 1));
+      pos = next;
+    }
+  }
+  bool Has(const std::string& s) const { return text.find(s) != std::string::npos; }
+};
 
 #endif

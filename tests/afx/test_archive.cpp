@@ -2,6 +2,7 @@
 // each failure's CArchiveException cause.
 #include <afx.h>
 #include <gtest/gtest.h>
+#include "archive_bytes.h"
 #include "exception_probe.h"
 
 #include <string>
@@ -58,33 +59,6 @@ IMPLEMENT_SERIAL(CArcVersioned, CObject, VERSIONABLE_SCHEMA | 3)
 
 namespace {
 
-std::string Hex(const std::string& bytes) {
-  std::string s;
-  char part[4];
-  for (unsigned char c : bytes) {
-    snprintf(part, sizeof(part), "%02X ", c);
-    s += part;
-  }
-  if (!s.empty()) s.pop_back();
-  return s;
-}
-
-std::string FileBytes(CMemFile& file) {
-  std::string s((size_t)file.GetLength(), '\0');
-  file.SeekToBegin();
-  if (!s.empty()) file.Read(&s[0], (UINT)s.size());
-  return s;
-}
-
-// What an archive writes when fn stores into it.
-template <class F> std::string Stored(F fn) {
-  CMemFile file;
-  CArchive ar(&file, CArchive::store);
-  fn(ar);
-  ar.Close();
-  return FileBytes(file);
-}
-
 // A loading archive over bytes (a fixed CMemFile: read in place).
 struct Loading {
   explicit Loading(const std::string& b, int nBufSize = 4096, void* lpBuf = NULL)
@@ -104,6 +78,8 @@ std::string ClassRecord(WORD schema, const std::string& name) {
   return s + name;
 }
 
+std::string Tag(WORD w) { return std::string{(char)(w & 0xFF), (char)(w >> 8)}; }
+
 const std::string kPoint12 = std::string("\x01\x00\x00\x00\x02\x00\x00\x00", 8);
 
 } // namespace
@@ -111,7 +87,7 @@ const std::string kPoint12 = std::string("\x01\x00\x00\x00\x02\x00\x00\x00", 8);
 // ---- primitive values ------------------------------------------------------
 
 TEST(ArchivePrimitives, LittleEndianWidthsOfEveryOperator) {
-  std::string bytes = Stored([](CArchive& ar) {
+  std::string bytes = ArchiveBytes([](CArchive& ar) {
     ar << (BYTE)0x01 << (WORD)0x0302 << (LONG)-2 << (DWORD)0x07060504;
     ar << 1.5f << 2.25 << (LONGLONG)-3 << (ULONGLONG)0x1122334455667788ULL;
     ar << (int)9 << (short)-1 << 'A' << L'\x263A' << (unsigned)10 << true << false;
@@ -137,21 +113,12 @@ TEST(ArchivePrimitives, LittleEndianWidthsOfEveryOperator) {
   unsigned u;
   bool b1, b2;
   in.ar >> by >> w >> l >> dw >> f >> d >> ll >> ull >> i >> sh >> ch >> wch >> u >> b1 >> b2;
-  EXPECT_EQ(1, by);
-  EXPECT_EQ(0x0302, w);
-  EXPECT_EQ(-2, l);
-  EXPECT_EQ(0x07060504u, dw);
-  EXPECT_EQ(1.5f, f);
-  EXPECT_EQ(2.25, d);
-  EXPECT_EQ(-3, ll);
-  EXPECT_EQ(0x1122334455667788ULL, ull);
-  EXPECT_EQ(9, i);
-  EXPECT_EQ(-1, sh);
-  EXPECT_EQ('A', ch);
-  EXPECT_EQ(L'\x263A', wch);
-  EXPECT_EQ(10u, u);
-  EXPECT_TRUE(b1);
-  EXPECT_FALSE(b2);
+  // Stored again, the values give the same bytes: each went back to its own type.
+  EXPECT_EQ(bytes, ArchiveBytes([&](CArchive& ar) {
+              ar << by << w << l << dw << f << d << ll << ull << i << sh << ch << wch << u << b1
+                 << b2;
+            }));
+  EXPECT_TRUE(b1 && !b2);
   EXPECT_TRUE(in.ar.IsBufferEmpty());
 }
 
@@ -192,11 +159,11 @@ TEST(ArchivePrimitives, ReadPastEndIsEndOfFile) {
 // ---- counts and strings ----------------------------------------------------
 
 TEST(ArchiveCount, WordOrEscapedDword) {
-  EXPECT_EQ("05 00", Hex(Stored([](CArchive& ar) { ar.WriteCount(5); })));
-  EXPECT_EQ("FE FF", Hex(Stored([](CArchive& ar) { ar.WriteCount(0xFFFE); })));
-  EXPECT_EQ("FF FF FF FF 00 00", Hex(Stored([](CArchive& ar) { ar.WriteCount(0xFFFF); })));
-  EXPECT_EQ("FF FF 45 23 01 00", Hex(Stored([](CArchive& ar) { ar.WriteCount(0x12345); })));
-  Loading in(Stored([](CArchive& ar) {
+  EXPECT_EQ("05 00", Hex(ArchiveBytes([](CArchive& ar) { ar.WriteCount(5); })));
+  EXPECT_EQ("FE FF", Hex(ArchiveBytes([](CArchive& ar) { ar.WriteCount(0xFFFE); })));
+  EXPECT_EQ("FF FF FF FF 00 00", Hex(ArchiveBytes([](CArchive& ar) { ar.WriteCount(0xFFFF); })));
+  EXPECT_EQ("FF FF 45 23 01 00", Hex(ArchiveBytes([](CArchive& ar) { ar.WriteCount(0x12345); })));
+  Loading in(ArchiveBytes([](CArchive& ar) {
     ar.WriteCount(0);
     ar.WriteCount(0xFFFE);
     ar.WriteCount(0xFFFF);
@@ -222,7 +189,7 @@ TEST(ArchiveString, LengthPrefixForEachSize) {
   for (const Case& c : cases) {
     CString str('x', c.length);
     if (c.length > 0) str.SetAt(c.length - 1, 'y');
-    std::string bytes = Stored([&](CArchive& ar) { ar << str; });
+    std::string bytes = ArchiveBytes([&](CArchive& ar) { ar << str; });
     ASSERT_EQ(c.prefix.size() + c.length, bytes.size()) << c.length;
     EXPECT_EQ(Hex(c.prefix), Hex(bytes.substr(0, c.prefix.size()))) << c.length;
     Loading in(bytes);
@@ -270,7 +237,7 @@ TEST(ArchiveString, AbsurdLengthsFailWithoutAllocating) {
 }
 
 TEST(ArchiveText, WriteStringAndReadLines) {
-  std::string bytes = Stored([](CArchive& ar) {
+  std::string bytes = ArchiveBytes([](CArchive& ar) {
     ar.WriteString("one\r\ntwo\n\nthree\rfour");
     ar.WriteString("");
   });
@@ -311,7 +278,7 @@ TEST(ArchiveText, LongLineInSmallBuffer) {
 
 TEST(ArchiveObject, NewClassThenKnownClassThenSameObject) {
   CArcPoint p1(1, 2), p2(3, 4);
-  std::string bytes = Stored([&](CArchive& ar) {
+  std::string bytes = ArchiveBytes([&](CArchive& ar) {
     ar << &p1;                  // new class (id 1) and new object (id 2)
     ar << &p2;                  // known class 1: 0x8001, new object (id 3)
     ar << &p1;                  // object 2 again
@@ -339,7 +306,7 @@ TEST(ArchiveObject, SharedPointerInsideAGraph) {
   CArcShape shape;
   shape.name = "sq";
   shape.a = shape.b = &p;
-  std::string bytes = Stored([&](CArchive& ar) { ar << &shape; });
+  std::string bytes = ArchiveBytes([&](CArchive& ar) { ar << &shape; });
   // Ids: CArcShape 1, the shape 2, CArcPoint 3, the point 4.
   std::string expected = ClassRecord(2, "CArcShape") + "\x02sq" + ClassRecord(1, "CArcPoint") +
                          kPoint12 + std::string("\x04\x00", 2);
@@ -364,7 +331,7 @@ TEST(ArchiveObject, BigObjectAndClassTagsPastId7FFE) {
   for (size_t i = 0; i < points.size(); ++i)
     points[i].x = (LONG)i;
   CArcShape shape1, shape2;
-  std::string bytes = Stored([&](CArchive& ar) {
+  std::string bytes = ArchiveBytes([&](CArchive& ar) {
     for (CArcPoint& p : points)
       ar << &p;
     ar << &points.back();    // id 0x7FFF: the 32-bit form
@@ -395,7 +362,7 @@ TEST(ArchiveObject, BigObjectAndClassTagsPastId7FFE) {
 
 TEST(ArchiveObject, SerializeClassAndMapObject) {
   CArcPoint p(5, 6);
-  std::string bytes = Stored([&](CArchive& ar) {
+  std::string bytes = ArchiveBytes([&](CArchive& ar) {
     ar.SerializeClass(RUNTIME_CLASS(CArcPoint)); // id 1
     ar.MapObject(&p);                            // id 2, without data
     ar << &p;
@@ -418,14 +385,8 @@ TEST(ArchiveObject, SerializeClassAndMapObject) {
 TEST(ArchiveObject, NotSerializableClassIsRefused) {
   CMemFile file;
   CArchive ar(&file, CArchive::store);
-  bool thrown = false;
-  try {
-    ar.WriteClass(RUNTIME_CLASS(CMemFile));
-  } catch (CNotSupportedException* e) {
-    thrown = true;
-    e->Delete();
-  }
-  EXPECT_TRUE(thrown);
+  EXPECT_EQ(RUNTIME_CLASS(CNotSupportedException),
+            ThrownClass([&] { ar.WriteClass(RUNTIME_CLASS(CMemFile)); }));
 }
 
 // ---- schemas ---------------------------------------------------------------
@@ -449,7 +410,7 @@ TEST(ArchiveSchema, VersionableClassSeesTheStoredSchema) {
 
   CArcVersioned current;
   current.value = 0x1234;
-  std::string stored = Stored([&](CArchive& ar) { ar << &current; });
+  std::string stored = ArchiveBytes([&](CArchive& ar) { ar << &current; });
   EXPECT_EQ(Hex(ClassRecord(3, "CArcVersioned") + "\x34\x12"), Hex(stored));
   Loading again(stored);
   CArcVersioned* c = (CArcVersioned*)again.ar.ReadObject(NULL);
@@ -468,61 +429,36 @@ TEST(ArchiveSchema, GetObjectSchemaAnswersOnce) {
 // ---- failures --------------------------------------------------------------
 
 TEST(ArchiveErrors, EachCause) {
-  // Unknown class, class of the wrong kind, a name of 64 characters.
-  {
-    Loading in(ClassRecord(1, "CNoSuchClass") + kPoint12);
-    EXPECT_EQ(CArchiveException::badClass, ArchiveCause([&] { in.ar.ReadObject(NULL); }));
+  const std::string point = ClassRecord(1, "CArcPoint") + kPoint12;
+  const int badClass = CArchiveException::badClass, badIndex = CArchiveException::badIndex;
+  struct Case {
+    std::string bytes;
+    int nBefore;            // objects read first
+    CRuntimeClass* pWanted; // what the failing read asks for
+    int cause;
+  } cases[] = {
+      {ClassRecord(1, "CNoSuchClass") + kPoint12, 0, NULL, badClass},
+      {point, 0, RUNTIME_CLASS(CArcShape), badClass},               // a class of the wrong kind
+      {ClassRecord(1, std::string(64, 'C')), 0, NULL, badClass},    // a name too long
+      {point + Tag(0x0002), 1, RUNTIME_CLASS(CArcShape), badClass}, // an earlier object, wrong kind
+      {Tag(0x0005), 0, NULL, badIndex},                             // ids not given out yet
+      {Tag(0x8005), 0, NULL, badIndex},
+      {point + Tag(0x0001), 1, NULL, badIndex}, // a class's id where an object is wanted
+      {point + Tag(0x8002), 1, NULL, badIndex}, // an object's id used as a class's
+      {Tag(0x8000), 0, NULL, badIndex},         // class id 0 is the null object
+      {ClassRecord(1, "CArcPoint") + "\x01\x00", 0, NULL, CArchiveException::endOfFile},
+  };
+  for (const Case& c : cases) {
+    Loading in(c.bytes);
+    std::vector<CObject*> read;
+    for (int n = 0; n < c.nBefore; n++)
+      read.push_back(in.ar.ReadObject(NULL));
+    EXPECT_EQ(c.cause, ArchiveCause([&] { in.ar.ReadObject(c.pWanted); })) << Hex(c.bytes);
+    for (CObject* pOb : read)
+      delete pOb;
   }
-  {
-    Loading in(ClassRecord(1, "CArcPoint") + kPoint12);
-    EXPECT_EQ(CArchiveException::badClass,
-              ArchiveCause([&] { in.ar.ReadObject(RUNTIME_CLASS(CArcShape)); }));
-  }
-  {
-    Loading in(ClassRecord(1, std::string(64, 'C')));
-    EXPECT_EQ(CArchiveException::badClass, ArchiveCause([&] { in.ar.ReadObject(NULL); }));
-  }
-  // An earlier object of the wrong kind.
-  {
-    Loading in(ClassRecord(1, "CArcPoint") + kPoint12 + std::string("\x02\x00", 2));
-    in.ar.ReadObject(NULL);
-    CObject* first = NULL;
-    EXPECT_EQ(CArchiveException::badClass,
-              ArchiveCause([&] { first = in.ar.ReadObject(RUNTIME_CLASS(CArcShape)); }));
-  }
-  // Ids not yet given out, or naming a class where an object is wanted.
-  {
-    Loading in(std::string("\x05\x00", 2));
-    EXPECT_EQ(CArchiveException::badIndex, ArchiveCause([&] { in.ar.ReadObject(NULL); }));
-  }
-  {
-    Loading in(std::string("\x05\x80", 2));
-    EXPECT_EQ(CArchiveException::badIndex, ArchiveCause([&] { in.ar.ReadObject(NULL); }));
-  }
-  {
-    Loading in(ClassRecord(1, "CArcPoint") + kPoint12 + std::string("\x01\x00", 2));
-    delete in.ar.ReadObject(NULL);
-    EXPECT_EQ(CArchiveException::badIndex, ArchiveCause([&] { in.ar.ReadObject(NULL); }));
-  }
-  {
-    Loading in(ClassRecord(1, "CArcPoint") + kPoint12 + std::string("\x02\x80", 2));
-    delete in.ar.ReadObject(NULL);
-    EXPECT_EQ(CArchiveException::badIndex, ArchiveCause([&] { in.ar.ReadObject(NULL); }));
-  }
-  {
-    Loading in(std::string("\x00\x80", 2)); // class id 0 is the null object
-    EXPECT_EQ(CArchiveException::badIndex, ArchiveCause([&] { in.ar.ReadObject(NULL); }));
-  }
-  // A class tag where only a class may be (ReadClass given an object id).
-  {
-    Loading in(std::string("\x00\x00", 2));
-    EXPECT_EQ(CArchiveException::badIndex, ArchiveCause([&] { in.ar.ReadClass(); }));
-  }
-  // Truncated inside the object's data.
-  {
-    Loading in(ClassRecord(1, "CArcPoint") + "\x01\x00");
-    EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([&] { in.ar.ReadObject(NULL); }));
-  }
+  Loading objectId(Tag(0)); // ReadClass given an object's id
+  EXPECT_EQ(badIndex, ArchiveCause([&] { objectId.ar.ReadClass(); }));
 }
 
 TEST(ArchiveErrors, WrongDirection) {

@@ -9,10 +9,11 @@
 #include <afx.h>
 #include <gtest/gtest.h>
 
-#include <random>
 #include <set>
 #include <string>
 #include <vector>
+
+#include "mutator.h"
 
 namespace {
 
@@ -269,32 +270,15 @@ TEST(ArchiveFuzz, MutationsLoadOrFailCleanlyWithBoundedAllocation) {
   const DWORD kMagic[] = {0xFFFFFFFF, 0x7FFFFFFF, 0x0000FFFF, 0xFFFE00FF,
                           0x80008000, 0x7FFF7FFF, 0x3FFFFFFE, 0x00FFFFFF};
 
-  std::mt19937 rng(20090714); // fixed: every run tries the same cases
+  Mutator mutator(20090714); // fixed: every run tries the same cases
   int counts[4] = {0, 0, 0, 0};
   size_t largest = 0;
   const int kCases = 12000;
   for (int i = 0; i < kCases; ++i) {
-    std::string bytes = valid;
-    switch (rng() % 5) {
-    case 0: // flip a few bytes
-      for (int n = 1 + rng() % 3; n > 0; --n)
-        bytes[rng() % bytes.size()] = (char)rng();
-      break;
-    case 1: // insert bytes
-      bytes.insert(rng() % (bytes.size() + 1), std::string(1 + rng() % 4, (char)rng()));
-      break;
-    case 2: // delete bytes
-      bytes.erase(rng() % bytes.size(), 1 + rng() % 4);
-      break;
-    case 3: // cut off
-      bytes.resize(rng() % bytes.size());
-      break;
-    default: { // an absurd count, length, tag or id
-      DWORD magic = kMagic[rng() % (sizeof(kMagic) / sizeof(kMagic[0]))];
-      size_t pos = rng() % (bytes.size() - 3);
-      memcpy(&bytes[pos], &magic, (rng() % 2) ? 4 : 2);
-      break;
-    }
+    std::string bytes = mutator.Mutate(valid);
+    if (i % 4 == 0 && bytes.size() >= 4) { // and often an absurd count, length, tag or id
+      DWORD magic = kMagic[mutator.Next() % (sizeof(kMagic) / sizeof(kMagic[0]))];
+      memcpy(&bytes[mutator.Next() % (bytes.size() - 3)], &magic, mutator.Next() % 2 ? 4 : 2);
     }
     std::string problem;
     g_largest = 0;

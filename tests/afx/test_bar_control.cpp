@@ -1,8 +1,8 @@
 // CControlBar in a plain parent window. RepositionBars: bars take their
 // strips from the edges in z-order, the left-over child gets exactly the
 // middle; queries measure without moving; extra borders, hidden and delayed
-// bars, and the real toolbar and status bar. Commands of controls on a bar
-// reach the bar's owner.
+// bars (the real toolbar and status bar are laid out in test_bar_frame.cpp).
+// Commands of controls on a bar reach the bar's owner.
 #include <afxext.h>
 #include <gtest/gtest.h>
 
@@ -205,53 +205,6 @@ TEST_F(BarLayoutTest, ControlsOnABarReachTheOwner) {
   m_top.SendMessage(WM_SETMESSAGESTRING, ID_BAR_BUTTON);
   EXPECT_EQ(ID_BAR_BUTTON, other.m_nMessageID);
   other.DestroyWindow();
-}
-
-TEST_F(BarLayoutTest, BarStyleKeepsOnlyBarBits) {
-  m_top.SetBarStyle(CBRS_BOTTOM | CBRS_TOOLTIPS | WS_VISIBLE);
-  EXPECT_EQ((DWORD)(CBRS_BOTTOM | CBRS_TOOLTIPS), m_top.GetBarStyle());
-  // The top bar now goes to the bottom, below nothing: it is outermost.
-  Layout();
-  EXPECT_EQ(CRect(0, 270, 400, 300), RectInParent(m_top));
-  EXPECT_EQ(CRect(0, 250, 400, 270), RectInParent(m_bottom));
-}
-
-TEST(BarLayout, ToolBarAndStatusBarAroundTheView) {
-  CWnd parent;
-  ASSERT_TRUE(
-      parent.CreateEx(0, NULL, "parent", WS_POPUP | WS_VISIBLE, 0, 0, 400, 300, NULL, NULL));
-  CToolBar toolBar;
-  ASSERT_TRUE(toolBar.Create(&parent));
-  const UINT ids[] = {ID_FILE_NEW, ID_SEPARATOR, ID_FILE_OPEN};
-  ASSERT_TRUE(toolBar.SetButtons(ids, 3));
-  CStatusBar statusBar;
-  ASSERT_TRUE(statusBar.Create(&parent));
-  const UINT panes[] = {ID_SEPARATOR};
-  ASSERT_TRUE(statusBar.SetIndicators(panes, 1));
-  CWnd view;
-  ASSERT_TRUE(view.CreateEx(0, NULL, NULL, WS_CHILD | WS_VISIBLE, CRect(0, 0, 10, 10), &parent,
-                            AFX_IDW_PANE_FIRST));
-  parent.RepositionBars(0, 0xFFFF, AFX_IDW_PANE_FIRST);
-
-  int cyTool = toolBar.CalcFixedLayout(TRUE, TRUE).cy;
-  int cyStatus = statusBar.CalcFixedLayout(TRUE, TRUE).cy;
-  EXPECT_GT(cyStatus, 10);
-  EXPECT_EQ(CRect(0, 0, 400, cyTool), RectInParent(toolBar));
-  EXPECT_EQ(CRect(0, 300 - cyStatus, 400, 300), RectInParent(statusBar));
-  EXPECT_EQ(CRect(0, cyTool, 400, 300 - cyStatus), RectInParent(view));
-  // The buttons sit inside the toolbar's margins, none clipped.
-  CRect rectButton;
-  toolBar.GetItemRect(0, &rectButton);
-  toolBar.MapWindowPoints(&parent, &rectButton);
-  EXPECT_EQ(toolBar.m_cxLeftBorder, rectButton.left);
-  EXPECT_GE(rectButton.top, toolBar.m_cyTopBorder);
-  EXPECT_EQ(22, rectButton.Height());
-  EXPECT_EQ(cyTool - toolBar.m_cyBottomBorder, rectButton.bottom);
-  // The status bar's only pane stretches over its whole width.
-  int nRight = 0;
-  statusBar.SendMessage(SB_GETPARTS, 1, (LPARAM)&nRight);
-  EXPECT_EQ(400, nRight);
-  parent.DestroyWindow();
 }
 
 } // namespace

@@ -56,6 +56,13 @@ TEST(BarFrame, RecalcLayoutLeavesTheViewBetweenTheBars) {
   EXPECT_EQ(CRect(0, rectClient.bottom - cyStatus, rectClient.right, rectClient.bottom),
             RectInParent(statusBar));
   EXPECT_EQ(CRect(0, cyTool, rectClient.right, rectClient.bottom - cyStatus), RectInParent(view));
+  // The buttons sit inside the toolbar's margins, none clipped.
+  CRect rectButton;
+  toolBar.GetItemRect(0, &rectButton);
+  toolBar.MapWindowPoints(pFrame, &rectButton);
+  EXPECT_EQ(toolBar.m_cxLeftBorder, rectButton.left);
+  EXPECT_GE(rectButton.top, toolBar.m_cyTopBorder);
+  EXPECT_EQ(cyTool - toolBar.m_cyBottomBorder, rectButton.bottom);
 
   // The frame's prompts go to the message pane; idle updates reach the
   // indicator through the frame's handler.

@@ -1,7 +1,7 @@
 // CStatusBar against the real status bar control: indicator texts and pane
-// widths read back from the control (SB_GETTEXT, SB_GETPARTS), pane info
-// and styles, the window text as the message pane, an owner-drawn pane
-// painted and read back, and idle updates of the indicators.
+// widths read back from the control (SB_GETTEXT, SB_GETPARTS), the window
+// text as the message pane, an owner-drawn pane painted and read back, and
+// idle updates of the indicators.
 #include <afxext.h>
 #include <gtest/gtest.h>
 
@@ -187,38 +187,6 @@ TEST_F(StatusBarTest, PaneTextUpdatesNowOrAtTheNextUpdate) {
   EXPECT_EQ("", Shown(bar, 3));
 }
 
-TEST_F(StatusBarTest, PaneInfoAndStylesReachTheControl) {
-  CStatusBar bar;
-  Place(bar);
-  int nGap = Gap(bar);
-  bar.SetPaneInfo(2, ID_INDICATOR_NUM, SBPS_POPOUT, 100);
-  std::vector<int> rights = Rights(bar);
-  EXPECT_EQ(106, rights[2] - rights[1] - nGap);
-  EXPECT_EQ(600, rights[3]);
-  int nType = 0;
-  EXPECT_EQ("NUM", Shown(bar, 2, &nType));
-  EXPECT_EQ(SBT_POPOUT, nType);
-
-  bar.SetPaneStyle(1, SBPS_NOBORDERS);
-  Shown(bar, 1, &nType);
-  EXPECT_EQ(SBT_NOBORDERS, nType);
-  EXPECT_EQ((UINT)SBPS_NOBORDERS, bar.GetPaneStyle(1));
-
-  // A disabled pane keeps its text but shows none.
-  bar.SetPaneStyle(1, SBPS_DISABLED);
-  EXPECT_EQ("", Shown(bar, 1));
-  EXPECT_EQ("CAP", bar.GetPaneText(1));
-  bar.SetPaneStyle(1, SBPS_NORMAL);
-  EXPECT_EQ("CAP", Shown(bar, 1));
-
-  // Moving the stretch to the last pane: the message pane keeps its width.
-  bar.SetPaneInfo(0, ID_SEPARATOR, SBPS_NOBORDERS, 50);
-  bar.SetPaneStyle(3, SBPS_STRETCH);
-  rights = Rights(bar);
-  EXPECT_EQ(56, rights[0]);
-  EXPECT_EQ(600, rights[3]);
-}
-
 TEST_F(StatusBarTest, IndexOutsideThePanesIsAnInvalidArgument) {
   CStatusBar bar;
   Place(bar);
@@ -314,17 +282,6 @@ TEST_F(StatusBarTest, BarsOwnUpdateHandlerComesFirst) {
   bar.SendMessage(WM_IDLEUPDATECMDUI, TRUE);
   EXPECT_EQ("own", Shown(bar, 3));
   EXPECT_EQ("", Shown(bar, 1)); // the owner still updates the rest
-}
-
-TEST_F(StatusBarTest, MinimumHeightSetsTheBarsHeight) {
-  CStatusBar bar;
-  Place(bar);
-  bar.GetStatusBarCtrl().SetMinHeight(60);
-  EXPECT_EQ(CSize(32767, 60), bar.CalcFixedLayout(TRUE, TRUE));
-  m_parent.RepositionBars(0, 0xFFFF, 0);
-  CRect rect;
-  bar.GetWindowRect(&rect);
-  EXPECT_EQ(60, rect.Height());
 }
 
 TEST(StatusBarGrip, SizeableParentGetsAGripThatLetsTheMouseThrough) {

@@ -1,7 +1,6 @@
 // CToolBar against the real toolbar control: buttons, separators and images
 // from a toolbar resource (type 241) and its bitmap, malformed resources,
-// button styles and infos read back from the control, idle updates of the
-// enabled and checked states, and the bar's size.
+// idle updates of the enabled and checked states, and the bar's size.
 #include <afxext.h>
 #include <gtest/gtest.h>
 
@@ -132,40 +131,6 @@ TEST_F(ToolBarTest, MalformedOrMissingResourcesAreRefused) {
   CToolBar unborn;
   EXPECT_FALSE(unborn.LoadToolBar(IDR_TOOLBAR));
   EXPECT_FALSE(unborn.SetButtons(NULL, 2));
-}
-
-TEST_F(ToolBarTest, ButtonStylesAndInfosReachTheControl) {
-  ASSERT_TRUE(m_bar.LoadToolBar(IDR_TOOLBAR));
-  m_bar.SetButtonStyle(0, TBBS_BUTTON | TBBS_DISABLED);
-  EXPECT_FALSE(State(ID_TOOL_A) & TBSTATE_ENABLED);
-  EXPECT_EQ((UINT)TBBS_DISABLED, m_bar.GetButtonStyle(0));
-
-  m_bar.SetButtonStyle(1, TBBS_CHECKBOX | TBBS_CHECKED);
-  EXPECT_TRUE(State(ID_TOOL_B) & TBSTATE_CHECKED);
-  EXPECT_TRUE(State(ID_TOOL_B) & TBSTATE_ENABLED);
-  TBBUTTON button;
-  ASSERT_TRUE(m_bar.GetToolBarCtrl().GetButton(1, &button));
-  EXPECT_EQ(TBSTYLE_CHECK, button.fsStyle);
-
-  // A wider separator, and a button given another command and image.
-  m_bar.SetButtonInfo(2, ID_SEPARATOR, TBBS_SEPARATOR, 20);
-  CRect rect;
-  m_bar.GetItemRect(2, &rect);
-  EXPECT_EQ(20, rect.Width());
-  m_bar.SetButtonInfo(3, ID_TOOL_D, TBBS_BUTTON, 0);
-  EXPECT_EQ((UINT)ID_TOOL_D, m_bar.GetItemID(3));
-  EXPECT_EQ(3, m_bar.CommandToIndex(ID_TOOL_D));
-  EXPECT_EQ(-1, m_bar.CommandToIndex(ID_TOOL_C));
-  UINT nID, nStyle;
-  int iImage;
-  m_bar.GetButtonInfo(3, nID, nStyle, iImage);
-  EXPECT_EQ(0, iImage);
-  EXPECT_EQ(4, m_bar.GetCount());
-
-  EXPECT_EQ(RUNTIME_CLASS(CInvalidArgException), ThrownClass([&] { m_bar.GetButtonStyle(4); }));
-  EXPECT_EQ(RUNTIME_CLASS(CInvalidArgException),
-            ThrownClass([&] { m_bar.SetButtonInfo(-1, 0, 0, 0); }));
-  EXPECT_EQ(RUNTIME_CLASS(CInvalidArgException), ThrownClass([&] { m_bar.GetItemRect(9, &rect); }));
 }
 
 TEST_F(ToolBarTest, IdleUpdateSetsEnabledAndCheckedStates) {

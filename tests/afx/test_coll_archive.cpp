@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <string>
 
+#include "archive_bytes.h"
 #include "coll_testing.h"
 
 // The largest block this test program asks operator new[] for (the
@@ -32,38 +33,16 @@ public:
 };
 IMPLEMENT_SERIAL(CItem, CObject, 1)
 
-// "03 00 ff" for the bytes 3, 0, 255.
-static std::string Hex(const std::string& bytes) {
-  std::string s;
-  char b[4];
-  for (unsigned char c : bytes) {
-    wsprintfA(b, s.empty() ? "%02x" : " %02x", c);
-    s += b;
-  }
-  return s;
-}
-
 template <class T> static std::string Store(T& collection) {
-  CMemFile file;
-  {
-    CArchive ar(&file, CArchive::store);
-    collection.Serialize(ar);
-    ar.Close();
-  }
-  std::string bytes((size_t)file.GetLength(), '\0');
-  file.SeekToBegin();
-  if (!bytes.empty()) file.Read(&bytes[0], (UINT)bytes.size());
-  return bytes;
+  return ArchiveBytes([&](CArchive& ar) { collection.Serialize(ar); });
 }
 
 template <class T> static void Load(const std::string& bytes, T& collection) {
-  CMemFile file((BYTE*)bytes.data(), (UINT)bytes.size());
-  CArchive ar(&file, CArchive::load);
-  collection.Serialize(ar);
+  LoadBytes(bytes, [&](CArchive& ar) { collection.Serialize(ar); });
 }
 
 // The CItem class reference as CArchive writes it the first time.
-static const char kNewItemClass[] = "ff ff 01 00 05 00 43 49 74 65 6d";
+static const char kNewItemClass[] = "FF FF 01 00 05 00 43 49 74 65 6D";
 
 TEST(CollArchive, ArraysOfValuesWriteCountThenRawElements) {
   CByteArray bytes;
@@ -71,13 +50,13 @@ TEST(CollArchive, ArraysOfValuesWriteCountThenRawElements) {
   EXPECT_EQ("03 00 01 02 03", Hex(Store(bytes)));
   CWordArray words;
   words.Add(0x1234), words.Add(0xABCD);
-  EXPECT_EQ("02 00 34 12 cd ab", Hex(Store(words)));
+  EXPECT_EQ("02 00 34 12 CD AB", Hex(Store(words)));
   CDWordArray dwords;
   dwords.Add(0x11223344);
   EXPECT_EQ("01 00 44 33 22 11", Hex(Store(dwords)));
   CArray<int, int> ints;
   ints.Add(1), ints.Add(-1);
-  EXPECT_EQ("02 00 01 00 00 00 ff ff ff ff", Hex(Store(ints)));
+  EXPECT_EQ("02 00 01 00 00 00 FF FF FF FF", Hex(Store(ints)));
   CList<WORD, WORD> list;
   list.AddTail(1), list.AddTail(2);
   EXPECT_EQ("02 00 01 00 02 00", Hex(Store(list)));
@@ -90,7 +69,7 @@ TEST(CollArchive, ArraysOfValuesWriteCountThenRawElements) {
   large[69999] = 0x5A;
   std::string stored = Store(large);
   ASSERT_EQ(6u + 70000u, stored.size());
-  EXPECT_EQ("ff ff 70 11 01 00", Hex(stored.substr(0, 6)));
+  EXPECT_EQ("FF FF 70 11 01 00", Hex(stored.substr(0, 6)));
   CByteArray back;
   Load(stored, back);
   ASSERT_EQ(70000, back.GetSize());
@@ -104,7 +83,7 @@ TEST(CollArchive, StringCollectionsWriteArchiveStrings) {
   EXPECT_EQ("02 00 02 61 62 00", Hex(Store(array)));
   CStringList list;
   list.AddTail("x"), list.AddTail("yz");
-  EXPECT_EQ("02 00 01 78 02 79 7a", Hex(Store(list)));
+  EXPECT_EQ("02 00 01 78 02 79 7A", Hex(Store(list)));
   CArray<CString, const CString&> templ;
   templ.Add(CString("hi"));
   EXPECT_EQ("01 00 02 68 69", Hex(Store(templ)));
@@ -164,7 +143,7 @@ TEST(CollArchive, ObjectCollectionsWriteObjectReferences) {
 
   CMapStringToOb names;
   names["k"] = NULL;
-  EXPECT_EQ("01 00 01 6b 00 00", Hex(Store(names)));
+  EXPECT_EQ("01 00 01 6B 00 00", Hex(Store(names)));
 
   CArray<CObject*, CObject*> templ; // CObject* elements go through WriteObject too
   templ.Add(&b);
@@ -174,11 +153,11 @@ TEST(CollArchive, ObjectCollectionsWriteObjectReferences) {
 TEST(CollArchive, TemplateMapWritesKeyThenValue) {
   CMap<WORD, WORD, DWORD, DWORD> map;
   map[5] = 0xAABBCCDD;
-  EXPECT_EQ("01 00 05 00 dd cc bb aa", Hex(Store(map)));
+  EXPECT_EQ("01 00 05 00 DD CC BB AA", Hex(Store(map)));
   CMap<CString, LPCTSTR, int, int> names;
   names["n"] = 2;
   std::string stored = Store(names);
-  EXPECT_EQ("01 00 01 6e 02 00 00 00", Hex(stored));
+  EXPECT_EQ("01 00 01 6E 02 00 00 00", Hex(stored));
   CMap<CString, LPCTSTR, int, int> back;
   Load(stored, back);
   int v = 0;

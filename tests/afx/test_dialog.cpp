@@ -9,124 +9,44 @@
 #include <vector>
 
 #include "msgbox_catcher.h"
-#include "temp_dir.h"
+#include "fixture_ids.h"
 
 namespace {
 
-const WORD IDD_TEST = 500;
-const WORD IDC_NAME = 1001;
-const WORD IDC_COUNT = 1002;
-const WORD IDC_CHECK = 1003;
-const WORD IDC_RADIO1 = 1004;
-const WORD IDC_RADIO2 = 1005;
-const WORD IDC_REAL = 1006;
+const WORD IDC_NAME = IDC_FIXTURE_NAME;
+const WORD IDC_COUNT = IDC_FIXTURE_COUNT;
+const WORD IDC_CHECK = IDC_FIXTURE_CHECK;
+const WORD IDC_RADIO1 = IDC_FIXTURE_RADIO1;
+const WORD IDC_RADIO2 = IDC_FIXTURE_RADIO2;
+const WORD IDC_REAL = IDC_FIXTURE_REAL;
 const WORD IDC_LIST = 1007;
 const UINT WM_DRIVE = WM_APP + 7;
 
-// ---- An in-memory dialog template ----------------------------------------------
-
-class TemplateBuilder {
+// The resource-only fixture module, whose dialog template the executable
+// lacks, as the resource handle while this lives.
+class FixtureResources {
 public:
-  TemplateBuilder(DWORD dwStyle, short cx, short cy) {
-    Add32(dwStyle);
-    Add32(0); // extended style
-    m_nCountAt = m_words.size();
-    Add16(0);  // item count, filled in as items are added
-    Add16(10); // x, y, cx, cy
-    Add16(10);
-    Add16((WORD)cx);
-    Add16((WORD)cy);
-    Add16(0); // no menu
-    Add16(0); // the dialog class
-    AddText("Test dialog");
-    if (dwStyle & DS_SETFONT) {
-      Add16(8);
-      AddText("MS Shell Dlg");
-    }
+  FixtureResources()
+      : m_hModule(::LoadLibraryEx("vrk_fixture_res.dll", NULL, LOAD_LIBRARY_AS_DATAFILE)),
+        m_hOld(AfxGetResourceHandle()) {
+    if (m_hModule != NULL) AfxSetResourceHandle(m_hModule);
   }
-  void AddItem(WORD nID, WORD wClass, DWORD dwStyle, LPCSTR lpszText, short x, short y, short cx,
-               short cy) {
-    if (m_words.size() % 2) Add16(0); // DWORD alignment
-    Add32(dwStyle | WS_CHILD | WS_VISIBLE);
-    Add32(0);
-    Add16((WORD)x);
-    Add16((WORD)y);
-    Add16((WORD)cx);
-    Add16((WORD)cy);
-    Add16(nID);
-    Add16(0xFFFF);
-    Add16(wClass); // 0x80 button, 0x81 edit, 0x82 static, 0x83 list box
-    AddText(lpszText);
-    Add16(0); // no creation data
-    m_words[m_nCountAt]++;
-  }
-  const DLGTEMPLATE* Get() const { return (const DLGTEMPLATE*)m_words.data(); }
-  std::string Bytes() const { return std::string((const char*)m_words.data(), m_words.size() * 2); }
-
-private:
-  void Add16(WORD w) { m_words.push_back(w); }
-  void Add32(DWORD dw) {
-    Add16(LOWORD(dw));
-    Add16(HIWORD(dw));
-  }
-  void AddText(LPCSTR lpsz) {
-    for (; *lpsz != '\0'; lpsz++)
-      Add16((BYTE)*lpsz);
-    Add16(0);
-  }
-  std::vector<WORD> m_words;
-  size_t m_nCountAt;
-};
-
-TemplateBuilder MakeTemplate() {
-  TemplateBuilder t(DS_SETFONT | DS_MODALFRAME | WS_POPUP | WS_CAPTION | WS_SYSMENU, 200, 120);
-  t.AddItem(IDC_NAME, 0x81, ES_AUTOHSCROLL | WS_TABSTOP, "", 5, 5, 100, 12);
-  t.AddItem(IDC_COUNT, 0x81, ES_AUTOHSCROLL | WS_TABSTOP, "", 5, 20, 100, 12);
-  t.AddItem(IDC_CHECK, 0x80, BS_AUTOCHECKBOX | WS_TABSTOP, "Check", 5, 35, 100, 12);
-  t.AddItem(IDC_RADIO1, 0x80, BS_AUTORADIOBUTTON | WS_GROUP | WS_TABSTOP, "One", 5, 50, 50, 12);
-  t.AddItem(IDC_RADIO2, 0x80, BS_AUTORADIOBUTTON, "Two", 60, 50, 50, 12);
-  t.AddItem(IDC_REAL, 0x81, ES_AUTOHSCROLL | WS_GROUP | WS_TABSTOP, "", 5, 65, 100, 12);
-  t.AddItem(IDOK, 0x80, BS_DEFPUSHBUTTON | WS_TABSTOP, "OK", 5, 100, 50, 14);
-  t.AddItem(IDCANCEL, 0x80, BS_PUSHBUTTON | WS_TABSTOP, "Cancel", 60, 100, 50, 14);
-  return t;
-}
-
-// A copy of the resource-only fixture module with the dialog template added:
-// a template that only a separate resource module has.
-class ResourceModule {
-public:
-  ResourceModule() {
-    char szExe[MAX_PATH];
-    ::GetModuleFileName(NULL, szExe, MAX_PATH);
-    std::string strDir(szExe);
-    strDir.resize(strDir.find_last_of('\\') + 1);
-    m_path = m_dir.File("dialogs.dll");
-    if (!::CopyFile((strDir + "vrk_fixture_res.dll").c_str(), m_path.c_str(), FALSE)) return;
-    std::string bytes = MakeTemplate().Bytes();
-    HANDLE hUpdate = ::BeginUpdateResource(m_path.c_str(), FALSE);
-    if (hUpdate == NULL) return;
-    ::UpdateResource(hUpdate, RT_DIALOG, MAKEINTRESOURCE(IDD_TEST),
-                     MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), (LPVOID)bytes.data(),
-                     (DWORD)bytes.size());
-    if (!::EndUpdateResource(hUpdate, FALSE)) return;
-    m_hModule = ::LoadLibraryEx(m_path.c_str(), NULL, LOAD_LIBRARY_AS_DATAFILE);
-  }
-  ~ResourceModule() {
+  ~FixtureResources() {
+    AfxSetResourceHandle(m_hOld);
     if (m_hModule != NULL) ::FreeLibrary(m_hModule);
   }
   HMODULE Handle() const { return m_hModule; }
 
 private:
-  TempDir m_dir;
-  std::string m_path;
-  HMODULE m_hModule = NULL;
+  HMODULE m_hModule;
+  HINSTANCE m_hOld;
 };
 
 // ---- The dialog under test -------------------------------------------------------
 
 class CTestDialog : public CDialog {
 public:
-  CTestDialog() : CDialog(IDD_TEST) {}
+  CTestDialog() : CDialog(IDD_FIXTURE) {}
   CString m_strName = "initial";
   int m_nCount = 5;
   int m_nCheck = 1;
@@ -185,19 +105,13 @@ END_MESSAGE_MAP()
 
 class ModalTest : public ::testing::Test {
 protected:
-  void SetUp() override {
-    ASSERT_TRUE(m_module.Handle() != NULL);
-    m_hOldResource = AfxGetResourceHandle();
-    AfxSetResourceHandle(m_module.Handle());
-  }
-  void TearDown() override { AfxSetResourceHandle(m_hOldResource); }
-  ResourceModule m_module;
-  HINSTANCE m_hOldResource = NULL;
+  void SetUp() override { ASSERT_TRUE(m_resources.Handle() != NULL); }
+  FixtureResources m_resources;
 };
 
 TEST_F(ModalTest, TemplateFromAResourceModuleRunsAndReturnsItsValues) {
   // The executable itself has no such template.
-  ASSERT_EQ(NULL, ::FindResource(::GetModuleHandle(NULL), MAKEINTRESOURCE(IDD_TEST), RT_DIALOG));
+  ASSERT_EQ(NULL, ::FindResource(::GetModuleHandle(NULL), MAKEINTRESOURCE(IDD_FIXTURE), RT_DIALOG));
   CTestDialog dlg;
   dlg.m_strTypeName = "Ada";
   dlg.m_strTypeCount = " 42 ";
@@ -212,7 +126,7 @@ TEST_F(ModalTest, TemplateFromAResourceModuleRunsAndReturnsItsValues) {
   EXPECT_EQ(1, dlg.m_nRadio);
   EXPECT_DOUBLE_EQ(-0.125, dlg.m_dReal);
   EXPECT_EQ(NULL, dlg.m_hWnd); // destroyed and detached
-  EXPECT_EQ(IDD_TEST, dlg.m_nIDHelp);
+  EXPECT_EQ((UINT)IDD_FIXTURE, dlg.m_nIDHelp);
 }
 
 TEST_F(ModalTest, CancelLeavesTheMembersAlone) {
@@ -273,15 +187,13 @@ public:
   virtual void OnCancel() {}
 };
 
-class ModelessTest : public ::testing::Test {
+class ModelessTest : public ModalTest {
 protected:
   void SetUp() override {
-    m_template = MakeTemplate();
-    ASSERT_TRUE(m_dlg.CreateIndirect(m_template.Get()));
-    // Created hidden: only the message boxes activate.
+    ModalTest::SetUp();
+    ASSERT_TRUE(m_dlg.Create(IDD_FIXTURE)); // hidden: only the message boxes activate
   }
   void TearDown() override { m_dlg.DestroyWindow(); }
-  TemplateBuilder m_template = MakeTemplate();
   CQuietDialog m_dlg;
 };
 
@@ -379,9 +291,13 @@ public:
 };
 
 TEST(Ddx, UnsignedRefusesMinusAndControlsAreSubclassedOnce) {
-  TemplateBuilder t = MakeTemplate();
+  FixtureResources resources;
+  // The template, as a host holding one in memory would pass it.
+  HRSRC hFound = ::FindResource(resources.Handle(), MAKEINTRESOURCE(IDD_FIXTURE), RT_DIALOG);
+  ASSERT_TRUE(hFound != NULL);
   CDdxProbe dlg;
-  ASSERT_TRUE(dlg.CreateIndirect(t.Get()));
+  ASSERT_TRUE(dlg.CreateIndirect(
+      (LPCDLGTEMPLATE)::LockResource(::LoadResource(resources.Handle(), hFound))));
   MsgBoxCatcher catcher;
   EXPECT_EQ(::GetDlgItem(dlg.m_hWnd, IDC_NAME), dlg.m_edit.m_hWnd); // from OnInitDialog
   EXPECT_EQ(&dlg.m_edit, CWnd::FromHandlePermanent(dlg.m_edit.m_hWnd));

@@ -8,6 +8,7 @@
 #include <cstdio>
 
 #include <string>
+#include <vector>
 
 #include "dlg_driver.h"
 #include "temp_dir.h"
@@ -167,57 +168,38 @@ protected:
     dlg.m_ofn.nMaxFile = (DWORD)list.size();
     dlg.m_ofn.Flags = dwFlags;
   }
-  std::vector<CString> Walk(const CFileDialog& dlg) {
-    std::vector<CString> paths;
+  std::vector<std::string> Walk(const CFileDialog& dlg) {
+    std::vector<std::string> paths;
     POSITION pos = dlg.GetStartPosition();
     while (pos != NULL && paths.size() < 10)
-      paths.push_back(dlg.GetNextPathName(pos));
+      paths.push_back((LPCTSTR)dlg.GetNextPathName(pos));
     return paths;
   }
   char m_buffer[256];
 };
 
-TEST_F(FileDialogList, ExplorerListGivesEachFullPath) {
+TEST_F(FileDialogList, EachFullPathAndNothingPastTheBuffer) {
+  const DWORD kMulti = OFN_EXPLORER | OFN_ALLOWMULTISELECT;
+  struct Case {
+    std::string list;
+    DWORD dwFlags;
+    std::vector<std::string> paths;
+  } cases[] = {
+      {std::string("C:\\dir\0a.txt\0b.txt\0\0", 20), kMulti, {"C:\\dir\\a.txt", "C:\\dir\\b.txt"}},
+      {std::string("C:\\dir\\one.txt\0\0", 16), kMulti, {"C:\\dir\\one.txt"}}, // one: once
+      {std::string("C:\\\0x\0\0", 7), kMulti, {"C:\\x"}}, // a root: no second backslash
+      {std::string("C:\\DIR A.TXT B.TXT\0", 19),
+       OFN_ALLOWMULTISELECT, // old style: spaces
+       {"C:\\DIR\\A.TXT", "C:\\DIR\\B.TXT"}},
+      // The buffer ends inside the second name, or inside the only path.
+      {std::string("C:\\d\0first\0sec", 14), kMulti, {"C:\\d\\first", "C:\\d\\sec"}},
+      {std::string("C:\\abc", 6), OFN_EXPLORER, {"C:\\abc"}},
+  };
   CFileDialog dlg(TRUE);
-  SetList(dlg, std::string("C:\\dir\0a.txt\0b.txt\0\0", 20), OFN_EXPLORER | OFN_ALLOWMULTISELECT);
-  std::vector<CString> paths = Walk(dlg);
-  ASSERT_EQ(2u, paths.size());
-  EXPECT_EQ(CString("C:\\dir\\a.txt"), paths[0]);
-  EXPECT_EQ(CString("C:\\dir\\b.txt"), paths[1]);
-  // One file chosen: the whole path, once.
-  SetList(dlg, std::string("C:\\dir\\one.txt\0\0", 16), OFN_EXPLORER | OFN_ALLOWMULTISELECT);
-  paths = Walk(dlg);
-  ASSERT_EQ(1u, paths.size());
-  EXPECT_EQ(CString("C:\\dir\\one.txt"), paths[0]);
-  // A root folder gets no second backslash.
-  SetList(dlg, std::string("C:\\\0x\0\0", 7), OFN_EXPLORER | OFN_ALLOWMULTISELECT);
-  paths = Walk(dlg);
-  ASSERT_EQ(1u, paths.size());
-  EXPECT_EQ(CString("C:\\x"), paths[0]);
-}
-
-TEST_F(FileDialogList, OldStyleListIsSeparatedBySpaces) {
-  CFileDialog dlg(TRUE);
-  SetList(dlg, std::string("C:\\DIR A.TXT B.TXT\0", 19), OFN_ALLOWMULTISELECT);
-  std::vector<CString> paths = Walk(dlg);
-  ASSERT_EQ(2u, paths.size());
-  EXPECT_EQ(CString("C:\\DIR\\A.TXT"), paths[0]);
-  EXPECT_EQ(CString("C:\\DIR\\B.TXT"), paths[1]);
-}
-
-TEST_F(FileDialogList, UnterminatedListStopsAtTheBufferEnd) {
-  CFileDialog dlg(TRUE);
-  // The buffer ends inside the second name: nothing past it is read.
-  SetList(dlg, std::string("C:\\d\0first\0sec", 14), OFN_EXPLORER | OFN_ALLOWMULTISELECT);
-  std::vector<CString> paths = Walk(dlg);
-  ASSERT_EQ(2u, paths.size());
-  EXPECT_EQ(CString("C:\\d\\first"), paths[0]);
-  EXPECT_EQ(CString("C:\\d\\sec"), paths[1]);
-  // Without multiple selection the buffer is one path, cut at its end.
-  SetList(dlg, std::string("C:\\abc", 6), OFN_EXPLORER);
-  paths = Walk(dlg);
-  ASSERT_EQ(1u, paths.size());
-  EXPECT_EQ(CString("C:\\abc"), paths[0]);
+  for (size_t i = 0; i < sizeof(cases) / sizeof(cases[0]); i++) {
+    SetList(dlg, cases[i].list, cases[i].dwFlags);
+    EXPECT_EQ(cases[i].paths, Walk(dlg)) << "case " << i;
+  }
   EXPECT_EQ(CString("C:\\abc"), dlg.GetPathName());
   // A position from elsewhere ends the walk.
   char other[4] = "x";

@@ -14,15 +14,6 @@
 
 namespace {
 
-void Pump() {
-  MSG msg;
-  while (::PeekMessage(&msg, NULL, 0, 0, PM_REMOVE)) {
-    if (msg.message == WM_QUIT) continue; // the closed main window's
-    ::TranslateMessage(&msg);
-    ::DispatchMessage(&msg);
-  }
-}
-
 int g_nDocsDeleted = 0;
 
 // The document: one string, archived in CArchive's CString form.
@@ -75,7 +66,7 @@ protected:
     m_pTemplate = (CSingleDocTemplate*)theApp.GetNextDocTemplate(pos);
     ASSERT_NE(nullptr, m_pTemplate);
     theApp.OnFileNew();
-    Pump();
+    PumpAsApp();
     m_pDoc = (CNoteDoc*)m_pTemplate->m_pOnlyDoc;
     ASSERT_NE(nullptr, m_pDoc);
     m_pFrame = (CFrameWnd*)theApp.m_pMainWnd;
@@ -85,7 +76,7 @@ protected:
     // Whatever the test left: closed without questions.
     if (m_pTemplate->m_pOnlyDoc != NULL) m_pTemplate->m_pOnlyDoc->SetModifiedFlag(FALSE);
     if (theApp.m_pMainWnd != NULL) theApp.m_pMainWnd->DestroyWindow();
-    Pump();
+    PumpAsApp();
   }
   CNoteView* View() { return (CNoteView*)m_pFrame->GetActiveView(); }
   CSingleDocTemplate* m_pTemplate = NULL;

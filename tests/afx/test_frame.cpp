@@ -12,22 +12,9 @@
 
 namespace {
 
-// Dispatches what is queued, pre-translating as the application's loop does.
-void Pump() {
-  MSG msg;
-  while (::PeekMessage(&msg, NULL, 0, 0, PM_REMOVE)) {
-    if (msg.message == WM_QUIT) continue;
-    if (!CWnd::WalkPreTranslateTree(NULL, &msg)) {
-      ::TranslateMessage(&msg);
-      ::DispatchMessage(&msg);
-    }
-  }
-}
-
 int g_nFramesDeleted = 0;
 
 class CTestFrame : public CFrameWnd {
-  DECLARE_DYNCREATE(CTestFrame)
 public:
   int m_nRefresh = 0;
   BOOL m_bNewEnabled = TRUE;
@@ -39,7 +26,6 @@ public:
   afx_msg void OnNew() {}
   DECLARE_MESSAGE_MAP()
 };
-IMPLEMENT_DYNCREATE(CTestFrame, CFrameWnd)
 BEGIN_MESSAGE_MAP(CTestFrame, CFrameWnd)
 ON_COMMAND(ID_REFRESH, &CTestFrame::OnRefresh)
 ON_COMMAND(ID_FILE_NEW, &CTestFrame::OnNew)
@@ -71,7 +57,7 @@ class FrameTest : public ::testing::Test {
 protected:
   void TearDown() override {
     if (::IsWindow(m_hWndFrame)) ::DestroyWindow(m_hWndFrame);
-    Pump();
+    PumpAsApp();
   }
   CTestFrame* Load(DWORD dwStyle = WS_OVERLAPPEDWINDOW, CCreateContext* pContext = NULL) {
     CTestFrame* pFrame = new CTestFrame; // deleted with its window
@@ -116,7 +102,7 @@ TEST_F(FrameTest, AcceleratorKeyRunsItsCommandThroughThePump) {
   ASSERT_NE(nullptr, pFrame);
   pFrame->PostMessage(WM_KEYDOWN, VK_F5, 0x003F0001);
   pFrame->PostMessage(WM_KEYDOWN, VK_F6, 0x00400001); // in no table
-  Pump();
+  PumpAsApp();
   EXPECT_EQ(1, pFrame->m_nRefresh);
 }
 
@@ -153,7 +139,7 @@ TEST_F(FrameTest, StatusBarShowsPromptsMessagesAndTheIdleMessage) {
   const UINT panes[] = {ID_SEPARATOR};
   ASSERT_TRUE(statusBar.SetIndicators(panes, 1));
   EXPECT_EQ(&statusBar, pFrame->GetMessageBar());
-  Pump(); // the message the frame posted as it was created
+  PumpAsApp(); // the message the frame posted as it was created
   EXPECT_STREQ("Ready", WindowText(&statusBar));
 
   pFrame->SetMessageText(ID_REFRESH); // the prompt: the string up to "\n"

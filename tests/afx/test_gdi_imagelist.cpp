@@ -1,4 +1,4 @@
-// CImageList: images added from bitmaps with a mask colour, drawn onto a
+// CImageList: images cut from a bitmap with a mask colour, drawn onto a
 // memory DC pixel by pixel, and the handle map of image lists.
 #include <gtest/gtest.h>
 
@@ -51,26 +51,6 @@ TEST_F(ImageListTest, AddCutsTheStripAndMasksTheColour) {
   EXPECT_EQ(0, canvas.Count(kRed));
   EXPECT_FALSE(m_list.Draw(NULL, 0, CPoint(0, 0), ILD_NORMAL));
   EXPECT_FALSE(m_list.Draw(&canvas.DC(), 5, CPoint(0, 0), ILD_NORMAL)); // no such image
-}
-
-TEST_F(ImageListTest, RemoveReplaceAndCopyKeepTheOrder) {
-  m_list.Add(&m_strip, kMagenta);
-  EXPECT_TRUE(m_list.Remove(0));
-  ASSERT_EQ(1, m_list.GetImageCount());
-  Canvas canvas(4, 4);
-  m_list.Draw(&canvas.DC(), 0, CPoint(0, 0), ILD_NORMAL);
-  EXPECT_EQ(15, canvas.Count(kGreen)); // the green image moved to the front
-
-  CImageList copy;
-  ASSERT_TRUE(copy.Create(&m_list));
-  EXPECT_EQ(1, copy.GetImageCount());
-  EXPECT_NE(copy.m_hImageList, m_list.m_hImageList);
-
-  HICON hIcon = m_list.ExtractIcon(0);
-  ASSERT_TRUE(hIcon != NULL);
-  EXPECT_EQ(1, m_list.Add(hIcon));
-  ::DestroyIcon(hIcon);
-  EXPECT_EQ(2, m_list.GetImageCount());
 }
 
 TEST_F(ImageListTest, HandleMapAndOwnership) {

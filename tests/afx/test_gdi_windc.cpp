@@ -1,5 +1,5 @@
-// The window DCs: CClientDC and CWindowDC cover the client area and the
-// whole window; CPaintDC paints the update region and validates it.
+// The window DCs: CClientDC covers the client area and is the window's;
+// CPaintDC paints the update region and validates it.
 #include <gtest/gtest.h>
 
 #include <afxwin.h>
@@ -58,24 +58,6 @@ TEST_F(WindowDCTest, ClientDCCoversTheClientArea) {
   CRect box;
   dc.GetClipBox(&box);
   EXPECT_TRUE(box == client);
-}
-
-TEST_F(WindowDCTest, WindowDCCoversTheWholeWindow) {
-  CRect window, client;
-  ::GetWindowRect(m_hWnd, &window);
-  ::GetClientRect(m_hWnd, &client);
-  CWindowDC dc(Wnd());
-  ASSERT_TRUE(dc.m_hDC != NULL);
-  CRect box;
-  dc.GetClipBox(&box);
-  EXPECT_EQ(window.Size(), box.Size());
-  EXPECT_GT(box.Height(), client.Height()); // the caption is included
-}
-
-TEST_F(WindowDCTest, ScreenDCForNoWindow) {
-  CClientDC dc(NULL);
-  ASSERT_TRUE(dc.m_hDC != NULL);
-  EXPECT_EQ(::GetSystemMetrics(SM_CXSCREEN), dc.GetDeviceCaps(HORZRES));
 }
 
 TEST_F(WindowDCTest, PaintDCPaintsTheUpdateRegionAndValidatesIt) {

@@ -1,6 +1,5 @@
 // CList and the non-template lists: order, positions, insertion and removal,
-// searching, node reuse, and the exceptions empty lists and NULL positions
-// raise.
+// searching, and the exceptions empty lists and NULL positions raise.
 #include <afxtempl.h>
 #include <gtest/gtest.h>
 
@@ -106,24 +105,6 @@ TEST(List, AddingWholeListsIncludingItself) {
   EXPECT_EQ("89898989", s);
 }
 
-TEST(List, NodesComeFromBlocksAndAreReused) {
-  CPtrList l(4);
-  POSITION p0 = l.AddTail((void*)0);
-  POSITION p1 = l.AddTail((void*)1);
-  // a node is next, previous and data: consecutive nodes of a block, lowest first
-  EXPECT_EQ(3 * sizeof(void*), (size_t)((BYTE*)p1 - (BYTE*)p0));
-  l.RemoveAt(p0);
-  EXPECT_EQ(p0, l.AddHead((void*)2)); // the freed node is taken first
-  for (int i = 0; i < 10; i++)
-    l.AddTail((void*)(INT_PTR)i);
-  EXPECT_EQ(12, l.GetCount());
-
-  CPtrList zero(0); // a block size of 0 still works, a node at a time
-  for (int i = 0; i < 3; i++)
-    zero.AddHead((void*)&zero);
-  EXPECT_EQ(3, zero.GetCount());
-}
-
 TEST(List, ElementsAreConstructedAndDestroyed) {
   Counted::Reset();
   {
@@ -157,28 +138,4 @@ TEST(List, EmptyListsAndNullPositionsThrow) {
   EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { t.RemoveTail(); }));
   EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { t.AddHead((CList<int, int>*)NULL); }));
   EXPECT_TRUE(l.IsEmpty());
-}
-
-class CShape : public CObject {
-public:
-  explicit CShape(int n = 0) : m_n(n) {}
-  int m_n;
-};
-
-TEST(TypedPtrList, TypedAccess) {
-  CShape a(1), b(2);
-  CTypedPtrList<CObList, CShape*> l;
-  l.AddTail(&a);
-  l.AddHead(&b);
-  EXPECT_EQ(2, l.GetHead()->m_n);
-  POSITION pos = l.GetHeadPosition();
-  l.GetNext(pos);
-  CShape* second = l.GetAt(pos);
-  EXPECT_EQ(1, second->m_n);
-  CTypedPtrList<CObList, CShape*> other;
-  other.AddTail(&l);
-  EXPECT_EQ(&a, other.RemoveTail());
-  EXPECT_EQ(&b, other.RemoveHead());
-  EXPECT_TRUE(CObList().IsSerializable());
-  EXPECT_FALSE(CPtrList().IsSerializable());
 }

@@ -1,6 +1,5 @@
 // CMap and the non-template maps: lookup and insertion, MFC's hashes and the
-// iteration order they give, removal, the hash table's size, pairs, and
-// typed pointer maps.
+// iteration order they give, removal, the hash table's size and pairs.
 #include <afxtempl.h>
 #include <gtest/gtest.h>
 
@@ -182,39 +181,4 @@ TEST(Map, BadPositionsAndKeysThrow) {
   EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { s.Lookup(NULL, o); }));
   EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { s.SetAt(NULL, NULL); }));
   EXPECT_TRUE(s.IsEmpty());
-}
-
-class CShape : public CObject {
-public:
-  explicit CShape(int n = 0) : m_n(n) {}
-  int m_n;
-};
-
-TEST(TypedPtrMap, TypedAccess) {
-  CShape a(1), b(2);
-  CTypedPtrMap<CMapStringToOb, CString, CShape*> m;
-  m.SetAt("a", &a);
-  m["b"] = &b;
-  CShape* found = NULL;
-  ASSERT_TRUE(m.Lookup("b", found));
-  EXPECT_EQ(2, found->m_n);
-  int sum = 0;
-  for (POSITION pos = m.GetStartPosition(); pos != NULL;) {
-    CString key;
-    CShape* shape;
-    m.GetNextAssoc(pos, key, shape);
-    sum += shape->m_n;
-  }
-  EXPECT_EQ(3, sum);
-  EXPECT_TRUE(m.RemoveKey("a"));
-
-  CTypedPtrMap<CMapWordToOb, WORD, CShape*> w(4);
-  w[7] = &a;
-  EXPECT_EQ(&a, w[7]);
-  CTypedPtrMap<CMapPtrToPtr, CShape*, CShape*> p;
-  p[&a] = &b;
-  ASSERT_TRUE(p.Lookup(&a, found));
-  EXPECT_EQ(&b, found);
-  EXPECT_TRUE(CMapWordToOb().IsSerializable());
-  EXPECT_FALSE(CMapStringToPtr().IsSerializable());
 }

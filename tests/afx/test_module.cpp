@@ -154,18 +154,6 @@ TEST_F(ResourceChain, NewestLibraryFirstSystemLibrariesLast) {
   AfxFreeLibrary(hExt);
 }
 
-TEST_F(ResourceChain, AfxItselfIsSearchedLast) {
-  HMODULE hAfx = GetModuleHandleA("afx.dll");
-  ASSERT_NE(hAfx, (HMODULE)NULL);
-  EXPECT_EQ(LoadText(AFX_IDP_COMMAND_FAILURE), "Command failed.");
-  EXPECT_EQ(AfxFindStringResourceHandle(AFX_IDP_COMMAND_FAILURE), hAfx);
-  // An extension module may replace afx's texts.
-  HINSTANCE hExt = AfxLoadLibrary(kExtDll);
-  EXPECT_EQ(LoadText(AFX_IDP_COMMAND_FAILURE), "The fixture's own command failure text.");
-  AfxFreeLibrary(hExt);
-  EXPECT_EQ(LoadText(AFX_IDP_COMMAND_FAILURE), "Command failed.");
-}
-
 TEST_F(ResourceChain, MissingResourceAnswersTheResourceHandle) {
   EXPECT_EQ(AfxFindResourceHandle(MAKEINTRESOURCE(IDR_FIXTURE_DATA), RT_RCDATA),
             AfxGetResourceHandle());
@@ -236,14 +224,6 @@ TEST(WinApp, RegistersItselfAndTheNames) {
   EXPECT_EQ(AfxGetAppName(), nullptr);
 }
 
-TEST(WinApp, NamelessAppTakesTheExeName) {
-  CWinApp app;
-  char cmdLine[] = "";
-  AfxWinInit(GetModuleHandleA(NULL), NULL, cmdLine, SW_SHOW);
-  EXPECT_STREQ(app.m_pszAppName, "afx_module");
-  EXPECT_STREQ(AfxGetAppName(), "afx_module");
-}
-
 TEST(WinApp, SetRegistryKeyMovesTheSettings) {
   CWinApp app("VrkModuleTest");
   char cmdLine[] = "";
@@ -267,17 +247,6 @@ protected:
 };
 } // namespace
 
-TEST_F(RegistryProfile, KeysAreUnderSoftwareKeyProfileSection) {
-  HKEY hKey = m_app.GetAppRegistryKey();
-  ASSERT_NE(hKey, (HKEY)NULL);
-  RegCloseKey(hKey);
-  EXPECT_TRUE(ScratchRegistry::KeyExists(kAppKey));
-  hKey = m_app.GetSectionKey("Window");
-  ASSERT_NE(hKey, (HKEY)NULL);
-  RegCloseKey(hKey);
-  EXPECT_TRUE(ScratchRegistry::KeyExists(kAppKey + "\\Window"));
-}
-
 TEST_F(RegistryProfile, IntegersAreDwords) {
   EXPECT_EQ(m_app.GetProfileInt("Window", "Left", 33), 33u);
   EXPECT_TRUE(m_app.WriteProfileInt("Window", "Left", -5));
@@ -290,25 +259,6 @@ TEST_F(RegistryProfile, IntegersAreDwords) {
   EXPECT_EQ(m_app.GetProfileInt("Window", "Top", 7), 7u);
   EXPECT_EQ(m_app.GetProfileInt(NULL, "Top", 8), 8u);
   EXPECT_FALSE(m_app.WriteProfileInt("Window", NULL, 1));
-}
-
-TEST_F(RegistryProfile, StringsWriteReadAndDelete) {
-  EXPECT_STREQ(m_app.GetProfileString("Files", "Last", "none"), "none");
-  EXPECT_EQ(m_app.GetProfileString("Files", "Last").GetLength(), 0);
-  EXPECT_TRUE(m_app.WriteProfileString("Files", "Last", "C:\\data\\a.vrk"));
-  std::string stored;
-  ASSERT_TRUE(ScratchRegistry::ReadString(kAppKey + "\\Files", "Last", &stored));
-  EXPECT_EQ(stored, "C:\\data\\a.vrk");
-  EXPECT_STREQ(m_app.GetProfileString("Files", "Last", "none"), "C:\\data\\a.vrk");
-  EXPECT_TRUE(m_app.WriteProfileString("Files", "Empty", ""));
-  EXPECT_STREQ(m_app.GetProfileString("Files", "Empty", "def"), "");
-
-  // A NULL value deletes the entry; a NULL entry deletes the section.
-  EXPECT_TRUE(m_app.WriteProfileString("Files", "Last", NULL));
-  EXPECT_FALSE(ScratchRegistry::ValueExists(kAppKey + "\\Files", "Last"));
-  EXPECT_FALSE(m_app.WriteProfileString("Files", "Last", NULL)); // already gone
-  EXPECT_TRUE(m_app.WriteProfileString("Files", NULL, NULL));
-  EXPECT_FALSE(ScratchRegistry::KeyExists(kAppKey + "\\Files"));
 }
 
 TEST_F(RegistryProfile, LongStringAndStoredWithoutTerminator) {
@@ -376,18 +326,6 @@ TEST_F(IniProfile, IntegersAndStringsGoToTheFile) {
   EXPECT_FALSE(ScratchRegistry::KeyExists(kAppKey + "\\Window"));
 }
 
-TEST_F(IniProfile, NullValueDeletesEntryNullEntryDeletesSection) {
-  m_app.WriteProfileString("A", "One", "1");
-  m_app.WriteProfileString("A", "Two", "2");
-  m_app.WriteProfileString("B", "Three", "3");
-  EXPECT_TRUE(m_app.WriteProfileString("A", "One", NULL));
-  EXPECT_EQ(Ini().find("One="), std::string::npos);
-  EXPECT_STREQ(m_app.GetProfileString("A", "Two"), "2");
-  EXPECT_TRUE(m_app.WriteProfileString("A", NULL, NULL));
-  EXPECT_EQ(Ini().find("[A]"), std::string::npos);
-  EXPECT_STREQ(m_app.GetProfileString("B", "Three"), "3");
-}
-
 TEST_F(IniProfile, BinaryIsWrittenAsLettersLowNibbleFirst) {
   const BYTE data[] = {0x12, 0xAB, 0x00, 0xFF};
   EXPECT_TRUE(m_app.WriteProfileBinary("Bin", "Blob", (LPBYTE)data, sizeof(data)));
@@ -415,21 +353,6 @@ TEST_F(IniProfile, LongValuesAreReadWhole) {
   std::string longText(6000, 'z');
   EXPECT_TRUE(m_app.WriteProfileString("S", "Long", longText.c_str()));
   EXPECT_EQ(std::string(m_app.GetProfileString("S", "Long")), longText);
-}
-
-TEST(WinAppProfile, DefaultIniLivesInTheWindowsFolder) {
-  CWinApp app("VrkModuleTest");
-  char cmdLine[] = "";
-  AfxWinInit(GetModuleHandleA(NULL), NULL, cmdLine, SW_SHOW);
-  char windows[MAX_PATH];
-  GetWindowsDirectoryA(windows, MAX_PATH);
-  std::string ini = std::string(windows) + "\\afx_module.INI";
-  DeleteFileA(ini.c_str());
-  EXPECT_TRUE(app.WriteProfileInt("Test", "Value", 1234));
-  WritePrivateProfileStringA(NULL, NULL, NULL, app.m_pszProfileName); // flush the cache
-  EXPECT_NE(TempDir::ReadBytes(ini).find("Value=1234"), std::string::npos);
-  EXPECT_EQ(GetPrivateProfileIntA("Test", "Value", 0, ini.c_str()), 1234u);
-  DeleteFileA(ini.c_str());
 }
 
 TEST(WinAppProfile, NoProfileNameFailsCleanly) {

@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "msgbox_catcher.h"
-#include "temp_dir.h"
 
 namespace {
 
@@ -62,28 +61,22 @@ protected:
   CCommandWnd m_wnd;
 };
 
+// A command its update handler disables is refused; OnCmdMsg with a handler
+// info reports the handler without calling it.
 TEST_F(CommandTest, CommandsAndRangesReachTheirHandlers) {
   Command(ID_ONE);
   Command(ID_RANGE_FIRST);
   Command(ID_RANGE_LAST);
   Command(ID_RANGE_LAST + 1); // outside the range: no handler
   Command(ID_UNHANDLED);
-  std::vector<std::string> expected = {"One", "Range 0", "Range 9"};
-  EXPECT_EQ(expected, m_wnd.log);
-}
-
-TEST_F(CommandTest, ACommandItsUpdateHandlerDisablesIsRefused) {
   Command(ID_DISABLED);
-  EXPECT_TRUE(m_wnd.log.empty());
-}
-
-TEST_F(CommandTest, OnCmdMsgReportsHandlersWithoutCallingThem) {
   AFX_CMDHANDLERINFO info = {NULL, NULL};
   EXPECT_TRUE(m_wnd.OnCmdMsg(ID_ONE, CN_COMMAND, NULL, &info));
   EXPECT_EQ(&m_wnd, info.pTarget);
   EXPECT_TRUE(info.pmf != NULL);
   EXPECT_FALSE(m_wnd.OnCmdMsg(ID_UNHANDLED, CN_COMMAND, NULL, &info));
-  EXPECT_TRUE(m_wnd.log.empty());
+  std::vector<std::string> expected = {"One", "Range 0", "Range 9"};
+  EXPECT_EQ(expected, m_wnd.log);
 }
 
 TEST_F(CommandTest, ExceptionInACommandHandlerIsReported) {
@@ -281,113 +274,6 @@ TEST(Menu, HandleMapAndOwnership) {
   EXPECT_FALSE(::IsMenu(hMenu)); // the owner destroyed it
   CMenu* pNull = NULL;
   EXPECT_EQ(NULL, pNull->GetSafeHmenu());
-}
-
-TEST(Menu, SubMenusStringsAndItemInfo) {
-  CMenu bar, popup;
-  ASSERT_TRUE(bar.CreateMenu());
-  ASSERT_TRUE(popup.CreatePopupMenu());
-  popup.AppendMenu(MF_STRING, 7, "&Seven");
-  popup.AppendMenu(MF_SEPARATOR);
-  popup.AppendMenu(MF_STRING | MF_GRAYED, 8, "Eight");
-  bar.AppendMenu(MF_POPUP, (UINT_PTR)popup.Detach(), "&File");
-  CMenu* pSub = bar.GetSubMenu(0);
-  ASSERT_TRUE(pSub != NULL);
-  EXPECT_EQ(3u, pSub->GetMenuItemCount());
-  EXPECT_EQ(7u, pSub->GetMenuItemID(0));
-  EXPECT_EQ(0u, pSub->GetMenuItemID(1));
-  CString str;
-  EXPECT_EQ(6, pSub->GetMenuString(7, str, MF_BYCOMMAND));
-  EXPECT_STREQ("&Seven", str);
-  EXPECT_EQ(0, pSub->GetMenuString(99, str, MF_BYCOMMAND));
-  EXPECT_TRUE(str.IsEmpty());
-  MENUITEMINFO mii = {sizeof(mii)};
-  mii.fMask = MIIM_STATE;
-  ASSERT_TRUE(pSub->GetMenuItemInfo(8, &mii));
-  EXPECT_NE(0u, mii.fState & MFS_GRAYED);
-  EXPECT_FALSE(bar.LoadMenu(12345)); // already has a menu
-  CMenu missing;
-  EXPECT_FALSE(missing.LoadMenu(12345)); // no such resource
-}
-
-// A copy of the resource-only fixture module with a menu and an
-// accelerator table added, so that they are found through the resource chain.
-const WORD IDR_TEST = 600;
-
-class MenuModule {
-public:
-  MenuModule() {
-    char szExe[MAX_PATH];
-    ::GetModuleFileName(NULL, szExe, MAX_PATH);
-    std::string strDir(szExe);
-    strDir.resize(strDir.find_last_of('\\') + 1);
-    std::string strPath = m_dir.File("menus.dll");
-    if (!::CopyFile((strDir + "vrk_fixture_res.dll").c_str(), strPath.c_str(), FALSE)) return;
-    // "&Edit" popup with "&One" (ID_ONE) and "&Disabled" (ID_DISABLED).
-    std::vector<WORD> menu = {0, 0, MF_POPUP | MF_END};
-    AddText(menu, "&Edit");
-    menu.push_back(0);
-    menu.push_back((WORD)ID_ONE);
-    AddText(menu, "&One");
-    menu.push_back(MF_END);
-    menu.push_back((WORD)ID_DISABLED);
-    AddText(menu, "&Disabled");
-    // F5 gives ID_ONE, F6 ID_DISABLED (entries: flags, key, id, padding).
-    std::vector<WORD> accel = {FVIRTKEY,        VK_F5, (WORD)ID_ONE,      0,
-                               FVIRTKEY | 0x80, VK_F6, (WORD)ID_DISABLED, 0};
-    HANDLE hUpdate = ::BeginUpdateResource(strPath.c_str(), FALSE);
-    if (hUpdate == NULL) return;
-    WORD wLang = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
-    ::UpdateResource(hUpdate, RT_MENU, MAKEINTRESOURCE(IDR_TEST), wLang, menu.data(),
-                     (DWORD)(menu.size() * 2));
-    ::UpdateResource(hUpdate, RT_ACCELERATOR, MAKEINTRESOURCE(IDR_TEST), wLang, accel.data(),
-                     (DWORD)(accel.size() * 2));
-    if (!::EndUpdateResource(hUpdate, FALSE)) return;
-    m_hModule = ::LoadLibraryEx(strPath.c_str(), NULL, LOAD_LIBRARY_AS_DATAFILE);
-  }
-  ~MenuModule() {
-    if (m_hModule != NULL) ::FreeLibrary(m_hModule);
-  }
-  HMODULE Handle() const { return m_hModule; }
-
-private:
-  static void AddText(std::vector<WORD>& words, LPCSTR lpsz) {
-    for (; *lpsz != '\0'; lpsz++)
-      words.push_back((BYTE)*lpsz);
-    words.push_back(0);
-  }
-  TempDir m_dir;
-  HMODULE m_hModule = NULL;
-};
-
-TEST_F(CommandTest, MenuAndAcceleratorsFromTheResourceChain) {
-  MenuModule module;
-  ASSERT_TRUE(module.Handle() != NULL);
-  HINSTANCE hOld = AfxGetResourceHandle();
-  AfxSetResourceHandle(module.Handle());
-  CMenu menu;
-  EXPECT_TRUE(menu.LoadMenu(IDR_TEST));
-  HACCEL hAccel = AfxLoadAccelerators(MAKEINTRESOURCE(IDR_TEST));
-  AfxSetResourceHandle(hOld);
-  ASSERT_TRUE(menu.m_hMenu != NULL);
-  CMenu* pPopup = menu.GetSubMenu(0);
-  ASSERT_TRUE(pPopup != NULL);
-  EXPECT_EQ(ID_ONE, pPopup->GetMenuItemID(0));
-  CString str;
-  pPopup->GetMenuString(1, str, MF_BYPOSITION);
-  EXPECT_STREQ("&Disabled", str);
-
-  // The keys become commands; the disabled one is refused by its update handler.
-  ASSERT_TRUE(hAccel != NULL);
-  MSG msg = {m_wnd.m_hWnd, WM_KEYDOWN, VK_F5, 0};
-  EXPECT_TRUE(::TranslateAccelerator(m_wnd.m_hWnd, hAccel, &msg));
-  msg.wParam = VK_F6;
-  EXPECT_TRUE(::TranslateAccelerator(m_wnd.m_hWnd, hAccel, &msg));
-  msg.wParam = VK_F7;
-  EXPECT_FALSE(::TranslateAccelerator(m_wnd.m_hWnd, hAccel, &msg));
-  EXPECT_EQ(std::vector<std::string>{"One"}, m_wnd.log);
-  ::DestroyAcceleratorTable(hAccel);
-  EXPECT_EQ(NULL, AfxLoadAccelerators(MAKEINTRESOURCE(IDR_TEST + 1)));
 }
 
 } // namespace

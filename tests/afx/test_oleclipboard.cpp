@@ -6,8 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include "ole_testing.h"
+
 #include <string>
-#include <thread>
 #include <vector>
 
 namespace {
@@ -17,21 +18,6 @@ const char kBlob[] = "\x01\x02\x00\x03 blob";
 const size_t kBlobSize = sizeof(kBlob) - 1;
 
 CLIPFORMAT BlobFormat() { return (CLIPFORMAT)RegisterClipboardFormatA("VRK afx ole clip test"); }
-
-HGLOBAL MakeBlock(const void* p, size_t n) {
-  HGLOBAL h = GlobalAlloc(GMEM_MOVEABLE, n);
-  memcpy(GlobalLock(h), p, n);
-  GlobalUnlock(h);
-  return h;
-}
-
-std::string BlockBytes(HGLOBAL h) {
-  if (h == NULL) return "<null>";
-  const char* p = (const char*)GlobalLock(h);
-  std::string s(p, GlobalSize(h));
-  GlobalUnlock(h);
-  return s;
-}
 
 // Another process may hold the clipboard for a moment.
 bool OpenClipboardRetry() {
@@ -64,8 +50,8 @@ private:
 
 CFlagSource* MakeSource(bool* pDeleted, const char* pszText = kText) {
   CFlagSource* pSource = new CFlagSource(pDeleted);
-  pSource->CacheGlobalData(CF_TEXT, MakeBlock(pszText, strlen(pszText) + 1));
-  pSource->CacheGlobalData(BlobFormat(), MakeBlock(kBlob, kBlobSize));
+  pSource->CacheGlobalData(CF_TEXT, MakeBlock(std::string(pszText, strlen(pszText) + 1)));
+  pSource->CacheGlobalData(BlobFormat(), MakeBlock(std::string(kBlob, kBlobSize)));
   return pSource;
 }
 
@@ -86,7 +72,7 @@ int RunChild(const char* pszJob) {
   if (!AfxOleInit()) return 3;
   COleDataSource* pSource = new COleDataSource;
   const char* pszText = bTerm ? "left by AfxOleTerm" : "left at thread end";
-  pSource->CacheGlobalData(CF_TEXT, MakeBlock(pszText, strlen(pszText) + 1));
+  pSource->CacheGlobalData(CF_TEXT, MakeBlock(std::string(pszText, strlen(pszText) + 1)));
   pSource->SetClipboard();
   if (bTerm) AfxOleTerm();
   return 0;
@@ -100,8 +86,22 @@ struct ChildMode {
   }
 } g_childMode;
 
+// Waits for h while this thread keeps serving messages, as the clipboard
+// asks the data's owner to render and tells an earlier owner it lost the
+// clipboard; false after a minute.
+bool WaitServing(HANDLE h) {
+  const DWORD dwStart = GetTickCount();
+  while (MsgWaitForMultipleObjects(1, &h, FALSE, 1000, QS_ALLINPUT) != WAIT_OBJECT_0) {
+    MSG msg;
+    while (PeekMessageA(&msg, NULL, 0, 0, PM_REMOVE))
+      DispatchMessageA(&msg);
+    if (GetTickCount() - dwStart > 60000) return false;
+  }
+  return true;
+}
+
 // Runs this executable as a child doing pszJob while this thread keeps
-// serving messages (the clipboard asks the owner to render); its exit code.
+// serving messages; its exit code.
 DWORD RunChildAndPump(const char* pszJob) {
   char szExe[MAX_PATH];
   GetModuleFileNameA(NULL, szExe, MAX_PATH);
@@ -113,16 +113,7 @@ DWORD RunChildAndPump(const char* pszJob) {
   const BOOL bStarted = CreateProcessA(szExe, &cmd[0], NULL, NULL, FALSE, 0, NULL, NULL, &si, &pi);
   SetEnvironmentVariableA("VRK_OLE_CHILD", NULL);
   if (!bStarted) return 0xDEAD;
-  const DWORD dwStart = GetTickCount();
-  while (MsgWaitForMultipleObjects(1, &pi.hProcess, FALSE, 1000, QS_ALLINPUT) != WAIT_OBJECT_0) {
-    MSG msg;
-    while (PeekMessageA(&msg, NULL, 0, 0, PM_REMOVE))
-      DispatchMessageA(&msg);
-    if (GetTickCount() - dwStart > 60000) {
-      TerminateProcess(pi.hProcess, 0xBAD);
-      break;
-    }
-  }
+  if (!WaitServing(pi.hProcess)) TerminateProcess(pi.hProcess, 0xBAD);
   DWORD dwCode = 0xBAD;
   GetExitCodeProcess(pi.hProcess, &dwCode);
   CloseHandle(pi.hThread);
@@ -236,7 +227,9 @@ TEST_F(OleClipboardTest, EmptyingTheClipboardReleasesTheSource) {
   EXPECT_TRUE(bDeleted);
   EXPECT_EQ((COleDataSource*)NULL, COleDataSource::GetClipboardOwner());
   COleDataObject data;
-  if (data.AttachClipboard()) EXPECT_FALSE(data.IsDataAvailable(BlobFormat()));
+  if (data.AttachClipboard()) {
+    EXPECT_FALSE(data.IsDataAvailable(BlobFormat()));
+  }
 }
 
 TEST_F(OleClipboardTest, FlushingRendersEverythingAndLetsTheSourceGo) {
@@ -272,13 +265,20 @@ TEST_F(OleClipboardTest, DataOutlivesTheProcessThatPutIt) {
   EXPECT_EQ("left at thread end", Win32ClipboardBytes(CF_TEXT, true));
 }
 
+DWORD WINAPI PutFromWorker(LPVOID pDeleted) {
+  if (AfxOleInit()) MakeSource((bool*)pDeleted, "from a worker")->SetClipboard();
+  return 0;
+}
+
 TEST_F(OleClipboardTest, AWorkerThreadsDataStaysWhenItEnds) {
   bool bDeleted = false;
-  std::thread worker([&bDeleted] {
-    if (!AfxOleInit()) return;
-    MakeSource(&bDeleted, "from a worker")->SetClipboard();
-  }); // no AfxOleTerm: the thread's end takes OLE down
-  worker.join();
+  // The worker's clipboard calls as it ends may send to this thread's
+  // windows (the clipboard's earlier owner): served while waiting.
+  // No AfxOleTerm: the thread's end takes OLE down.
+  HANDLE hWorker = ::CreateThread(NULL, 0, &PutFromWorker, &bDeleted, 0, NULL);
+  ASSERT_TRUE(hWorker != NULL);
+  EXPECT_TRUE(WaitServing(hWorker));
+  CloseHandle(hWorker);
   EXPECT_TRUE(bDeleted);
   EXPECT_EQ("from a worker", Win32ClipboardBytes(CF_TEXT, true));
 }

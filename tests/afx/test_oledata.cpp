@@ -5,8 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include "ole_testing.h"
+
 #include <string>
-#include <thread>
 #include <vector>
 
 namespace {
@@ -15,21 +16,6 @@ struct OleEnv : ::testing::Environment {
   void SetUp() override { ASSERT_TRUE(AfxOleInit()); }
 };
 ::testing::Environment* const g_oleEnv = ::testing::AddGlobalTestEnvironment(new OleEnv);
-
-HGLOBAL MakeBlock(const std::string& bytes) {
-  HGLOBAL h = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
-  memcpy(GlobalLock(h), bytes.data(), bytes.size());
-  GlobalUnlock(h);
-  return h;
-}
-
-std::string BlockBytes(HGLOBAL h) {
-  if (h == NULL) return "<null>";
-  const char* p = (const char*)GlobalLock(h);
-  std::string s(p, GlobalSize(h));
-  GlobalUnlock(h);
-  return s;
-}
 
 CLIPFORMAT TestFormat() { return (CLIPFORMAT)RegisterClipboardFormatA("VRK afx ole data test"); }
 
@@ -128,24 +114,6 @@ TEST(OleDataCache, GetGlobalDataHandsOutCopiesTheCallerOwns) {
   HGLOBAL h3 = data.GetGlobalData(TestFormat());
   EXPECT_EQ("one block", BlockBytes(h3));
   GlobalFree(h3);
-}
-
-TEST(OleDataCache, MissingFormatsAndAspects) {
-  COleDataSource source;
-  source.CacheGlobalData(CF_TEXT, MakeBlock(std::string("t", 2)));
-  COleDataObject data;
-  data.Attach((LPDATAOBJECT)source.GetInterface(&IID_IDataObject), FALSE);
-  EXPECT_TRUE(data.IsDataAvailable(CF_TEXT));
-  EXPECT_FALSE(data.IsDataAvailable(CF_BITMAP));
-  EXPECT_EQ((HGLOBAL)NULL, data.GetGlobalData(CF_BITMAP));
-
-  FORMATETC icon = {CF_TEXT, NULL, DVASPECT_ICON, -1, TYMED_HGLOBAL};
-  EXPECT_FALSE(data.IsDataAvailable(CF_TEXT, &icon));
-  FORMATETC streamOnly = {CF_TEXT, NULL, DVASPECT_CONTENT, -1, TYMED_ISTREAM};
-  EXPECT_FALSE(data.IsDataAvailable(CF_TEXT, &streamOnly));
-  STGMEDIUM medium;
-  EXPECT_FALSE(data.GetData(CF_TEXT, &medium, &streamOnly));
-  EXPECT_EQ((DWORD)TYMED_NULL, medium.tymed);
 }
 
 TEST(OleDataCache, ABitmapIsOfferedAsAGdiHandle) {
@@ -329,15 +297,6 @@ TEST(OleDataDelayed, FileRenderingAsABlockOrAStream) {
   ReleaseStgMedium(&medium);
 }
 
-TEST(OleDataDelayed, RenderingThatFailsGivesNothing) {
-  CTestSource source;
-  source.DelayRenderData(CF_OEMTEXT); // OnRenderGlobalData refuses it
-  COleDataObject data;
-  data.Attach((LPDATAOBJECT)source.GetInterface(&IID_IDataObject), FALSE);
-  EXPECT_TRUE(data.IsDataAvailable(CF_OEMTEXT));
-  EXPECT_EQ((HGLOBAL)NULL, data.GetGlobalData(CF_OEMTEXT));
-}
-
 TEST(OleDataDelayed, SetDataOnlyForAnnouncedFormats) {
   CTestSource source;
   source.DelaySetData(CF_TEXT);
@@ -394,17 +353,6 @@ TEST(OleDataRefs, AnEnumeratorOutlivesChangesToTheCache) {
   EXPECT_EQ(S_OK, pClone->Next(1, fmts, NULL));
   pClone->Release();
   pEnum->Release();
-}
-
-TEST(OleDataRefs, InitFailsOnAMultithreadedApartment) {
-  BOOL bInit = TRUE;
-  std::thread worker([&bInit] {
-    CoInitializeEx(NULL, COINIT_MULTITHREADED);
-    bInit = AfxOleInit();
-    CoUninitialize();
-  });
-  worker.join();
-  EXPECT_FALSE(bInit);
 }
 
 TEST(OleDataRefs, AnEmptyDataObjectHasNothing) {

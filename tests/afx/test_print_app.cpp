@@ -1,7 +1,7 @@
 // The application's printer and the print job's record: CPrintInfo's
-// defaults and ownership of its dialog's DC; CWinApp's DEVMODE and DEVNAMES
-// blocks looked up, lent, handed to print dialogs and remembered from them,
-// replaced and freed, followed when they name the system's default printer.
+// ownership of its dialog's DC; CWinApp's DEVMODE and DEVNAMES blocks looked
+// up, lent, handed to print dialogs and remembered from them, replaced and
+// freed, followed when they name the system's default printer.
 #include <afxdlgs.h>
 #include <afxprint_.h>
 #include <gtest/gtest.h>
@@ -23,26 +23,6 @@ int DevModeCopies(HGLOBAL hDevMode) {
 }
 
 // ---- CPrintInfo ------------------------------------------------------------------
-
-TEST(PrintInfo, Defaults) {
-  CPrintInfo info;
-  ASSERT_TRUE(info.m_pPD != NULL);
-  // The whole of a document of unknown length, from page 1.
-  EXPECT_EQ(1u, info.GetMinPage());
-  EXPECT_EQ(0xFFFFu, info.GetMaxPage());
-  EXPECT_EQ(1u, info.GetFromPage());
-  EXPECT_EQ(0xFFFFu, info.GetToPage());
-  EXPECT_EQ(1u, info.m_nCurPage);
-  EXPECT_TRUE(info.m_bContinuePrinting);
-  EXPECT_FALSE(info.m_bDirect || info.m_bPreview || info.m_bDocObject);
-  EXPECT_TRUE(info.m_rectDraw.IsRectNull());
-  // Its dialog offers page numbers and print to file, never the selection.
-  DWORD dwFlags = info.m_pPD->m_pd.Flags;
-  EXPECT_EQ(0u, dwFlags & (PD_NOPAGENUMS | PD_HIDEPRINTTOFILE));
-  EXPECT_EQ((DWORD)(PD_NOSELECTION | PD_RETURNDC), dwFlags & (PD_NOSELECTION | PD_RETURNDC));
-  info.SetMaxPage(9);
-  EXPECT_EQ(9, info.m_pPD->m_pd.nMaxPage);
-}
 
 TEST(PrintInfo, DestructorDeletesTheJobsDC) {
   HDC hDC;

@@ -140,35 +140,28 @@ TEST(WndCreate, PostNcDestroyMayDeleteTheObject) {
   EXPECT_EQ(NULL, CWnd::FromHandlePermanent(hWnd));
 }
 
+// Refuses its creation by returning -1, or by throwing.
 class CRefuseCreate : public CWnd {
 public:
-  afx_msg int OnCreate(LPCREATESTRUCT) { return -1; }
+  bool bThrow = false;
+  afx_msg int OnCreate(LPCREATESTRUCT) {
+    if (bThrow) AfxThrowResourceException();
+    return -1;
+  }
   DECLARE_MESSAGE_MAP()
 };
 BEGIN_MESSAGE_MAP(CRefuseCreate, CWnd)
 ON_WM_CREATE()
 END_MESSAGE_MAP()
 
-TEST(WndCreate, OnCreateReturningMinusOneFailsCreation) {
-  CRefuseCreate wnd;
-  EXPECT_FALSE(wnd.CreateEx(0, NULL, "x", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
-  EXPECT_EQ(NULL, wnd.m_hWnd);
-}
-
-class CThrowOnCreate : public CWnd {
-public:
-  afx_msg int OnCreate(LPCREATESTRUCT) { AfxThrowResourceException(); }
-  DECLARE_MESSAGE_MAP()
-};
-BEGIN_MESSAGE_MAP(CThrowOnCreate, CWnd)
-ON_WM_CREATE()
-END_MESSAGE_MAP()
-
-TEST(WndCreate, ExceptionInOnCreateFailsTheCreation) {
+TEST(WndCreate, OnCreateReturningMinusOneOrThrowingFailsCreation) {
   MsgBoxCatcher catcher;
-  CThrowOnCreate wnd;
-  EXPECT_FALSE(wnd.CreateEx(0, NULL, "x", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
-  EXPECT_EQ(NULL, wnd.m_hWnd);
+  for (bool bThrow : {false, true}) {
+    CRefuseCreate wnd;
+    wnd.bThrow = bThrow;
+    EXPECT_FALSE(wnd.CreateEx(0, NULL, "x", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
+    EXPECT_EQ(NULL, wnd.m_hWnd);
+  }
   EXPECT_EQ(0u, catcher.Count()); // a failed creation is not reported
 }
 
@@ -198,28 +191,6 @@ TEST(WndCreate, PreCreateWindowAdjustsOrRefusesTheCreation) {
   EXPECT_FALSE(refused.CreateEx(0, NULL, "x", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
   EXPECT_EQ(1, refused.nPostNcDestroy); // as MFC: the object may clean itself up
   EXPECT_EQ(NULL, refused.m_hWnd);
-}
-
-TEST(WndClass, RegisterWndClassNamesByStyleAndReusesTheClass) {
-  HCURSOR hCursor = ::LoadCursor(NULL, IDC_ARROW);
-  CString strName = AfxRegisterWndClass(CS_DBLCLKS, hCursor);
-  CString strExpected;
-  strExpected.Format("Afx:%08X:8:%08X:00000000:00000000", (UINT)(UINT_PTR)::GetModuleHandle(NULL),
-                     (UINT)(UINT_PTR)hCursor);
-  EXPECT_STREQ(strExpected, strName);
-  EXPECT_STREQ(strName, AfxRegisterWndClass(CS_DBLCLKS, hCursor)); // registered once
-  CString strBare = AfxRegisterWndClass(CS_HREDRAW);
-  strExpected.Format("Afx:%08X:2", (UINT)(UINT_PTR)::GetModuleHandle(NULL));
-  EXPECT_STREQ(strExpected, strBare);
-  WNDCLASS wc;
-  ASSERT_TRUE(::GetClassInfo(::GetModuleHandle(NULL), strName, &wc));
-  EXPECT_EQ((UINT)CS_DBLCLKS, wc.style);
-  EXPECT_EQ(hCursor, wc.hCursor);
-
-  CWnd wnd;
-  ASSERT_TRUE(wnd.CreateEx(0, strName, "y", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
-  EXPECT_EQ((DWORD)CS_DBLCLKS, (DWORD)::GetClassLong(wnd.m_hWnd, GCL_STYLE));
-  wnd.DestroyWindow();
 }
 
 // ---- Handle maps ---------------------------------------------------------------
@@ -327,17 +298,6 @@ TEST(WndDispatch, ParametersAreUnpackedAsSigned) {
   wnd.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON | MK_SHIFT, MAKELPARAM(-5, -7));
   std::vector<std::string> expected = {"L2.Size 2 640 480", "L2.LButtonDown 5 -5 -7"};
   EXPECT_EQ(expected, wnd.log);
-  wnd.DestroyWindow();
-}
-
-TEST(WndDispatch, UnhandledMessagesGoToTheDefaultProcedure) {
-  CLevel3 wnd;
-  ASSERT_TRUE(wnd.CreateEx(0, NULL, "before", WS_POPUP, 0, 0, 100, 80, NULL, NULL));
-  wnd.SetWindowText("after"); // WM_SETTEXT is not mapped: DefWindowProc stores it
-  CString str;
-  wnd.GetWindowText(str);
-  EXPECT_STREQ("after", str);
-  EXPECT_EQ(0, wnd.SendMessage(WM_APP + 99, 1, 2));
   wnd.DestroyWindow();
 }
 
@@ -450,41 +410,6 @@ TEST(WndSubclass, SubclassingANonWindowFails) {
 }
 
 // ---- Relatives and wrappers -------------------------------------------------------
-
-TEST(WndRelatives, ParentOwnerTopLevelAndDescendants) {
-  CWnd top, child, grandChild;
-  ASSERT_TRUE(top.CreateEx(0, NULL, "top", WS_POPUP, 0, 0, 200, 200, NULL, NULL));
-  ASSERT_TRUE(child.Create(NULL, "child", WS_VISIBLE, CRect(10, 10, 110, 110), &top, 5));
-  ASSERT_TRUE(grandChild.Create(NULL, "gc", WS_VISIBLE, CRect(1, 2, 21, 32), &child, 7));
-  EXPECT_EQ(&top, child.GetParent());
-  EXPECT_EQ(&child, grandChild.GetParent());
-  EXPECT_EQ(&top, grandChild.GetTopLevelParent());
-  EXPECT_EQ(&top, top.GetTopLevelParent());
-  EXPECT_EQ(&child, grandChild.GetOwner());
-  grandChild.SetOwner(&top);
-  EXPECT_EQ(&top, grandChild.GetOwner());
-  EXPECT_EQ(&grandChild, top.GetDescendantWindow(7));
-  EXPECT_EQ(NULL, top.GetDescendantWindow(8));
-  EXPECT_EQ(NULL, grandChild.GetParentFrame());
-  EXPECT_EQ(5, child.GetDlgCtrlID());
-
-  // Rectangles and co-ordinates.
-  CRect rc;
-  grandChild.GetClientRect(&rc);
-  EXPECT_EQ(CRect(0, 0, 20, 30), rc);
-  CRect rcScreen = rc;
-  grandChild.ClientToScreen(&rcScreen);
-  CRect rcInTop = rcScreen;
-  top.ScreenToClient(&rcInTop);
-  EXPECT_EQ(CRect(11, 12, 31, 42), rcInTop);
-
-  EXPECT_TRUE(child.ModifyStyle(0, WS_DISABLED));
-  EXPECT_FALSE(child.IsWindowEnabled());
-  EXPECT_FALSE(child.ModifyStyle(0, WS_DISABLED)); // no change
-  top.DestroyWindow();
-  EXPECT_EQ(NULL, child.m_hWnd);
-  EXPECT_EQ(NULL, grandChild.m_hWnd);
-}
 
 class CCounter : public CWnd {
 public:

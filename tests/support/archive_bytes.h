@@ -5,6 +5,8 @@
 
 #include <afx.h>
 
+#include <stdio.h>
+
 #include <string>
 
 // The bytes a storing archive wrote, as one string.
@@ -19,6 +21,17 @@ template <class Fn> std::string ArchiveBytes(Fn write) {
   file.SeekToBegin();
   if (!bytes.empty()) file.Read(&bytes[0], (UINT)bytes.size());
   return bytes;
+}
+
+// "01 FF" for the bytes 1 and 255: failed comparisons show every byte.
+inline std::string Hex(const std::string& bytes) {
+  std::string s;
+  char part[4];
+  for (unsigned char c : bytes) {
+    snprintf(part, sizeof(part), s.empty() ? "%02X" : " %02X", c);
+    s += part;
+  }
+  return s;
 }
 
 // Runs read on a loading archive over the bytes.

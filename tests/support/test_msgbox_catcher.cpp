@@ -37,14 +37,6 @@ TEST(MsgBoxCatcher, QueuedAnswersThenDefault) {
   EXPECT_EQ(catcher.Boxes()[2].buttons, (std::vector<int>{IDOK, IDCANCEL}));
 }
 
-TEST(MsgBoxCatcher, RecordsTheIcon) {
-  MsgBoxCatcher catcher;
-  MessageBoxA(NULL, "stop", "c", MB_OK | MB_ICONHAND);
-  EXPECT_EQ(catcher.Last().icon, LoadIcon(NULL, IDI_HAND));
-  MessageBoxA(NULL, "ask", "c", MB_OK | MB_ICONQUESTION);
-  EXPECT_EQ(catcher.Last().icon, LoadIcon(NULL, IDI_QUESTION));
-}
-
 TEST(MsgBoxCatcher, InnermostCatcherAnswersAndOuterResumes) {
   MsgBoxCatcher outer(IDYES);
   {
@@ -55,13 +47,6 @@ TEST(MsgBoxCatcher, InnermostCatcherAnswersAndOuterResumes) {
   EXPECT_EQ(outer.Count(), 0u);
   EXPECT_EQ(MessageBoxA(NULL, "outer", "c", MB_YESNO), IDYES);
   EXPECT_EQ(outer.Count(), 1u);
-}
-
-TEST(MsgBoxCatcher, LastOfNothingIsEmpty) {
-  MsgBoxCatcher catcher;
-  EXPECT_EQ(catcher.Count(), 0u);
-  EXPECT_EQ(catcher.Last().caption, "");
-  EXPECT_TRUE(catcher.Last().buttons.empty());
 }
 
 // ---- AfxMessageBox ----------------------------------------------------------

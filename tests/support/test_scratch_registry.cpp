@@ -8,27 +8,6 @@ namespace {
 const std::string kBase = "Software\\Tamrix\\VrkScratchTest";
 }
 
-TEST(ScratchRegistry, HelpersWriteAndReadTypedValues) {
-  ScratchRegistry scratch;
-  EXPECT_TRUE(ScratchRegistry::WriteString(kBase, "Text", "hello"));
-  EXPECT_TRUE(ScratchRegistry::WriteDword(kBase, "Number", 0xDEADBEEF));
-  EXPECT_TRUE(ScratchRegistry::WriteBinary(kBase + "\\Sub", "Blob", {1, 2, 3}));
-  std::string text;
-  DWORD number = 0;
-  std::vector<BYTE> blob;
-  EXPECT_TRUE(ScratchRegistry::ReadString(kBase, "Text", &text));
-  EXPECT_EQ(text, "hello");
-  EXPECT_TRUE(ScratchRegistry::ReadDword(kBase, "Number", &number));
-  EXPECT_EQ(number, 0xDEADBEEFu);
-  EXPECT_TRUE(ScratchRegistry::ReadBinary(kBase + "\\Sub", "Blob", &blob));
-  EXPECT_EQ(blob, (std::vector<BYTE>{1, 2, 3}));
-  EXPECT_EQ(ScratchRegistry::ValueType(kBase, "Number"), (DWORD)REG_DWORD);
-  EXPECT_EQ(ScratchRegistry::ValueType(kBase, "Nothing"), (DWORD)REG_NONE);
-  // Reading with the wrong type fails.
-  EXPECT_FALSE(ScratchRegistry::ReadDword(kBase, "Text", &number));
-  EXPECT_FALSE(ScratchRegistry::ReadString(kBase, "Number", &text));
-}
-
 TEST(ScratchRegistry, RemovesAddedKeysAndValues) {
   {
     ScratchRegistry scratch;

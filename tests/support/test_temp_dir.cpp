@@ -23,18 +23,6 @@ TEST(TempDir, MakesDistinctFoldersAndRemovesThem) {
   EXPECT_FALSE(Exists(second));
 }
 
-TEST(TempDir, WritesAndReadsBytesExactly) {
-  TempDir dir;
-  std::string bytes("a\0b\r\n\xff", 6);
-  ASSERT_TRUE(TempDir::WriteBytes(dir.File("data.bin"), bytes));
-  EXPECT_EQ(TempDir::ReadBytes(dir.File("data.bin")), bytes);
-  std::string big(200000, 'q'); // larger than one read
-  ASSERT_TRUE(TempDir::WriteBytes(dir.File("big.bin"), big));
-  EXPECT_EQ(TempDir::ReadBytes(dir.File("big.bin")), big);
-  EXPECT_EQ(TempDir::ReadBytes(dir.File("missing.bin")), "");
-  EXPECT_FALSE(TempDir::WriteBytes(dir.File("no\\such\\folder.bin"), "x"));
-}
-
 TEST(TempDir, RemovesNestedReadOnlyContents) {
   std::string path;
   {

@@ -83,6 +83,9 @@ BOOL CFile::Open(LPCTSTR lpszFileName, UINT nOpenFlags, CFileException* pExcepti
     }
     return FALSE;
   }
+  // As MFC: the full path is the file's from here on, so that an error
+  // report about a failed open (GetFilePath, GetStatus) can name the file.
+  m_strFileName = szFull;
 
   DWORD dwAccess = 0;
   switch (nOpenFlags & 3) {
@@ -145,7 +148,6 @@ BOOL CFile::Open(LPCTSTR lpszFileName, UINT nOpenFlags, CFileException* pExcepti
   }
   m_hFile = hFile;
   m_bCloseOnDelete = TRUE;
-  m_strFileName = szFull;
   return TRUE;
 }
 

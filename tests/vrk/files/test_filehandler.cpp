@@ -104,8 +104,8 @@ TEST(FileHandlerOpen, BadNamesFailSilentlyMissingFilesWithABox) {
             handler.OpenExistingFile(dir.File("missing.bin").c_str(), pFile, CFile::modeRead, 0));
   EXPECT_EQ(NULL, pFile);
   ASSERT_EQ(1u, catcher.Count());
-  // The failed CFile has no name to add.
-  EXPECT_EQ(kOpenText, catcher.Last().text);
+  // The failed CFile still knows the full name it was asked to open.
+  EXPECT_EQ(std::string(kOpenText) + ": " + FullName(dir.File("missing.bin")), catcher.Last().text);
 }
 
 // Positions are limited to 2 GB; a move is sign-extended, and one before

@@ -8,19 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "../../afx/print_testing.h" // SpoolFile
 #include "temp_dir.h"
-
-// Where Wine's spooler writes the test printer's jobs, as a Windows path.
-inline std::string SpoolFile() {
-  char sz[MAX_PATH] = "";
-  DWORD cb = sizeof(sz);
-  ::RegGetValueA(HKEY_CURRENT_USER, "Software\\Wine\\Printing\\Spooler", "LPT1:", RRF_RT_REG_SZ,
-                 NULL, sz, &cb);
-  std::string path = std::string("Z:") + sz; // Wine's Z: is the Unix root
-  for (char& ch : path)
-    if (ch == '/') ch = '\\';
-  return sz[0] != 0 ? path : "";
-}
 
 struct TextRun {
   int x, y;
