@@ -59,6 +59,7 @@ protected:                                                                      
   const AFX_MSGMAP* theClass::GetMessageMap() const { return GetThisMessageMap(); }                \
   const AFX_MSGMAP* PASCAL theClass::GetThisMessageMap() {                                         \
     typedef theClass ThisClass;                                                                    \
+    (void)sizeof(ThisClass); /* a map of explicit entries names it nowhere else */                 \
     typedef baseClass TheBaseClass;                                                                \
     static const AFX_MSGMAP_ENTRY _messageEntries[] = {
 
