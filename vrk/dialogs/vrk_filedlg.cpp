@@ -22,13 +22,19 @@ INT_PTR VFileDialog::DoModal() {
   CWinApp* pApp = AfxGetApp();
   BOOL bProfile = pApp != NULL && m_pRequest != NULL && m_pRequest->pszProfileSection != NULL &&
                   m_pRequest->pszProfileEntry != NULL;
+  CString strFolder;
   if (bProfile) {
-    CString strFolder =
+    strFolder =
         pApp->GetProfileString(m_pRequest->pszProfileSection, m_pRequest->pszProfileEntry, "");
-    // A folder that is gone leaves the current directory as it is.
-    if (!strFolder.IsEmpty()) ::SetCurrentDirectoryA(strFolder);
+    // A folder that is gone leaves the current directory as it is. Decided
+    // here: the folder is offered as the initial one too (unless the host
+    // set its own), as newer systems open at their own last-visited folder
+    // rather than the current directory.
+    if (!strFolder.IsEmpty() && ::SetCurrentDirectoryA(strFolder) && m_ofn.lpstrInitialDir == NULL)
+      m_ofn.lpstrInitialDir = strFolder;
   }
   INT_PTR nResult = CFileDialog::DoModal();
+  if (m_ofn.lpstrInitialDir == (const char*)strFolder) m_ofn.lpstrInitialDir = NULL;
   if (nResult == IDOK && bProfile) {
     CString strPath = GetPathName();
     int nSlash = strPath.ReverseFind('\\');

@@ -7,131 +7,71 @@
 #include "resource.h"
 #include "vrk_dialogs.h"
 
-namespace {
-
-struct Shown {
-  std::string caption, prompt, text;
-  UINT limit = 0;
-  DWORD style = 0;
-  char password = 0;
-  bool editFocused = false;
-};
-
-// Runs the box: reads it, types the text, then presses the button.
-BOOL RunBox(VInputDialog& dlg, VINPUTDLG& request, const std::string& typed, int nButton,
-            Shown* pShown) {
-  DialogDriver driver;
-  driver.Then(DialogDriver::WhenShown([=](HWND hDlg) {
-    HWND hEdit = ::GetDlgItem(hDlg, IDC_VRK_INPUT_EDIT);
-    pShown->caption = DialogDriver::Text(hDlg);
-    pShown->prompt = DialogDriver::Text(hDlg, IDC_VRK_INPUT_PROMPT);
-    pShown->editFocused = ::GetFocus() == hEdit;
-    pShown->limit = (UINT)::SendMessageA(hEdit, EM_GETLIMITTEXT, 0, 0);
-    pShown->style = (DWORD)::GetWindowLongA(hEdit, GWL_STYLE);
-    pShown->password = (char)::SendMessageA(hEdit, EM_GETPASSWORDCHAR, 0, 0);
-    DialogDriver::Type(typed); // replaces the selected initial text
-    pShown->text = DialogDriver::Text(hEdit);
-    DialogDriver::Click(hDlg, nButton);
-  }));
-  return dlg.DoModal(request);
-}
-
 TEST(InputDialog, RequestFieldsAndTypedText) {
+  const DWORD kPrompt = VIDF_PROMPT, kCaption = VIDF_CAPTION, kText = VIDF_TEXT;
+  const DWORD kStyle = VIDF_STYLE, kWhole = WS_CHILD | WS_VISIBLE | ES_UPPERCASE;
   struct Case {
     VINPUTDLG request;
     const char* typed;
     int button;
-    // expected
-    const char* caption;
-    const char* prompt;
-    const char* shownText; // after typing
+    const char *caption, *prompt, *shown; // shown: the edit after typing
     UINT limit;
+    DWORD style; // bits the edit has
     BOOL result;
     const char* input;
   } cases[] = {
-      {{VIDF_PROMPT | VIDF_CAPTION | VIDF_TEXT, "New &name:", "Rename", "old", 0, 8, 0},
-       "report",
-       IDOK,
-       "Rename",
-       "New &name:",
-       "report",
-       8,
-       TRUE,
-       "report"},
+      // clang-format off
+      {{kPrompt | kCaption | kText, "New &name:", "Rename", "old", 0, 8}, "report", IDOK,
+       "Rename", "New &name:", "report", 8, WS_TABSTOP, TRUE, "report"},
       // A limit without a prompt: the template's prompt, the limit applied.
-      {{VIDF_PROMPT, NULL, NULL, NULL, 0, 3, 0},
-       "12345",
-       IDOK,
-       "Input",
-       "&Enter the text:",
-       "123",
-       3,
-       TRUE,
-       "123"},
-      // Cancel leaves the input as it was.
-      {{VIDF_TEXT, NULL, NULL, "keep", 0, 0, 0},
-       "x",
-       IDCANCEL,
-       "Input",
-       "&Enter the text:",
-       "x",
-       0x7FFFFFFE,
-       FALSE,
-       "keep"},
-      {{VIDF_PROMPT, "Big", NULL, NULL, 0, 100000, 0},
-       "ok",
-       IDOK,
-       "Input",
-       "Big",
-       "ok",
-       100000,
-       TRUE,
-       "ok"},
+      {{kPrompt, NULL, NULL, NULL, 0, 3}, "12345", IDOK,
+       "Input", "&Enter the text:", "123", 3, WS_TABSTOP, TRUE, "123"},
+      // The initial text is selected: typing replaces it. Cancel keeps it.
+      {{kText, NULL, NULL, "keep"}, "x", IDCANCEL,
+       "Input", "&Enter the text:", "x", 0x7FFFFFFE, WS_TABSTOP, FALSE, "keep"},
+      {{kPrompt, "Big", NULL, NULL, 0, 100000}, "ok", IDOK,
+       "Input", "Big", "ok", 100000, WS_TABSTOP, TRUE, "ok"},
+      {{kStyle, NULL, NULL, NULL, ES_PASSWORD}, "pin", IDOK,
+       "Input", "&Enter the text:", "pin", 0x7FFFFFFE, ES_PASSWORD | WS_TABSTOP, TRUE, "pin"},
+      // With WS_CHILD the style given is the whole style.
+      {{kStyle, NULL, NULL, NULL, kWhole}, "ab", IDOK,
+       "Input", "&Enter the text:", "AB", 0x7FFFFFFE, ES_UPPERCASE, TRUE, "AB"},
+      // clang-format on
   };
   for (Case& c : cases) {
     SCOPED_TRACE(c.typed);
+    DialogDriver driver;
+    driver.Then(DialogDriver::WhenShown([&](HWND hDlg) {
+      HWND hEdit = ::GetDlgItem(hDlg, IDC_VRK_INPUT_EDIT);
+      EXPECT_EQ(c.caption, DialogDriver::Text(hDlg));
+      EXPECT_EQ(c.prompt, DialogDriver::Text(hDlg, IDC_VRK_INPUT_PROMPT));
+      EXPECT_EQ(hEdit, ::GetFocus());
+      EXPECT_EQ(c.limit, (UINT)::SendMessageA(hEdit, EM_GETLIMITTEXT, 0, 0));
+      EXPECT_EQ(c.style,
+                ::GetWindowLongA(hEdit, GWL_STYLE) & (WS_TABSTOP | ES_PASSWORD | ES_UPPERCASE));
+      DialogDriver::Type(c.typed);
+      EXPECT_EQ(c.shown, DialogDriver::Text(hEdit));
+      if (c.style & ES_PASSWORD) {
+        EXPECT_EQ('*', (char)::SendMessageA(hEdit, EM_GETPASSWORDCHAR, 0, 0));
+      }
+      DialogDriver::Click(hDlg, c.button);
+    }));
     VInputDialog dlg;
-    Shown s;
-    EXPECT_EQ(c.result, RunBox(dlg, c.request, c.typed, c.button, &s));
-    EXPECT_EQ(c.caption, s.caption);
-    EXPECT_EQ(c.prompt, s.prompt);
-    EXPECT_TRUE(s.editFocused);
-    EXPECT_EQ(c.shownText, s.text);
-    EXPECT_EQ(c.limit, s.limit);
+    EXPECT_EQ(c.result, dlg.DoModal(c.request));
     CString strInput;
     dlg.GetInput(strInput);
     EXPECT_STREQ(c.input, strInput);
   }
-}
-
-TEST(InputDialog, ArgumentFormAndEditStyles) {
+  // The argument form: a prompt and a limit make a request of both.
   DialogDriver driver;
-  Shown s;
-  driver.Then(DialogDriver::WhenShown([&s](HWND hDlg) {
-    HWND hEdit = ::GetDlgItem(hDlg, IDC_VRK_INPUT_EDIT);
-    s.style = (DWORD)::GetWindowLongA(hEdit, GWL_STYLE);
-    s.password = (char)::SendMessageA(hEdit, EM_GETPASSWORDCHAR, 0, 0);
-    DialogDriver::Type("s3cret");
+  driver.Then(DialogDriver::WhenShown([](HWND hDlg) {
+    EXPECT_EQ("Log in", DialogDriver::Text(hDlg));
+    DialogDriver::Type("abc");
     DialogDriver::Key(VK_RETURN);
   }));
   VInputDialog dlg;
-  EXPECT_TRUE(dlg.DoModal("PIN:", "Log in", NULL, ES_PASSWORD));
-  EXPECT_TRUE(s.style & ES_PASSWORD);
-  EXPECT_TRUE(s.style & WS_TABSTOP); // added to the template's style
-  EXPECT_EQ('*', s.password);
+  EXPECT_TRUE(dlg.DoModal("PIN:", "Log in", NULL, 0, 2));
   CString strInput;
   dlg.GetInput(strInput);
-  EXPECT_STREQ("s3cret", strInput);
-
-  // With WS_CHILD the given style is the whole style.
-  driver.Then(DialogDriver::WhenShown([&s](HWND hDlg) {
-    s.style = (DWORD)::GetWindowLongA(::GetDlgItem(hDlg, IDC_VRK_INPUT_EDIT), GWL_STYLE);
-    DialogDriver::Click(hDlg, IDCANCEL);
-  }));
-  VInputDialog whole;
-  EXPECT_FALSE(whole.DoModal("Text:", NULL, NULL, WS_CHILD | WS_VISIBLE | ES_UPPERCASE));
-  EXPECT_TRUE(s.style & ES_UPPERCASE);
-  EXPECT_FALSE(s.style & WS_TABSTOP);
+  EXPECT_STREQ("ab", strInput);
 }
-
-} // namespace

@@ -1,8 +1,10 @@
 // The zoom dialog: percentages typed into its edit and radio buttons clicked
-// as a user would, with the checked button, the edit's text, the OK button's
-// state and what the caller gets back.
+// as a user would; the checked button, the edit's text, the OK button's state
+// and what the caller gets back.
 #include <afxwin.h>
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 #include "dlg_driver.h"
 #include "resource.h"
@@ -23,102 +25,64 @@ int CheckedRadio(HWND hDlg) {
   return 0;
 }
 
-struct Shown {
-  int initialRadio = 0, radio = 0;
-  std::string text;
-  bool okEnabled = false;
-  HWND buddy = NULL, edit = NULL;
-  int lower = 0, upper = 0;
-};
-
 TEST(ZoomDialog, TypedAndClickedPercentages) {
-  enum { TYPE, CLICK };
+  const int k200 = IDC_VRK_ZOOM_200, k100 = IDC_VRK_ZOOM_100, k75 = IDC_VRK_ZOOM_75,
+            k50 = IDC_VRK_ZOOM_50, k25 = IDC_VRK_ZOOM_25, kWidth = IDC_VRK_ZOOM_PAGEWIDTH,
+            kWhole = IDC_VRK_ZOOM_WHOLEPAGE, kCustom = IDC_VRK_ZOOM_CUSTOM;
   struct Case {
-    UINT percent;      // set before the dialog runs
-    int how;           // type the text, or click the radio button
-    const char* typed; // TYPE
-    int button;        // CLICK
-    int initialRadio;  // checked when shown
+    UINT min, max, percent; // set before the dialog runs
+    BOOL fitWidth, fitWhole;
+    int initial;       // the radio checked when shown
+    const char* typed; // typed into the edit, or NULL to click:
+    int click;         //   this radio button
     int radio;         // checked after the input
     const char* shown; // the edit's text after the input
-    bool okEnabled;
-    UINT result; // GetZoomPercent after OK
-    BOOL pageWidth;
+    bool ok;           // OK enabled
+    UINT result;       // GetZoomPercent after OK
+    BOOL pageWidth;    // IsZoomPageWidth after OK
   } cases[] = {
-      {100, TYPE, "150", 0, IDC_VRK_ZOOM_100, IDC_VRK_ZOOM_CUSTOM, "150", true, 150, FALSE},
-      {100, TYPE, "600", 0, IDC_VRK_ZOOM_100, IDC_VRK_ZOOM_CUSTOM, "500", true, 500, FALSE},
-      {150, TYPE, "75", 0, IDC_VRK_ZOOM_CUSTOM, IDC_VRK_ZOOM_75, "75", true, 75, FALSE},
-      {50, TYPE, "7", 0, IDC_VRK_ZOOM_50, IDC_VRK_ZOOM_CUSTOM, "7", false, 7, FALSE},
-      {100, CLICK, NULL, IDC_VRK_ZOOM_25, IDC_VRK_ZOOM_100, IDC_VRK_ZOOM_25, "25", true, 25, FALSE},
-      {200, CLICK, NULL, IDC_VRK_ZOOM_PAGEWIDTH, IDC_VRK_ZOOM_200, IDC_VRK_ZOOM_PAGEWIDTH, "83",
-       true, 83, TRUE},
-      {0, CLICK, NULL, IDC_VRK_ZOOM_CUSTOM, IDC_VRK_ZOOM_CUSTOM, IDC_VRK_ZOOM_CUSTOM, "10", true,
-       10, FALSE}, // raised to the minimum
+      {10, 500, 100, 0, 0, k100, "150", 0, kCustom, "150", true, 150, FALSE},
+      {10, 500, 100, 0, 0, k100, "600", 0, kCustom, "500", true, 500, FALSE}, // the maximum
+      {10, 500, 150, 0, 0, kCustom, "75", 0, k75, "75", true, 75, FALSE},
+      {10, 500, 50, 0, 0, k50, "7", 0, kCustom, "7", false, 0, FALSE}, // below the minimum
+      {10, 500, 100, 0, 0, k100, NULL, k25, k25, "25", true, 25, FALSE},
+      {10, 500, 200, 0, 0, k200, NULL, kWidth, kWidth, "83", true, 83, TRUE},
+      {10, 500, 100, 1, 1, kWidth, NULL, kWhole, kWhole, "41", true, 41, FALSE},  // width wins
+      {10, 500, 0, 0, 0, kCustom, NULL, kCustom, kCustom, "10", true, 10, FALSE}, // raised
+      {600, 50, 100, 0, 0, k100, NULL, k50, k50, "50", true, 50, FALSE},          // limits swapped
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(::testing::Message() << c.percent << " " << (c.typed ? c.typed : "click"));
-    CPageZoom dlg(10, 500);
+    CPageZoom dlg(c.min, c.max);
     dlg.SetZoomPercent(c.percent);
-    Shown s;
+    dlg.SetZoomPageWidth(c.fitWidth);
+    dlg.SetZoomWholePage(c.fitWhole);
     DialogDriver driver;
     driver.Then(DialogDriver::WhenShown([&](HWND hDlg) {
-      s.initialRadio = CheckedRadio(hDlg);
-      if (c.how == TYPE) {
+      EXPECT_EQ(c.initial, CheckedRadio(hDlg));
+      HWND hSpin = ::GetDlgItem(hDlg, IDC_VRK_ZOOM_SPIN);
+      EXPECT_EQ(::GetDlgItem(hDlg, IDC_VRK_ZOOM_PERCENT),
+                (HWND)::SendMessageA(hSpin, UDM_GETBUDDY, 0, 0));
+      int lower = 0, upper = 0;
+      ::SendMessageA(hSpin, UDM_GETRANGE32, (WPARAM)&lower, (LPARAM)&upper);
+      EXPECT_EQ((int)std::min(c.min, c.max), lower);
+      EXPECT_EQ((int)std::max(c.min, c.max), upper);
+      if (c.typed != NULL) {
         DialogDriver::Focus(hDlg, IDC_VRK_ZOOM_PERCENT); // selects the text
         DialogDriver::Type(c.typed);
       } else {
-        DialogDriver::Click(hDlg, c.button);
+        DialogDriver::Click(hDlg, c.click);
       }
-      s.radio = CheckedRadio(hDlg);
-      s.text = DialogDriver::Text(hDlg, IDC_VRK_ZOOM_PERCENT);
-      s.okEnabled = ::IsWindowEnabled(::GetDlgItem(hDlg, IDOK)) != FALSE;
-      DialogDriver::Click(hDlg, s.okEnabled ? IDOK : IDCANCEL);
+      EXPECT_EQ(c.radio, CheckedRadio(hDlg));
+      EXPECT_EQ(c.shown, DialogDriver::Text(hDlg, IDC_VRK_ZOOM_PERCENT));
+      EXPECT_EQ(c.ok, ::IsWindowEnabled(::GetDlgItem(hDlg, IDOK)) != FALSE);
+      DialogDriver::Click(hDlg, c.ok ? IDOK : IDCANCEL);
     }));
-    EXPECT_EQ(c.okEnabled ? IDOK : IDCANCEL, dlg.DoModal());
-    EXPECT_EQ(c.initialRadio, s.initialRadio);
-    EXPECT_EQ(c.radio, s.radio);
-    EXPECT_EQ(c.shown, s.text);
-    EXPECT_EQ(c.okEnabled, s.okEnabled);
-    if (c.okEnabled) {
-      EXPECT_EQ(c.result, dlg.GetZoomPercent());
-      EXPECT_EQ(c.pageWidth, dlg.IsZoomPageWidth());
-      EXPECT_FALSE(dlg.IsZoomWholePage());
-    }
-  }
-}
-
-TEST(ZoomDialog, FitsSpinAndReversedRange) {
-  struct Case {
-    UINT min, max;
-    BOOL pageWidth, wholePage;
-    int radio;
-    int lower, upper;
-  } cases[] = {
-      {5, 500, TRUE, TRUE, IDC_VRK_ZOOM_PAGEWIDTH, 5, 500}, // page width wins
-      {5, 500, FALSE, TRUE, IDC_VRK_ZOOM_WHOLEPAGE, 5, 500},
-      {600, 50, FALSE, FALSE, IDC_VRK_ZOOM_100, 50, 600}, // minimum above maximum
-  };
-  for (const Case& c : cases) {
-    VZoomDialog dlg(c.min, c.max);
-    dlg.SetZoomPercent(100);
-    dlg.SetZoomPageWidth(c.pageWidth);
-    dlg.SetZoomWholePage(c.wholePage);
-    Shown s;
-    DialogDriver driver;
-    driver.Then(DialogDriver::WhenShown([&](HWND hDlg) {
-      s.radio = CheckedRadio(hDlg);
-      HWND hSpin = ::GetDlgItem(hDlg, IDC_VRK_ZOOM_SPIN);
-      s.buddy = (HWND)::SendMessageA(hSpin, UDM_GETBUDDY, 0, 0);
-      s.edit = ::GetDlgItem(hDlg, IDC_VRK_ZOOM_PERCENT);
-      ::SendMessageA(hSpin, UDM_GETRANGE32, (WPARAM)&s.lower, (LPARAM)&s.upper);
-      DialogDriver::Click(hDlg, IDOK);
-    }));
-    EXPECT_EQ(IDOK, dlg.DoModal());
-    EXPECT_EQ(c.radio, s.radio);
-    EXPECT_EQ(s.edit, s.buddy);
-    EXPECT_EQ(c.lower, s.lower);
-    EXPECT_EQ(c.upper, s.upper);
-    EXPECT_EQ(100u, dlg.GetZoomPercent());
+    EXPECT_EQ(c.ok ? IDOK : IDCANCEL, dlg.DoModal());
+    if (!c.ok) continue;
+    EXPECT_EQ(c.result, dlg.GetZoomPercent());
+    EXPECT_EQ(c.pageWidth, dlg.IsZoomPageWidth());
+    EXPECT_EQ(c.radio == kWhole, dlg.IsZoomWholePage() != FALSE);
   }
 }
 
