@@ -90,8 +90,11 @@ TEST_F(TraceDialogTest, ShowsTheKeyAndWritesWhatTheUserChanged) {
 TEST_F(TraceDialogTest, NoKeyNoCategoriesAndBrowse) {
   VVrkTraceDlg dlg; // no key, no table: all but the enabling check is off
   m_driver.Then(DialogDriver::WhenShown([](HWND hDlg) {
-    for (int id = IDC_VRK_TRACE_FILENAME; id <= IDC_VRK_TRACE_CATEGORIES; id++)
-      if (::GetDlgItem(hDlg, id) != NULL) EXPECT_FALSE(Enabled(hDlg, id)) << id;
+    for (int id = IDC_VRK_TRACE_FILENAME; id <= IDC_VRK_TRACE_CATEGORIES; id++) {
+      if (::GetDlgItem(hDlg, id) != NULL) {
+        EXPECT_FALSE(Enabled(hDlg, id)) << id;
+      }
+    }
     EXPECT_EQ(0, ::SendDlgItemMessageA(hDlg, IDC_VRK_TRACE_CATEGORIES, LB_GETCOUNT, 0, 0));
     DialogDriver::Click(hDlg, IDC_VRK_TRACE_ENABLE);
     EXPECT_FALSE(Enabled(hDlg, IDC_VRK_TRACE_CLOCKTIMES)); // timings are off
