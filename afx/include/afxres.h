@@ -66,6 +66,11 @@
 #define ID_VIEW_TOOLBAR 0xE800
 #define ID_VIEW_STATUS_BAR 0xE801
 
+// The id of a dialog's static texts that the program never addresses.
+#ifndef IDC_STATIC
+#define IDC_STATIC (-1)
+#endif
+
 // Status bar indicators.
 #define ID_SEPARATOR 0
 #define ID_INDICATOR_EXT 0xE700

@@ -23,4 +23,38 @@
 // Drawing.
 #define IDC_VRK_STOCK_CURSOR 5035 // stock cursor 1: a crosshair with an open centre
 
+// Dialogs: the message box, the input, zoom and trace settings dialogs.
+#define IDD_VRK_ZOOM 5002         // zoom percentage chooser
+#define IDC_VRK_ZOOM_200 5004     // radio group, tab order 200, 100, 75, 50,
+#define IDC_VRK_ZOOM_100 5005     // page width, whole page, 25, custom
+#define IDC_VRK_ZOOM_75 5006
+#define IDC_VRK_ZOOM_50 5007
+#define IDC_VRK_ZOOM_25 5008
+#define IDC_VRK_ZOOM_PAGEWIDTH 5009
+#define IDC_VRK_ZOOM_WHOLEPAGE 5010
+#define IDC_VRK_ZOOM_CUSTOM 5011
+#define IDC_VRK_ZOOM_PERCENT 5012 // edit, buddy of the spin 5013
+#define IDC_VRK_ZOOM_SPIN 5013
+#define IDD_VRK_TRACE 5015        // trace settings
+#define IDB_VRK_BROWSE 5016       // the browse button's bitmap
+#define IDD_VRK_TRACEHELP 5018    // help on the trace settings
+#define IDC_VRK_TRACE_ENABLE 5019
+#define IDC_VRK_TRACE_FILENAME 5020
+#define IDC_VRK_TRACE_BROWSE 5021
+#define IDC_VRK_TRACE_PREFIX 5023
+#define IDC_VRK_TRACE_WINDOW 5024
+#define IDC_VRK_TRACE_SUFFIX 5025
+#define IDC_VRK_TRACE_DELIMITER 5026
+#define IDC_VRK_TRACE_VERBATIM 5027
+#define IDC_VRK_TRACE_TIMINGS 5028
+#define IDC_VRK_TRACE_CLOCKTIMES 5029
+#define IDC_VRK_TRACE_MAXLENGTH 5030
+#define IDD_VRK_INPUT 5033        // one-line input
+#define IDC_VRK_INPUT_EDIT 5033
+#define IDC_VRK_INPUT_PROMPT 5034
+#define IDC_VRK_TRACE_CATEGORIES 5047
+#define IDD_VRK_MSGBOX 5049       // the library's message box
+#define IDC_VRK_MSGBOX_TEXT 5050
+#define IDC_VRK_MSGBOX_ICON 5051
+
 #endif // VRK_ENU_RESOURCE_H

@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "../../afx/dlg_driver.h"
+#include "dlg_driver.h"
 #include "../../afx/print_testing.h"
 #include "msgbox_catcher.h"
 #include "printed_pages.h"

@@ -1,0 +1,112 @@
+// The file dialog that keeps its folder in the application's profile, over
+// two runs of a host, and the shell's folder browser: each shown by the
+// system and answered through its real controls.
+#include <afxwin.h>
+#include <dlgs.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "dlg_driver.h"
+#include "scratch_registry.h"
+#include "temp_dir.h"
+#include "vrk_dialogs.h"
+
+namespace {
+
+const char kProfileKey[] = "Software\\Tamrix\\VrkDialogsTest\\Files";
+
+// One run of a host whose profile is in the registry: it starts in the
+// folder "start" and shows the dialog (keeping its folder in the profile or
+// not); returns the folder the dialog showed and types the name given
+// (none: Cancel).
+std::string RunHost(const TempDir& dir, const std::string& typed, INT_PTR nExpected,
+                    bool bProfile = true) {
+  CWinApp app("VrkDialogsTest");
+  app.SetRegistryKey("Tamrix");
+  char szCurrent[MAX_PATH];
+  ::GetCurrentDirectoryA(MAX_PATH, szCurrent);
+  ::CreateDirectoryA(dir.File("start").c_str(), NULL);
+  ::SetCurrentDirectoryA(dir.File("start").c_str());
+  tagVFileOpenStruct request = {FALSE,          "txt", NULL,    OFN_HIDEREADONLY,
+                                "Text|*.txt||", NULL,  "Files", "LastDir"};
+  if (!bProfile) request.pszProfileSection = NULL;
+  VFileDialog dlg(&request);
+  std::string shown;
+  DialogDriver driver;
+  driver.Then(DialogDriver::WhenShown([&](HWND hDlg) {
+    char sz[MAX_PATH] = "";
+    ::SendMessageA(hDlg, CDM_GETFOLDERPATH, MAX_PATH, (LPARAM)sz);
+    shown = sz;
+    ::SetDlgItemTextA(hDlg, ::GetDlgItem(hDlg, cmb13) ? cmb13 : edt1, typed.c_str());
+    DialogDriver::Click(hDlg, typed.empty() ? IDCANCEL : IDOK);
+  }));
+  EXPECT_EQ(nExpected, dlg.DoModal());
+  ::SetCurrentDirectoryA(szCurrent);
+  return shown;
+}
+
+std::string Stored() {
+  std::string value = "<none>";
+  ScratchRegistry::ReadString(kProfileKey, "LastDir", &value);
+  return value;
+}
+
+TEST(FileDialog, NextRunOpensInTheLastFolder) {
+  ScratchRegistry registry;
+  TempDir dir;
+  ::CreateDirectoryA(dir.File("reports").c_str(), NULL);
+  ::CreateDirectoryA(dir.File("other").c_str(), NULL);
+  RunHost(dir, dir.File("reports\\june"), IDOK); // opens where the system likes
+  EXPECT_EQ(dir.File("reports"), Stored());
+  // A dialog that keeps no folder: the system's own last-visited folder
+  // becomes "other".
+  RunHost(dir, dir.File("other\\july"), IDOK, false);
+  EXPECT_EQ(dir.File("reports"), Stored());
+  // The next run starts in "start" again, but the dialog opens in "reports".
+  EXPECT_EQ(dir.File("reports"), RunHost(dir, "", IDCANCEL));
+  EXPECT_EQ(dir.File("reports"), Stored()); // a cancel writes nothing
+  // A folder that is gone is not offered; nothing fails.
+  ScratchRegistry::WriteString(kProfileKey, "LastDir", dir.File("gone"));
+  EXPECT_NE(dir.File("gone"), RunHost(dir, "", IDCANCEL));
+  EXPECT_EQ(dir.File("gone"), Stored());
+}
+
+TEST(FolderDialog, OpensAtTheCurrentOrGivenFolder) {
+  TempDir dir;
+  ::CreateDirectoryA(dir.File("sub").c_str(), NULL);
+  char szCurrent[MAX_PATH];
+  ::GetCurrentDirectoryA(MAX_PATH, szCurrent);
+  ::SetCurrentDirectoryA(dir.Path().c_str());
+  struct Case {
+    const char* initial;
+    int nTitle;
+    int button, result;
+    std::string selected, name; // the folder and its display name
+    std::string title;
+  } cases[] = {
+      {NULL, 0, IDOK, 1, dir.Path(), dir.Path().substr(dir.Path().rfind('\\') + 1),
+       "Select a folder"},
+      {"sub", 5004, IDOK, 1, dir.File("sub"), "sub", "The file could not be opened"},
+      {NULL, 0, IDCANCEL, 0, "", "", "Select a folder"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.result);
+    VFolderDialog dlg(NULL, c.nTitle);
+    if (c.initial != NULL) dlg.SetSelectedFolder(dir.File(c.initial).c_str());
+    DialogDriver driver;
+    driver.Then(DialogDriver::WhenShown([&](HWND hDlg) {
+      EXPECT_TRUE(::FindWindowExA(hDlg, NULL, "Static", c.title.c_str()) != NULL);
+      DialogDriver::Click(hDlg, c.button);
+    }));
+    EXPECT_EQ(c.result, dlg.DoModal());
+    EXPECT_EQ(c.selected, dlg.GetSelectedFolder());
+    // The shell's display name ends with the folder's name (Wine gives the
+    // whole path).
+    std::string display = dlg.GetDisplayFolder();
+    EXPECT_EQ(c.name, display.substr(display.size() - std::min(display.size(), c.name.size())));
+  }
+  ::SetCurrentDirectoryA(szCurrent);
+}
+
+} // namespace

@@ -1,0 +1,89 @@
+// The zoom dialog: percentages typed into its edit and radio buttons clicked
+// as a user would; the checked button, the edit's text, the OK button's state
+// and what the caller gets back.
+#include <afxwin.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "dlg_driver.h"
+#include "resource.h"
+#include "vrk_dialogs.h"
+
+namespace {
+
+// The view's fits: page width 83 %, whole page 41 %.
+class CPageZoom : public VZoomDialog {
+public:
+  CPageZoom(UINT nMin, UINT nMax) : VZoomDialog(nMin, nMax) {}
+  virtual UINT CalculateZoom(int nWhich) { return nWhich == 4 ? 83 : nWhich == 5 ? 41 : 0; }
+};
+
+int CheckedRadio(HWND hDlg) {
+  for (int id = IDC_VRK_ZOOM_200; id <= IDC_VRK_ZOOM_CUSTOM; id++)
+    if (::IsDlgButtonChecked(hDlg, id) == BST_CHECKED) return id;
+  return 0;
+}
+
+TEST(ZoomDialog, TypedAndClickedPercentages) {
+  const int k200 = IDC_VRK_ZOOM_200, k100 = IDC_VRK_ZOOM_100, k75 = IDC_VRK_ZOOM_75,
+            k50 = IDC_VRK_ZOOM_50, k25 = IDC_VRK_ZOOM_25, kWidth = IDC_VRK_ZOOM_PAGEWIDTH,
+            kWhole = IDC_VRK_ZOOM_WHOLEPAGE, kCustom = IDC_VRK_ZOOM_CUSTOM;
+  struct Case {
+    UINT min, max, percent; // set before the dialog runs
+    BOOL fitWidth, fitWhole;
+    int initial;       // the radio checked when shown
+    const char* typed; // typed into the edit, or NULL to click:
+    int click;         //   this radio button
+    int radio;         // checked after the input
+    const char* shown; // the edit's text after the input
+    bool ok;           // OK enabled
+    UINT result;       // GetZoomPercent after OK
+    BOOL pageWidth;    // IsZoomPageWidth after OK
+  } cases[] = {
+      {10, 500, 100, 0, 0, k100, "150", 0, kCustom, "150", true, 150, FALSE},
+      {10, 500, 100, 0, 0, k100, "600", 0, kCustom, "500", true, 500, FALSE}, // the maximum
+      {10, 500, 150, 0, 0, kCustom, "75", 0, k75, "75", true, 75, FALSE},
+      {10, 500, 50, 0, 0, k50, "7", 0, kCustom, "7", false, 0, FALSE}, // below the minimum
+      {10, 500, 100, 0, 0, k100, NULL, k25, k25, "25", true, 25, FALSE},
+      {10, 500, 200, 0, 0, k200, NULL, kWidth, kWidth, "83", true, 83, TRUE},
+      {10, 500, 100, 1, 1, kWidth, NULL, kWhole, kWhole, "41", true, 41, FALSE},  // width wins
+      {10, 500, 0, 0, 0, kCustom, NULL, kCustom, kCustom, "10", true, 10, FALSE}, // raised
+      {600, 50, 100, 0, 0, k100, NULL, k50, k50, "50", true, 50, FALSE},          // limits swapped
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(::testing::Message() << c.percent << " " << (c.typed ? c.typed : "click"));
+    CPageZoom dlg(c.min, c.max);
+    dlg.SetZoomPercent(c.percent);
+    dlg.SetZoomPageWidth(c.fitWidth);
+    dlg.SetZoomWholePage(c.fitWhole);
+    DialogDriver driver;
+    driver.Then(DialogDriver::WhenShown([&](HWND hDlg) {
+      EXPECT_EQ(c.initial, CheckedRadio(hDlg));
+      HWND hSpin = ::GetDlgItem(hDlg, IDC_VRK_ZOOM_SPIN);
+      EXPECT_EQ(::GetDlgItem(hDlg, IDC_VRK_ZOOM_PERCENT),
+                (HWND)::SendMessageA(hSpin, UDM_GETBUDDY, 0, 0));
+      int lower = 0, upper = 0;
+      ::SendMessageA(hSpin, UDM_GETRANGE32, (WPARAM)&lower, (LPARAM)&upper);
+      EXPECT_EQ((int)std::min(c.min, c.max), lower);
+      EXPECT_EQ((int)std::max(c.min, c.max), upper);
+      if (c.typed != NULL) {
+        DialogDriver::Focus(hDlg, IDC_VRK_ZOOM_PERCENT); // selects the text
+        DialogDriver::Type(c.typed);
+      } else {
+        DialogDriver::Click(hDlg, c.click);
+      }
+      EXPECT_EQ(c.radio, CheckedRadio(hDlg));
+      EXPECT_EQ(c.shown, DialogDriver::Text(hDlg, IDC_VRK_ZOOM_PERCENT));
+      EXPECT_EQ(c.ok, ::IsWindowEnabled(::GetDlgItem(hDlg, IDOK)) != FALSE);
+      DialogDriver::Click(hDlg, c.ok ? IDOK : IDCANCEL);
+    }));
+    EXPECT_EQ(c.ok ? IDOK : IDCANCEL, dlg.DoModal());
+    if (!c.ok) continue;
+    EXPECT_EQ(c.result, dlg.GetZoomPercent());
+    EXPECT_EQ(c.pageWidth, dlg.IsZoomPageWidth());
+    EXPECT_EQ(c.radio == kWhole, dlg.IsZoomWholePage() != FALSE);
+  }
+}
+
+} // namespace

@@ -1,0 +1,137 @@
+// The trace settings dialog: what it shows from the Profiler key, driven
+// through its check boxes, edits, check list and browse button, and what it
+// writes back.
+#include <afxwin.h>
+#include <dlgs.h>
+#include <gtest/gtest.h>
+
+#include "dlg_driver.h"
+#include "resource.h"
+#include "scratch_registry.h"
+#include "vrk_tracedlg.h"
+
+namespace {
+
+const char kKey[] = "Software\\Tamrix\\PELVrk Profiler";
+
+bool Enabled(HWND hDlg, int nID) { return ::IsWindowEnabled(::GetDlgItem(hDlg, nID)) != FALSE; }
+bool Checked(HWND hDlg, int nID) { return ::IsDlgButtonChecked(hDlg, nID) == BST_CHECKED; }
+int ListCheck(HWND hDlg, int nItem) {
+  return ((CCheckListBox*)CWnd::FromHandle(::GetDlgItem(hDlg, IDC_VRK_TRACE_CATEGORIES)))
+      ->GetCheck(nItem);
+}
+DWORD Dword(const char* pszName) {
+  DWORD dw = 0xDEAD;
+  ScratchRegistry::ReadDword(kKey, pszName, &dw);
+  return dw;
+}
+std::string String(const char* pszName) {
+  std::string s = "<none>";
+  ScratchRegistry::ReadString(kKey, pszName, &s);
+  return s;
+}
+
+class TraceDialogTest : public ::testing::Test {
+protected:
+  void SetUp() override { ScratchRegistry::DeleteTree(kKey); }
+  ScratchRegistry m_registry;
+  DialogDriver m_driver;
+  tagTraceFilter m_filters[3] = {{"Files", 1}, {"Printing", 2}, {"Menus", 4}};
+};
+
+TEST_F(TraceDialogTest, ShowsTheKeyAndWritesWhatTheUserChanged) {
+  ScratchRegistry::WriteDword(kKey, "Flags", 0x43); // enabled, timings, clock times
+  ScratchRegistry::WriteDword(kKey, "MaxLength", 4096);
+  ScratchRegistry::WriteDword(kKey, "Filter", 5);
+  ScratchRegistry::WriteString(kKey, "FileName", "C:\\trace.log");
+  ScratchRegistry::WriteString(kKey, "Prefix", ">");
+  VVrkTraceDlg dlg;
+  dlg.SetTraceFilters(m_filters, 3);
+  m_driver.Then(DialogDriver::WhenShown([](HWND hDlg) {
+    EXPECT_TRUE(Checked(hDlg, IDC_VRK_TRACE_ENABLE) && Checked(hDlg, IDC_VRK_TRACE_TIMINGS) &&
+                Checked(hDlg, IDC_VRK_TRACE_CLOCKTIMES));
+    EXPECT_FALSE(Checked(hDlg, IDC_VRK_TRACE_VERBATIM) || Checked(hDlg, IDC_VRK_TRACE_WINDOW));
+    EXPECT_EQ("4096", DialogDriver::Text(hDlg, IDC_VRK_TRACE_MAXLENGTH));
+    EXPECT_EQ("C:\\trace.log", DialogDriver::Text(hDlg, IDC_VRK_TRACE_FILENAME));
+    EXPECT_EQ("", DialogDriver::Text(hDlg, IDC_VRK_TRACE_DELIMITER)); // no tab here
+    EXPECT_EQ(3, ::SendDlgItemMessageA(hDlg, IDC_VRK_TRACE_CATEGORIES, LB_GETCOUNT, 0, 0));
+    EXPECT_EQ(std::vector<int>({1, 0, 1}),
+              std::vector<int>({ListCheck(hDlg, 0), ListCheck(hDlg, 1), ListCheck(hDlg, 2)}));
+    EXPECT_TRUE(::SendDlgItemMessageA(hDlg, IDC_VRK_TRACE_BROWSE, BM_GETIMAGE, IMAGE_BITMAP, 0));
+    // The trace window takes the file controls out, the timings the clock.
+    DialogDriver::Click(hDlg, IDC_VRK_TRACE_WINDOW);
+    EXPECT_FALSE(Enabled(hDlg, IDC_VRK_TRACE_FILENAME) || Enabled(hDlg, IDC_VRK_TRACE_BROWSE));
+    DialogDriver::Click(hDlg, IDC_VRK_TRACE_TIMINGS);
+    EXPECT_FALSE(Enabled(hDlg, IDC_VRK_TRACE_CLOCKTIMES));
+    DialogDriver::Click(hDlg, IDC_VRK_TRACE_TIMINGS);
+    EXPECT_TRUE(Enabled(hDlg, IDC_VRK_TRACE_CLOCKTIMES));
+    // Typed: a length that is no number and a suffix; the first category
+    // off and the second on with the space bar.
+    DialogDriver::Focus(hDlg, IDC_VRK_TRACE_MAXLENGTH);
+    DialogDriver::Type("lots");
+    DialogDriver::Focus(hDlg, IDC_VRK_TRACE_SUFFIX);
+    DialogDriver::Type("<<");
+    DialogDriver::Focus(hDlg, IDC_VRK_TRACE_CATEGORIES);
+    ::SendDlgItemMessageA(hDlg, IDC_VRK_TRACE_CATEGORIES, LB_SETCURSEL, 0, 0);
+    for (WORD vk : {VK_SPACE, VK_DOWN, VK_SPACE})
+      DialogDriver::Key(vk);
+    DialogDriver::Click(hDlg, IDOK);
+  }));
+  ASSERT_EQ(IDOK, dlg.DoModal());
+  EXPECT_EQ(0x53u, Dword("Flags")); // the trace window added
+  EXPECT_EQ(0u, Dword("MaxLength"));
+  EXPECT_EQ(6u, Dword("Filter"));
+  EXPECT_EQ("C:\\trace.log", String("FileName")); // saved though disabled
+  EXPECT_EQ(">", String("Prefix"));
+  EXPECT_EQ("<<", String("Suffix"));
+  EXPECT_EQ("", String("Delimiter"));
+}
+
+TEST_F(TraceDialogTest, NoKeyNoCategoriesAndBrowse) {
+  VVrkTraceDlg dlg; // no key, no table: all but the enabling check is off
+  m_driver.Then(DialogDriver::WhenShown([](HWND hDlg) {
+    for (int id = IDC_VRK_TRACE_FILENAME; id <= IDC_VRK_TRACE_CATEGORIES; id++) {
+      if (::GetDlgItem(hDlg, id) != NULL) {
+        EXPECT_FALSE(Enabled(hDlg, id)) << id;
+      }
+    }
+    EXPECT_EQ(0, ::SendDlgItemMessageA(hDlg, IDC_VRK_TRACE_CATEGORIES, LB_GETCOUNT, 0, 0));
+    DialogDriver::Click(hDlg, IDC_VRK_TRACE_ENABLE);
+    EXPECT_FALSE(Enabled(hDlg, IDC_VRK_TRACE_CLOCKTIMES)); // timings are off
+    DialogDriver::Click(hDlg, IDC_VRK_TRACE_BROWSE);       // runs the file dialog below
+    EXPECT_EQ("C:\\new\\run.log", DialogDriver::Text(hDlg, IDC_VRK_TRACE_FILENAME));
+    DialogDriver::Click(hDlg, ID_HELP); // and the help below
+    DialogDriver::Click(hDlg, IDOK);
+  }));
+  m_driver.Then([](HWND hFileDlg) {
+    EXPECT_EQ("Select output file", DialogDriver::Text(hFileDlg));
+    ::SetDlgItemTextA(hFileDlg, ::GetDlgItem(hFileDlg, cmb13) ? cmb13 : edt1, "C:\\new\\run.log");
+    DialogDriver::Press(hFileDlg, IDOK); // the file need not exist
+  });
+  m_driver.Then([](HWND hHelp) { DialogDriver::Press(hHelp, IDOK); });
+  ASSERT_EQ(IDOK, dlg.DoModal());
+  EXPECT_EQ("Trace Settings Help", m_driver.Captions().back());
+  EXPECT_EQ(1u, Dword("Flags"));
+  EXPECT_EQ(0u, Dword("Filter"));
+  EXPECT_EQ(0u, Dword("MaxLength")); // an empty length
+  EXPECT_EQ("C:\\new\\run.log", String("FileName"));
+}
+
+TEST_F(TraceDialogTest, WrongTypesReadAsDefaultsAndCancelWritesNothing) {
+  ScratchRegistry::WriteString(kKey, "Flags", "17");
+  ScratchRegistry::WriteDword(kKey, "FileName", 7);
+  ScratchRegistry::WriteBinary(kKey, "Prefix", std::vector<BYTE>(300, 'x')); // no terminator
+  VVrkTraceDlg dlg;
+  dlg.SetTraceFilters(m_filters, 3);
+  m_driver.Then(DialogDriver::WhenShown([](HWND hDlg) {
+    EXPECT_FALSE(Checked(hDlg, IDC_VRK_TRACE_ENABLE));
+    EXPECT_EQ("", DialogDriver::Text(hDlg, IDC_VRK_TRACE_FILENAME));
+    EXPECT_EQ("", DialogDriver::Text(hDlg, IDC_VRK_TRACE_PREFIX));
+    DialogDriver::Click(hDlg, IDCANCEL);
+  }));
+  EXPECT_EQ(IDCANCEL, dlg.DoModal());
+  EXPECT_EQ((DWORD)REG_SZ, ScratchRegistry::ValueType(kKey, "Flags"));
+  EXPECT_EQ(7u, Dword("FileName"));
+}
+
+} // namespace
