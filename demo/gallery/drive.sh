@@ -56,6 +56,11 @@ popup_count() {
     awk '/\(has no name\): \("vrk_gallery.exe"/ && $0 !~ / 1x1\+/' | wc -l
 }
 
+# A window's upper left corner on the screen.
+origin() {
+  xwininfo -id "$1" | awk '/Absolute upper-left X/ {x=$NF} /Absolute upper-left Y/ {y=$NF} END {print x, y}'
+}
+
 # Captures the desktop into NN-name.png. A capture of the desktop shows the
 # program's own windows, but pop-up menus and some pop-ups come out black:
 # each of the program's windows is captured by itself and put back in place,
@@ -75,10 +80,9 @@ shot() {
   }
   xwininfo -children -id "$desk" |
     awk '/\("vrk_gallery.exe"/ && $0 !~ / 1x1\+/ { print $1 }' | tac >"$tmp/windows"
-  local id geo x y
+  local id x y
   while read -r id; do
-    geo=$(xwininfo -id "$id" | awk '/Absolute upper-left X/ {x=$NF} /Absolute upper-left Y/ {y=$NF} END {print x, y}')
-    read -r x y <<<"$geo"
+    read -r x y <<<"$(origin "$id")"
     xwd -id "$id" -silent 2>/dev/null | xwdtopnm >"$tmp/w.pnm" 2>/dev/null || continue
     pnmpaste "$tmp/w.pnm" "$x" "$y" "$tmp/screen.pnm" >"$tmp/s2.pnm" 2>/dev/null &&
       mv "$tmp/s2.pnm" "$tmp/screen.pnm"
@@ -188,6 +192,47 @@ if wait_window "^Print$"; then
   wait_gone "^Print$" || fail "the print dialog did not close"
 else
   fail "the print dialog did not appear"
+fi
+
+# The library's dialogs from the Tools menu.
+key alt+t m
+if wait_window "^VRK Gallery$"; then
+  shot message-box
+  key Return
+  wait_event "dialogs: message box answered 6" || fail "the message box did not answer Yes"
+else
+  fail "the library's message box did not appear"
+fi
+key alt+t i
+if wait_window "^New Sheet$"; then
+  typed "Quarterly report"
+  shot input-dialog
+  key Return
+  wait_event 'dialogs: input "Quarterly report"' || fail "the input box did not give the typed name"
+else
+  fail "the input box did not appear"
+fi
+key alt+t z
+if wait_window "^Zoom$"; then
+  # A click into the percentage, whose place in the dialog is fixed.
+  read -r zx zy <<<"$(origin "$(xdotool search --name '^Zoom$' | head -n 1)")"
+  xdotool mousemove $((zx + 165)) $((zy + 122)) click 1
+  key End BackSpace BackSpace BackSpace
+  typed 150
+  shot zoom-dialog
+  key Return
+  wait_event "dialogs: zoom 150%" || fail "the zoom dialog did not give 150%"
+else
+  fail "the zoom dialog did not appear"
+fi
+key alt+t t
+if wait_window "^Trace Settings$"; then
+  key alt+e # tracing on: the rest of the dialog comes alive
+  shot trace-settings
+  key Escape
+  wait_event "dialogs: trace settings left" || fail "the trace settings dialog did not close"
+else
+  fail "the trace settings dialog did not appear"
 fi
 
 # 6. The about box, closed with its OK button.

@@ -19,6 +19,11 @@
 #define ID_PAGE_PRINTING 0x8106
 #define ID_VIEW_PAGES_BAR 0x8110
 #define ID_TOOLS_PROGRESS 0x8120
+#define ID_DIALOGS_MESSAGE 0x8130
+#define ID_DIALOGS_INPUT 0x8131
+#define ID_DIALOGS_ZOOM 0x8132
+#define ID_DIALOGS_FOLDER 0x8133
+#define ID_DIALOGS_TRACE 0x8134
 
 #define IDC_GALLERY_DATE 1001
 #define IDC_GALLERY_TIME 1002
@@ -35,6 +40,9 @@
 #include <vrk_colorctrl.h>
 #include <vrk_combobox.h>
 #include <vrk_coolmenu.h>
+#include <vrk_dialogs.h>
+#include <vrk_msgbox.h>
+#include <vrk_tracedlg.h>
 #include <vrk_editmode.h>
 #include <vrk_maskedit.h>
 #include <vrk_statusbar.h>
@@ -52,7 +60,13 @@ public:
   CDocument* OpenPage(UINT nPageID);
 
   afx_msg void OnFileNew();
+  afx_msg void OnFileOpen();
   afx_msg void OnPage(UINT nID);
+  afx_msg void OnDialogsMessage();
+  afx_msg void OnDialogsInput();
+  afx_msg void OnDialogsZoom();
+  afx_msg void OnDialogsFolder();
+  afx_msg void OnDialogsTrace();
   afx_msg void OnAppAbout();
   DECLARE_MESSAGE_MAP()
 

@@ -23,7 +23,12 @@ void GalleryLog(const char* pszFormat, ...) {
 
 BEGIN_MESSAGE_MAP(CGalleryApp, CWinApp)
 ON_COMMAND(ID_FILE_NEW, &CGalleryApp::OnFileNew)
-ON_COMMAND(ID_FILE_OPEN, &CWinApp::OnFileOpen)
+ON_COMMAND(ID_FILE_OPEN, &CGalleryApp::OnFileOpen)
+ON_COMMAND(ID_DIALOGS_MESSAGE, &CGalleryApp::OnDialogsMessage)
+ON_COMMAND(ID_DIALOGS_INPUT, &CGalleryApp::OnDialogsInput)
+ON_COMMAND(ID_DIALOGS_ZOOM, &CGalleryApp::OnDialogsZoom)
+ON_COMMAND(ID_DIALOGS_FOLDER, &CGalleryApp::OnDialogsFolder)
+ON_COMMAND(ID_DIALOGS_TRACE, &CGalleryApp::OnDialogsTrace)
 ON_COMMAND(ID_FILE_PRINT_SETUP, &CWinApp::OnFilePrintSetup)
 ON_COMMAND_RANGE(ID_PAGE_WELCOME, ID_PAGE_PRINTING, &CGalleryApp::OnPage)
 ON_COMMAND(ID_APP_ABOUT, &CGalleryApp::OnAppAbout)
@@ -51,6 +56,8 @@ const PageKind s_pages[] = {
 } // namespace
 
 BOOL CGalleryApp::InitInstance() {
+  // Settings (the file dialog's last folder among them) in the registry.
+  SetRegistryKey("Tamrix");
   // Pages share one menu and title resource; each kind has its own template
   // so that File > New and the Pages commands know which view to make.
   for (const PageKind& page : s_pages) {
@@ -104,6 +111,58 @@ void CGalleryApp::OnPage(UINT nID) { OpenPage(nID); }
 void CGalleryApp::OnFileNew() {
   CMultiDocTemplate* pTemplate = TemplateOf(ID_PAGE_WELCOME);
   if (pTemplate != NULL) pTemplate->OpenDocumentFile(NULL);
+}
+
+// The library's file dialog opens in the folder of the last file chosen.
+void CGalleryApp::OnFileOpen() {
+  tagVFileOpenStruct request = {TRUE,
+                                "txt",
+                                NULL,
+                                OFN_FILEMUSTEXIST | OFN_HIDEREADONLY,
+                                "Text files (*.txt)|*.txt|All files (*.*)|*.*||",
+                                m_pMainWnd,
+                                "Files",
+                                "LastOpened"};
+  VFileDialog dlg(&request);
+  if (dlg.DoModal() == IDOK) {
+    GalleryLog("dialogs: opened %s", (LPCTSTR)dlg.GetPathName());
+    OpenDocumentFile(dlg.GetPathName());
+  }
+}
+
+void CGalleryApp::OnDialogsMessage() {
+  int nAnswer = VrkMessageBox("The grid has changed.\n\nSave the changes before closing it?",
+                              MB_YESNOCANCEL | MB_ICONQUESTION);
+  GalleryLog("dialogs: message box answered %d", nAnswer);
+}
+
+void CGalleryApp::OnDialogsInput() {
+  VInputDialog dlg;
+  if (dlg.DoModal("&Name of the new sheet:", "New Sheet", "Sheet 1", 0, 40)) {
+    CString strInput;
+    dlg.GetInput(strInput);
+    GalleryLog("dialogs: input \"%s\"", (LPCTSTR)strInput);
+  }
+}
+
+void CGalleryApp::OnDialogsZoom() {
+  VZoomDialog dlg(10, 400, m_pMainWnd);
+  dlg.SetZoomPercent(100);
+  if (dlg.DoModal() == IDOK) GalleryLog("dialogs: zoom %u%%", dlg.GetZoomPercent());
+}
+
+void CGalleryApp::OnDialogsFolder() {
+  VFolderDialog dlg(m_pMainWnd->GetSafeHwnd());
+  dlg.SetTitle("Choose the folder for the gallery's exports:");
+  if (dlg.DoModal()) GalleryLog("dialogs: folder %s", dlg.GetSelectedFolder());
+}
+
+void CGalleryApp::OnDialogsTrace() {
+  static tagTraceFilter s_categories[] = {
+      {"Documents and pages", 0x0001}, {"Printing", 0x0002}, {"Settings", 0x0004}};
+  VVrkTraceDlg dlg(m_pMainWnd);
+  dlg.SetTraceFilters(s_categories, sizeof(s_categories) / sizeof(s_categories[0]));
+  GalleryLog("dialogs: trace settings %s", dlg.DoModal() == IDOK ? "saved" : "left");
 }
 
 void CGalleryApp::OnAppAbout() {
