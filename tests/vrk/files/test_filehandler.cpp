@@ -84,10 +84,15 @@ TEST(FileHandlerOpen, NewAndExistingFiles) {
   EXPECT_EQ(1, handler.GetFileSize(pFile, nSize));
   EXPECT_EQ(3ul, nSize);
   delete pFile;
-  VFileHandler owner;
+  VFileHandler owner; // truncates; closing closes the system file only
   ASSERT_EQ(1, owner.OpenAndUseNewFile(name.c_str()));
   EXPECT_EQ(1, owner.GetFileSize(nSize));
   EXPECT_EQ(0ul, nSize);
+  owner.GetCurrentFile(pFile);
+  EXPECT_EQ(1, owner.CloseFile());
+  EXPECT_EQ(CFile::hFileNull, pFile->m_hFile);
+  EXPECT_EQ(1, owner.CloseFile());
+  EXPECT_TRUE(DeleteFileA(name.c_str()));
 }
 
 TEST(FileHandlerOpen, BadNamesFailSilentlyMissingFilesWithABox) {
@@ -134,22 +139,6 @@ TEST(FileHandlerPosition, SetGetMoveAndTheTwoGigabyteLimit) {
   EXPECT_EQ(0, handler.MoveAheadXBytes(0xFFFFFFFEul));
   ASSERT_EQ(1u, catcher.Count());
   EXPECT_EQ(std::string(kPositionText) + ": " + FullName(dir.File("pos.bin")), catcher.Last().text);
-}
-
-// Closing closes the system file only; a never opened file closes at once.
-TEST(FileHandlerClose, ClosesTheSystemFileOnly) {
-  TempDir dir;
-  CFile neverOpened;
-  VFileHandler handler(&neverOpened);
-  EXPECT_EQ(1, handler.CloseFile());
-  VFileHandler owner;
-  ASSERT_EQ(1, owner.OpenAndUseNewFile(dir.File("c.bin").c_str()));
-  CFile* pFile = NULL;
-  owner.GetCurrentFile(pFile);
-  EXPECT_EQ(1, owner.CloseFile());
-  EXPECT_EQ(CFile::hFileNull, pFile->m_hFile);
-  EXPECT_EQ(1, owner.CloseFile());
-  EXPECT_TRUE(DeleteFileA(dir.File("c.bin").c_str()));
 }
 
 TEST(FileHandlerErrors, TextsAndFallbacks) {
