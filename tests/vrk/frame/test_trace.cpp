@@ -12,6 +12,7 @@
 
 #include <stdio.h>
 
+#include <algorithm>
 #include <initializer_list>
 #include <set>
 #include <string>
@@ -25,10 +26,8 @@ const char kHarnessKey[] = "Software\\Tamrix\\PELVTstHrns";
 const char kWindowBox[] = "VTrace|Trace can't output to TRACE window - not in DEBUG";
 const char kOpenBox[] = "VTrace|Trace cannot open file specified in registry";
 
-// What one run of the host reported.
-struct HostRun {
-  std::vector<std::string> boxes;  // "caption|text"
-  std::vector<std::string> states; // "enabled=.. flags=.. filter=.. file=.."
+struct HostRun {                          // what one run of the host reported
+  std::vector<std::string> boxes, states; // "caption|text", "enabled=.. flags=.. filter=.. file=.."
 };
 
 std::vector<std::string> Lines(const std::string& text, const std::string& eol) {
@@ -50,23 +49,21 @@ std::string Pattern(size_t n) {
   return text;
 }
 
-std::vector<std::string> FilesIn(const std::string& dir, const char* mask) {
-  std::vector<std::string> names;
+// The contents of the coverage files in dir. GetTempFileNameA keeps three
+// characters of the prefix "vthx".
+std::multiset<std::string> CoverageFiles(const std::string& dir) {
+  std::multiset<std::string> contents;
   WIN32_FIND_DATAA fd;
-  HANDLE h = FindFirstFileA((dir + "\\" + mask).c_str(), &fd);
-  if (h == INVALID_HANDLE_VALUE) return names;
-  do {
-    names.push_back(dir + "\\" + fd.cFileName);
-  } while (FindNextFileA(h, &fd));
-  FindClose(h);
-  return names;
+  HANDLE h = FindFirstFileA((dir + "\\vth*.tmp").c_str(), &fd);
+  for (BOOL b = h != INVALID_HANDLE_VALUE; b; b = FindNextFileA(h, &fd))
+    contents.insert(TempDir::ReadBytes(dir + "\\" + fd.cFileName));
+  if (h != INVALID_HANDLE_VALUE) FindClose(h);
+  return contents;
 }
 
 class TraceTest : public ::testing::Test {
 protected:
-  TraceTest() {
-    // Start every configuration from nothing; the scratch guard puts back
-    // whatever was there.
+  TraceTest() { // from nothing; the scratch guard puts back what was there
     ScratchRegistry::DeleteTree(kProfilerKey);
     ScratchRegistry::DeleteTree(kHarnessKey);
   }
@@ -109,8 +106,6 @@ protected:
   TempDir m_dir;
 };
 
-// ---- Lines: prefix, suffix, filter, formatting --------------------------------
-
 TEST_F(TraceTest, LinesHavePrefixAndSuffixAndOnlyCategoriesThatPassTheFilter) {
   // Each run starts a new file.
   ASSERT_TRUE(TempDir::WriteBytes(LogPath(), "an older run's lines, longer than the new ones\r\n"));
@@ -123,8 +118,7 @@ TEST_F(TraceTest, LinesHavePrefixAndSuffixAndOnlyCategoriesThatPassTheFilter) {
                 Pattern(1023) + "]\r\n", // messages are cut at 1023 characters
             Log());
   EXPECT_TRUE(run.boxes.empty());
-  ASSERT_EQ(1u, run.states.size());
-  EXPECT_EQ(0u, run.states[0].find("enabled=1 flags=1 filter=6 file="));
+  EXPECT_EQ(0u, run.states.at(0).find("enabled=1 flags=1 filter=6 file="));
   EXPECT_EQ(std::string::npos, run.states[0].find("file=-1"));
 
   // Without a filter only category 0 passes; flag 32 keeps the format as it stands.
@@ -136,26 +130,6 @@ TEST_F(TraceTest, LinesHavePrefixAndSuffixAndOnlyCategoriesThatPassTheFilter) {
   Run({"fmt:0:100%% %d%d"});
   EXPECT_EQ("[100%% %d%d\r\n", Log());
 }
-
-TEST_F(TraceTest, SettingsThatLeaveTracingOffShowNothing) {
-  // No key: tracing is off, and the key is not made.
-  HostRun run = Run({"fmt:0:line", "state"});
-  EXPECT_EQ(std::vector<std::string>{"enabled=0 flags=0 filter=0 file=-1"}, run.states);
-  EXPECT_FALSE(ScratchRegistry::KeyExists(kProfilerKey));
-  // Bit 1 clear: flags are kept as read, the filter is not read, no file.
-  Configure(2 | 64, 0xFF);
-  run = Run({"fmt:0:line", "timed:0:0:scope", "state"});
-  EXPECT_EQ(std::vector<std::string>{"enabled=0 flags=66 filter=0 file=-1"}, run.states);
-  EXPECT_FALSE(LogExists());
-  // An empty file name: off, without a message.
-  SetDword("Flags", 1);
-  SetString("FileName", "");
-  run = Run({"fmt:0:line", "state"});
-  EXPECT_EQ(std::vector<std::string>{"enabled=0 flags=1 filter=0 file=-1"}, run.states);
-  EXPECT_TRUE(run.boxes.empty());
-}
-
-// ---- Timing lines ---------------------------------------------------------------
 
 TEST_F(TraceTest, TimingLinesCarryTheElapsedTimeAfterTheDelimiterAndDropBit1) {
   Configure(1 | 2);
@@ -169,12 +143,8 @@ TEST_F(TraceTest, TimingLinesCarryTheElapsedTimeAfterTheDelimiterAndDropBit1) {
   EXPECT_EQ(2, sscanf(lines[0].c_str(), "instant ms=%d%7s", &instant, tail)) << lines[0];
   EXPECT_STREQ(":S", tail);
   EXPECT_EQ(2, sscanf(lines[1].c_str(), "scope 42 ms=%d%7s", &scope, tail)) << lines[1];
-  EXPECT_GE(instant, 0);
-  EXPECT_LT(instant, 100);
-  EXPECT_GE(scope, 240);
-  EXPECT_LT(scope, 5000);
-  ASSERT_EQ(1u, run.states.size());
-  EXPECT_EQ(0u, run.states[0].find("enabled=1 flags=2 filter=0 file="));
+  EXPECT_TRUE(instant >= 0 && instant < 100 && scope >= 240 && scope < 5000) << Log();
+  EXPECT_EQ(0u, run.states.at(0).find("enabled=1 flags=2 filter=0 file="));
   // Flag 32 keeps the format of a timing line too.
   SetDword("Flags", 1 | 2 | 32);
   Run({"timed:0:0:%d items"});
@@ -202,38 +172,42 @@ TEST_F(TraceTest, Flag64AddsStartAndEndClocksThatMatchTheElapsedTime) {
   EXPECT_EQ(elapsed, (end - start + day) % day);
   EXPECT_GE(elapsed, 240);
   EXPECT_LT((start - then + day) % day, 60000L);
-  ASSERT_EQ(1u, run.states.size());
-  EXPECT_EQ(0u, run.states[0].find("enabled=1 flags=66 "));
+  EXPECT_EQ(0u, run.states.at(0).find("enabled=1 flags=66 "));
 }
 
-// ---- The three failure boxes ------------------------------------------------------
-
-TEST_F(TraceTest, Flag16ShowsTheTraceWindowBoxOnceAndThenWritesNothing) {
-  Configure(1 | 16);
-  HostRun run = Run({"fmt:0:first", "fmt:0:second", "state"});
-  ASSERT_EQ(1u, run.boxes.size());
-  EXPECT_EQ(kWindowBox, run.boxes[0]);
+// No key: off, and the key is not made. Bit 1 clear: flags kept as read,
+// the filter not read, no file. An empty file name: off, without a box.
+// Flag 16 shows the trace window box once, then writes nothing. The later
+// "no file" box names the file the run read at loading, whatever the key
+// says by then.
+TEST_F(TraceTest, SettingsThatLeaveTracingOffAndTheFailureBoxes) {
+  HostRun run = Run({"fmt:0:line", "state"});
+  EXPECT_EQ(std::vector<std::string>{"enabled=0 flags=0 filter=0 file=-1"}, run.states);
+  EXPECT_FALSE(ScratchRegistry::KeyExists(kProfilerKey));
+  Configure(2 | 64, 0xFF);
+  run = Run({"fmt:0:line", "timed:0:0:scope", "state"});
+  EXPECT_EQ(std::vector<std::string>{"enabled=0 flags=66 filter=0 file=-1"}, run.states);
   EXPECT_FALSE(LogExists());
-  ASSERT_EQ(1u, run.states.size());
-  EXPECT_EQ("enabled=0 flags=17 filter=0 file=-1", run.states[0]);
-}
-
-// The later "no file" box names the file the run read at loading, whatever
-// the key says by then.
-TEST_F(TraceTest, AFileThatCannotBeOpenedIsNamedAsReadWhenOutputFails) {
+  SetDword("Flags", 1);
+  SetString("FileName", "");
+  run = Run({"fmt:0:line", "state"});
+  EXPECT_EQ(std::vector<std::string>{"enabled=0 flags=1 filter=0 file=-1"}, run.states);
+  EXPECT_TRUE(run.boxes.empty());
+  Configure(1 | 16);
+  run = Run({"fmt:0:first", "fmt:0:second", "state"});
+  EXPECT_EQ(std::vector<std::string>{kWindowBox}, run.boxes);
+  EXPECT_FALSE(LogExists());
+  EXPECT_EQ(std::vector<std::string>{"enabled=0 flags=17 filter=0 file=-1"}, run.states);
   const std::string bad = m_dir.File("no such folder\\trace.log");
   SetDword("Flags", 1);
   SetString("FileName", bad);
-  HostRun run = Run(
+  run = Run(
       {"fmt:0:first", "fmt:0:second", "setname:C:\\other\\trace.log", "output:lost line", "state"});
-  ASSERT_EQ(2u, run.boxes.size());
-  EXPECT_EQ(kOpenBox, run.boxes[0]);
-  EXPECT_EQ("VTrace|Trace can't open output file specified by '" + bad + "'", run.boxes[1]);
-  ASSERT_EQ(1u, run.states.size());
-  EXPECT_EQ("enabled=0 flags=1 filter=0 file=-1", run.states[0]);
+  EXPECT_EQ((std::vector<std::string>{
+                kOpenBox, "VTrace|Trace can't open output file specified by '" + bad + "'"}),
+            run.boxes);
+  EXPECT_EQ(std::vector<std::string>{"enabled=0 flags=1 filter=0 file=-1"}, run.states);
 }
-
-// ---- The length check ---------------------------------------------------------------
 
 // Plain lines never restart the file, however long it grows; a check set by
 // a subclass does when a MaxLength is set and exceeded, and resets the count.
@@ -249,30 +223,21 @@ TEST_F(TraceTest, OnlyASetLengthCheckRestartsAFilePastMaxLength) {
   EXPECT_EQ("XYZABC", Log());
 }
 
-// ---- Threads ----------------------------------------------------------------------------
-
 TEST_F(TraceTest, EightThreadsWritingAThousandLinesEachLoseNothing) {
   Configure(1);
   SetString("Prefix", "<");
   SetString("Suffix", ">");
   Run({"threads:8:1000"});
-  const std::string log = Log();
-  ASSERT_EQ("\r\n", log.substr(log.size() - 2));
-  std::vector<std::string> lines = Lines(log, "\r\n");
-  ASSERT_EQ(8000u, lines.size());
-  std::set<std::pair<int, int>> seen;
-  for (const std::string& line : lines) {
-    int t = -1, i = -1;
-    char extra = 0;
-    ASSERT_EQ(11u, line.size()) << line;
-    ASSERT_EQ(2, sscanf(line.c_str(), "<T%2d L%4d>%c", &t, &i, &extra)) << line;
-    ASSERT_TRUE(t >= 0 && t < 8 && i >= 0 && i < 1000) << line;
-    EXPECT_TRUE(seen.insert(std::make_pair(t, i)).second) << "twice: " << line;
-  }
-  EXPECT_EQ(8000u, seen.size());
+  std::vector<std::string> lines = Lines(Log(), "\r\n"), expected;
+  for (int t = 0; t < 8; t++)
+    for (int i = 0; i < 1000; i++) {
+      char sz[16];
+      expected.push_back(std::string(sz, sprintf(sz, "<T%02d L%04d>", t, i)));
+    }
+  std::sort(lines.begin(), lines.end());
+  EXPECT_TRUE(expected == lines) << lines.size() << " lines";
+  EXPECT_EQ("\r\n", Log().substr(Log().size() - 2));
 }
-
-// ---- Coverage log -------------------------------------------------------------------------
 
 // Each format once, in address order, even with tracing off; FlushLog
 // writes a file and empties the log, so only what came after it is written
@@ -281,21 +246,13 @@ TEST_F(TraceTest, CoverageRecordsEachFormatOnceAndFlushEmptiesTheLog) {
   const std::string dir = m_dir.File("coverage");
   ASSERT_TRUE(CreateDirectoryA(dir.c_str(), NULL));
   ASSERT_TRUE(ScratchRegistry::WriteString(kHarnessKey, "CoverageDirectory", dir));
+  const std::string ab = "alpha %d\r\nbeta\r\n";
   Run({"state"}); // nothing traced: no file
-  EXPECT_TRUE(FilesIn(dir, "vth*").empty());
+  EXPECT_TRUE(CoverageFiles(dir).empty());
   Run({"cover", "flush"});
-  // GetTempFileNameA keeps three characters of the prefix "vthx".
-  std::vector<std::string> files = FilesIn(dir, "vth*.tmp");
-  ASSERT_EQ(1u, files.size());
-  EXPECT_EQ("alpha %d\r\nbeta\r\n", TempDir::ReadBytes(files[0]));
+  EXPECT_EQ(std::multiset<std::string>({ab}), CoverageFiles(dir));
   Run({"cover", "flush", "fmt:0:gamma"});
-  files = FilesIn(dir, "vth*.tmp");
-  ASSERT_EQ(3u, files.size());
-  std::multiset<std::string> contents;
-  for (const std::string& f : files)
-    contents.insert(TempDir::ReadBytes(f));
-  EXPECT_EQ(2u, contents.count("alpha %d\r\nbeta\r\n"));
-  EXPECT_EQ(1u, contents.count("gamma\r\n"));
+  EXPECT_EQ(std::multiset<std::string>({ab, ab, "gamma\r\n"}), CoverageFiles(dir));
 }
 
 } // namespace
