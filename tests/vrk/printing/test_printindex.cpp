@@ -1,5 +1,5 @@
-// The print index tree: items, depth-first deletion that frees each sub-tree
-// once, and the archive form with truncated and absurd archives.
+// The print index tree: deletion that frees each sub-tree once, and the
+// archive form with truncated and absurd archives.
 #include <vrk_printindex.h>
 #include <exception_probe.h>
 #include <gtest/gtest.h>
@@ -24,10 +24,6 @@ VIndexItem Item(const char* text, WORD page, DWORD flags = 0, VPrintIndexTree* c
   item.m_dwFlags = flags;
   item.m_pChildren = children;
   return item;
-}
-
-std::string Store(VPrintIndexTree& tree) {
-  return ArchiveBytes([&](CArchive& ar) { tree.Serialize(ar); });
 }
 
 void Load(const std::string& bytes, VPrintIndexTree& tree) {
@@ -63,11 +59,11 @@ TEST(PrintIndexTree, DeletingAThreeLevelTreeFreesEachSubTreeOnce) {
   VPrintIndexTree::DeletePrintIndexTree(NULL);
 }
 
-TEST(PrintIndexTree, ArchiveHoldsCountAndItemsOnly) {
+TEST(PrintIndexTree, ArchiveHoldsCountAndItemsOnlyAndShortArchivesFail) {
   VPrintIndexTree tree;
   tree.Add(Item("Intro", 3, 1));
   tree.Add(Item("Ab", 0x1234, 2, new VPrintIndexTree));
-  const std::string bytes = Store(tree);
+  const std::string bytes = ArchiveBytes([&](CArchive& ar) { tree.Serialize(ar); });
   const char want[] = "\x02\x00"
                       "\x05Intro\x01\x00\x00\x00\x03\x00"
                       "\x02"
@@ -86,20 +82,14 @@ TEST(PrintIndexTree, ArchiveHoldsCountAndItemsOnly) {
   EXPECT_STREQ("Ab", loaded[1].m_strText);
   EXPECT_EQ(0x1234, loaded[1].m_nPage);
   EXPECT_EQ(nullptr, loaded[1].m_pChildren); // sub-trees are not persisted
-}
 
-TEST(PrintIndexTree, TruncatedArchivesFailWithEndOfFile) {
-  VPrintIndexTree tree;
-  tree.Add(Item("First entry", 1, 3));
-  tree.Add(Item("Second", 2));
-  const std::string bytes = Store(tree);
+  // Every truncation, and a count of two billion with two items behind it.
   for (size_t n = 0; n < bytes.size(); n++) {
     VPrintIndexTree t;
     EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([&] { Load(bytes.substr(0, n), t); }))
         << n;
   }
-  std::string huge("\xFF\xFF\xFF\xFF\xFF\x7F", 6); // a count of two billion
-  huge += bytes.substr(2);
+  std::string huge = std::string("\xFF\xFF\xFF\xFF\xFF\x7F", 6) + bytes.substr(2);
   VPrintIndexTree t;
   EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([&] { Load(huge, t); }));
   EXPECT_EQ(2, t.GetSize());

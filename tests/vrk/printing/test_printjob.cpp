@@ -13,10 +13,9 @@
 #include "../../afx/print_testing.h"
 #include "msgbox_catcher.h"
 #include "printed_pages.h"
+#include "vtable_slot.h"
 
 namespace {
-
-// ---- Keyboard input, as a user gives it ---------------------------------------------
 
 void Key(WORD vk, WORD wScan = 0, DWORD dwFlags = 0) {
   INPUT in = {INPUT_KEYBOARD};
@@ -57,8 +56,7 @@ DialogDriver::Action Later(std::function<void(HWND)> f) {
   };
 }
 
-// ---- A job that logs its steps and prints "Page N" on N pages ------------------------
-
+// A job that logs its steps and prints "Page N" on N pages.
 class CLogJob : public VPrintJob {
 public:
   std::vector<std::string> m_log;
@@ -312,16 +310,8 @@ TEST_F(PrintJob, NoPrinterInstalled) {
   EXPECT_EQ(0, back.Print());
 }
 
-// Itanium C++ ABI: a pointer to a virtual member function holds 1 + its byte
-// offset in the table of virtual functions.
-template <typename F> ptrdiff_t Slot(F f) {
-  ptrdiff_t n;
-  memcpy(&n, &f, sizeof(n));
-  return (n - 1) / (ptrdiff_t)sizeof(void*);
-}
-
 TEST(PrintJobClass, VirtualsInSlotOrderAfterCObjects) {
-  ptrdiff_t slots[] = {Slot(&VPrintJob::CreatePrintDialog), Slot(&VPrintJob::InitPrintDialog),
+  const int slots[] = {Slot(&VPrintJob::CreatePrintDialog), Slot(&VPrintJob::InitPrintDialog),
                        Slot(&VPrintJob::DoPrintDialog),     Slot(&VPrintJob::DoPrintToFileDialog),
                        Slot(&VPrintJob::CreatePrintDC),     Slot(&VPrintJob::OnBeginPrinting),
                        Slot(&VPrintJob::EndPrinting),       Slot(&VPrintJob::StartDocPrinting),
@@ -329,7 +319,7 @@ TEST(PrintJobClass, VirtualsInSlotOrderAfterCObjects) {
                        Slot(&VPrintJob::InitPrintInfo),     Slot(&VPrintJob::GetPageMargins),
                        Slot(&VPrintJob::InitDocInfo),       Slot(&VPrintJob::OnPrint),
                        Slot(&VPrintJob::UseDefaults)};
-  for (ptrdiff_t i = 0; i < 15; i++)
+  for (int i = 0; i < 15; i++)
     EXPECT_EQ(Slot(&CObject::Dump) + 1 + i, slots[i]) << i;
 }
 
