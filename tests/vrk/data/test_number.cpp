@@ -93,36 +93,34 @@ TEST(Number, FormatsByWidthWithTheirKeptOddities) {
     unsigned long long value;
     int width;
     std::string expected;
-  } cases[] = {
-      {'T', 0x33, 0, 261, 0, "5"},
-      {'T', 0x23, 0, 0x1FF, 0, "255"},
-      {'T', 0x33, 0, 0xFF, 0, "-1"},
-      {'T', 0x33, 0x01, 0xFF, 0, "ffffffff"},
-      {'T', 0x23, 0x04, 0x0F, 0, "17"},
-      {'T', 0x32, 0, 5, 0, "FALSE:unchanged"},
-      {'T', 0x21, 0, 5, 0, "FALSE:unchanged"},
-      {'T', 0x33, 0x02, 0xFF, 0, "0"},
-      {'T', 0x40, 0, 0x3F800000, 0, ""},
-      {'T', 0x55, 0, 0, 0, "FALSE:unchanged"},
-      {'T', 0x10, 0x10, 0, 0, "1"},
-      {'S', 0x33, 0, neg, 8, "-123"},
-      {'U', 0x33, 0, neg, 8, "133"},
-      {'S', 0x33, 0, neg, 16, "-32635"},
-      {'U', 0x33, 0x01, neg, 16, "8085"},
-      {'U', 0x33, 0x04, neg, 16, "100205"},
-      {'S', 0x33, 0x01, neg, 32, "ffff8085"},
-      {'U', 0x33, 0, neg, 32, "-32635"},
-      {'S', 0x33, 0, neg, 24, "FALSE"},
-      {'S', 0x33, 0, 5, 64, "564"},
-      {'S', 0x33, 0x01, 5, 64, "564"},
-      {'U', 0x33, 0, neg, 64, "4294934661i64"},
-      {'B', 0x23, 0, 5, 64, "1010"},
-      {'B', 0x23, 0, 1ULL << 63, 64, "1" + std::string(64, '0')},
-      {'B', 0x23, 0, 0x80000000, 32, "1"},
-      {'B', 0x23, 0, 0x7FFFFFFF, 32, "0"},
-      {'B', 0x23, 0, 0xFFFF, 16, "0"},
-      {'B', 0x23, 0, 5, 12, "FALSE"},
-  };
+  } cases[] = {{'T', 0x33, 0, 261, 0, "5"},
+               {'T', 0x23, 0, 0x1FF, 0, "255"},
+               {'T', 0x33, 0, 0xFF, 0, "-1"},
+               {'T', 0x33, 0x01, 0xFF, 0, "ffffffff"},
+               {'T', 0x23, 0x04, 0x0F, 0, "17"},
+               {'T', 0x32, 0, 5, 0, "FALSE:unchanged"},
+               {'T', 0x21, 0, 5, 0, "FALSE:unchanged"},
+               {'T', 0x33, 0x02, 0xFF, 0, "0"},
+               {'T', 0x40, 0, 0x3F800000, 0, ""},
+               {'T', 0x55, 0, 0, 0, "FALSE:unchanged"},
+               {'T', 0x10, 0x10, 0, 0, "1"},
+               {'S', 0x33, 0, neg, 8, "-123"},
+               {'U', 0x33, 0, neg, 8, "133"},
+               {'S', 0x33, 0, neg, 16, "-32635"},
+               {'U', 0x33, 0x01, neg, 16, "8085"},
+               {'U', 0x33, 0x04, neg, 16, "100205"},
+               {'S', 0x33, 0x01, neg, 32, "ffff8085"},
+               {'U', 0x33, 0, neg, 32, "-32635"},
+               {'S', 0x33, 0, neg, 24, "FALSE"},
+               {'S', 0x33, 0, 5, 64, "564"},
+               {'S', 0x33, 0x01, 5, 64, "564"},
+               {'U', 0x33, 0, neg, 64, "4294934661i64"},
+               {'B', 0x23, 0, 5, 64, "1010"},
+               {'B', 0x23, 0, 1ULL << 63, 64, "1" + std::string(64, '0')},
+               {'B', 0x23, 0, 0x80000000, 32, "1"},
+               {'B', 0x23, 0, 0x7FFFFFFF, 32, "0"},
+               {'B', 0x23, 0, 0xFFFF, 16, "0"},
+               {'B', 0x23, 0, 5, 12, "FALSE"}};
   for (const auto& c : cases)
     EXPECT_EQ(c.expected, Format(c.how, c.type, c.flags, c.value, c.width))
         << c.how << " " << (int)c.type << " " << (int)c.flags << " " << c.width;
@@ -144,21 +142,19 @@ TEST(Number, ValidateIntegerRadixOverflowAndBadCharacters) {
     const char* text;
     BYTE flags;
     int result, error, pos, length;
-  } cases[] = {
-      {"18446744073709551615", 0, 1, 0, 0, 0},
-      {"fF", 0x01, 1, 0, 0, 0},
-      {"17", 0x04, 1, 0, 0, 0},
-      {"101", 0x02, 1, 0, 0, 0},
-      // A leading zero or sign is an "overflow" at position 0.
-      {"0", 0, 0, VNUM_ERROR_OVERFLOW, 0, 0},
-      {"+5", 0, 0, VNUM_ERROR_OVERFLOW, 0, 0},
-      {"18446744073709551616", 0, 0, VNUM_ERROR_OVERFLOW, 19, -1},
-      // A bad character leaves the code as it was (99 here).
-      {"12a", 0, 0, 99, 2, 2},
-      {"12", 0x02, 0, 99, 1, -1},
-      {"78", 0x04, 0, 99, 1, -1},
-      {"1+", 0, 0, 99, 1, -1},
-  };
+  } cases[] = {{"18446744073709551615", 0, 1, 0, 0, 0},
+               {"fF", 0x01, 1, 0, 0, 0},
+               {"17", 0x04, 1, 0, 0, 0},
+               {"101", 0x02, 1, 0, 0, 0},
+               // A leading zero or sign is an "overflow" at position 0.
+               {"0", 0, 0, VNUM_ERROR_OVERFLOW, 0, 0},
+               {"+5", 0, 0, VNUM_ERROR_OVERFLOW, 0, 0},
+               {"18446744073709551616", 0, 0, VNUM_ERROR_OVERFLOW, 19, -1},
+               // A bad character leaves the code as it was (99 here).
+               {"12a", 0, 0, 99, 2, 2},
+               {"12", 0x02, 0, 99, 1, -1},
+               {"78", 0x04, 0, 99, 1, -1},
+               {"1+", 0, 0, 99, 1, -1}};
   for (const auto& c : cases) {
     tagVNumberError err;
     err.m_nError = 99;

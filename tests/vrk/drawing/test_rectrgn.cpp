@@ -121,8 +121,7 @@ TEST(RectRgnSimplify, RowsAreSortedAndMergedByTopOnly) {
        "(0,5,4,6)(0,1,4,4)"},
       // Two pieces of one row are neither merged nor exchanged.
       {{CRect(0, 5, 4, 6), CRect(0, 1, 4, 2), CRect(6, 5, 8, 6)}, 0, "(0,5,4,6)(6,5,8,6)(0,1,4,2)"},
-      {{CRect(0, 9, 10, 10), CRect(3, 8, 4, 9), CRect(0, 0, 1, 1)}, 1, "(0,8,10,10)(0,0,1,1)"},
-  };
+      {{CRect(0, 9, 10, 10), CRect(3, 8, 4, 9), CRect(0, 0, 1, 1)}, 1, "(0,8,10,10)(0,0,1,1)"}};
   for (const auto& c : cases) {
     TestRgn rgn;
     for (const CRect& r : c.rects)

@@ -66,86 +66,65 @@ protected:
   VFileReaderWriter m_rw;
 };
 
-// Every form (explicit file or current, pointer or value) writes alike.
-TEST_F(ReaderWriterTest, ByteOrdersAndCallsOfTheIntegerWriters) {
+// Every form (explicit file or current, pointer or value) writes alike;
+// each byte of a number or a line end is a call of its own.
+TEST_F(ReaderWriterTest, BytesAndCallsOfEveryWriter) {
   const unsigned short w = 0xABCD;
   const unsigned long dw = 0x11223344ul;
-  const unsigned char b = 0x7F;
-  EXPECT_EQ(1, m_rw.WriteFourByteDwordNormal(&m_file, &dw));
-  EXPECT_EQ(1, m_rw.WriteFourByteDwordNormal(dw));
-  EXPECT_EQ(1, m_rw.WriteFourByteDwordLowByteFirst(&dw));
-  EXPECT_EQ(1, m_rw.WriteFourByteDwordLowByteFirst(&m_file, dw));
-  EXPECT_EQ(1, m_rw.WriteTwoByteWordNormal(&w));
-  EXPECT_EQ(1, m_rw.WriteTwoByteWordNormal(&m_file, w));
-  EXPECT_EQ(1, m_rw.WriteTwoByteWordByteSwapped(&m_file, &w));
-  EXPECT_EQ(1, m_rw.WriteTwoByteWordByteSwapped(w));
-  EXPECT_EQ(1, m_rw.WriteOneByte(&m_file, &b));
-  EXPECT_EQ(1, m_rw.WriteOneByte((unsigned char)0x81));
+  const unsigned char b = 0x7F, run[] = {0, 1, 2, 0xFF};
+  EXPECT_EQ(10, m_rw.WriteFourByteDwordNormal(&m_file, &dw) + m_rw.WriteFourByteDwordNormal(dw) +
+                    m_rw.WriteFourByteDwordLowByteFirst(&dw) +
+                    m_rw.WriteFourByteDwordLowByteFirst(&m_file, dw) +
+                    m_rw.WriteTwoByteWordNormal(&w) + m_rw.WriteTwoByteWordNormal(&m_file, w) +
+                    m_rw.WriteTwoByteWordByteSwapped(&m_file, &w) +
+                    m_rw.WriteTwoByteWordByteSwapped(w) + m_rw.WriteOneByte(&m_file, &b) +
+                    m_rw.WriteOneByte((unsigned char)0x81));
   EXPECT_EQ("\x11\x22\x33\x44\x11\x22\x33\x44\x44\x33\x22\x11\x44\x33\x22\x11"
             "\xAB\xCD\xAB\xCD\xCD\xAB\xCD\xAB\x7F\x81",
             Bytes());
   EXPECT_EQ(Calls({1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 2, 2, 1, 1}),
             m_file.m_writes);
-}
-
-TEST_F(ReaderWriterTest, FilledNumberTexts) {
-  EXPECT_EQ(1, m_rw.WriteOneByteAsFilledBase10Text((unsigned char)7));
-  EXPECT_EQ(1, m_rw.WriteOneByteAsFilledBase10Text(&m_file, (unsigned char)255));
-  EXPECT_EQ(1, m_rw.WriteOneByteAsFilledHexText(&m_file, (unsigned char)0x0A));
-  EXPECT_EQ(1, m_rw.WriteWordAsFilledBase10Text((unsigned short)65535));
-  EXPECT_EQ(1, m_rw.WriteWordAsFilledBase10Text(&m_file, (unsigned short)42));
-  EXPECT_EQ(1, m_rw.WriteIntegerAsFilledBase10Text(-12));
-  EXPECT_EQ(1, m_rw.WriteIntegerAsFilledBase10Text(&m_file, 1234567));
-  EXPECT_EQ(1, m_rw.WriteIntegerAsFilledBase10Text(-2147483647 - 1));
-  EXPECT_EQ(1, m_rw.WriteWordAsFilledHexText(&m_file, (unsigned short)0xBEEF));
-  EXPECT_EQ(1, m_rw.WriteWordAsFilledHexText(&m_file, (unsigned short)0x00A));
+  Reset("");
+  EXPECT_EQ(10, m_rw.WriteOneByteAsFilledBase10Text((unsigned char)7) +
+                    m_rw.WriteOneByteAsFilledBase10Text(&m_file, (unsigned char)255) +
+                    m_rw.WriteOneByteAsFilledHexText(&m_file, (unsigned char)0x0A) +
+                    m_rw.WriteWordAsFilledBase10Text((unsigned short)65535) +
+                    m_rw.WriteWordAsFilledBase10Text(&m_file, (unsigned short)42) +
+                    m_rw.WriteIntegerAsFilledBase10Text(-12) +
+                    m_rw.WriteIntegerAsFilledBase10Text(&m_file, 1234567) +
+                    m_rw.WriteIntegerAsFilledBase10Text(-2147483647 - 1) +
+                    m_rw.WriteWordAsFilledHexText(&m_file, (unsigned short)0xBEEF) +
+                    m_rw.WriteWordAsFilledHexText(&m_file, (unsigned short)0x00A));
   EXPECT_EQ(std::string("007255") + std::string("0A\0", 3) +
                 "065535000042-00012123456-21474BEEF000A",
             Bytes());
   EXPECT_EQ(Calls({3, 3, 3, 6, 6, 6, 6, 6, 4, 4}), m_file.m_writes);
-}
-
-TEST_F(ReaderWriterTest, StringsLineEndsAndRuns) {
-  EXPECT_EQ(1, m_rw.WriteZString("ab"));
-  EXPECT_EQ(1, m_rw.WriteLnZString(&m_file, "cd"));
-  EXPECT_EQ(1, m_rw.WriteNewLnZString(""));
-  EXPECT_EQ(1, m_rw.WriteNewLnZString(&m_file, "ef"));
-  EXPECT_EQ(1, m_rw.WriteCRLF());
-  EXPECT_EQ("abcd\r\n\r\n\r\n\r\nef\r\n\r\n", Bytes());
-  EXPECT_EQ(Calls({2, 2, 1, 1, 1, 1, 0, 1, 1, 1, 1, 2, 1, 1, 1, 1}), m_file.m_writes);
-
   Reset("");
-  const unsigned char run[] = {0, 1, 2, 0xFF};
-  EXPECT_EQ(1, m_rw.WriteByteBuffer(run, 4));
-  EXPECT_EQ(1, m_rw.WriteLnByteBuffer(run + 1, 2));
-  EXPECT_EQ(1, m_rw.WriteThisManyOfThisByte(3, (unsigned char)'z'));
-  EXPECT_EQ(1, m_rw.WriteThisManyZeroBytes(&m_file, 2));
-  EXPECT_EQ(1, m_rw.WriteThisManyZeroBytes(0u));
-  EXPECT_EQ(std::string("\0\1\2\xFF\1\2\r\nzzz\0\0", 13), Bytes());
-  EXPECT_EQ(Calls({4, 2, 1, 1, 1, 1, 1, 1, 1}), m_file.m_writes);
+  EXPECT_EQ(10, m_rw.WriteZString("ab") + m_rw.WriteLnZString(&m_file, "cd") +
+                    m_rw.WriteNewLnZString("") + m_rw.WriteNewLnZString(&m_file, "ef") +
+                    m_rw.WriteCRLF() + m_rw.WriteByteBuffer(run, 4) +
+                    m_rw.WriteLnByteBuffer(run + 1, 2) +
+                    m_rw.WriteThisManyOfThisByte(3, (unsigned char)'z') +
+                    m_rw.WriteThisManyZeroBytes(&m_file, 2) + m_rw.WriteThisManyZeroBytes(0u));
+  EXPECT_EQ(std::string("abcd\r\n\r\n\r\n\r\nef\r\n\r\n\0\1\2\xFF\1\2\r\nzzz\0\0", 31), Bytes());
+  EXPECT_EQ(Calls({2, 2, 1, 1, 1, 1, 0, 1, 1, 1, 1, 2, 1, 1, 1, 1, 4, 2, 1, 1, 1, 1, 1, 1, 1}),
+            m_file.m_writes);
 }
 
 TEST_F(ReaderWriterTest, ReadsInEachByteOrder) {
   Reset("\x12\x34\x12\x34\xFE\xFF\x11\x22\x33\x44\x11\x22\x33\x44\x9A"
         "abc");
-  unsigned short w = 0;
-  EXPECT_EQ(1, m_rw.ReadTwoByteWordNormal(&w));
-  EXPECT_EQ(0x1234, w);
-  EXPECT_EQ(1, m_rw.ReadTwoByteWordByteSwapped(&m_file, &w));
-  EXPECT_EQ(0x3412, w);
+  unsigned short w1 = 0, w2 = 0;
   short s = 0;
-  EXPECT_EQ(1, m_rw.ReadTwoByteIntegerByteSwapped(&s));
-  EXPECT_EQ(-2, s);
-  unsigned long dw = 0;
-  EXPECT_EQ(1, m_rw.ReadFourByteDwordNormal(&m_file, &dw));
-  EXPECT_EQ(0x11223344ul, dw);
-  EXPECT_EQ(1, m_rw.ReadFourByteDwordLowByteFirst(&dw));
-  EXPECT_EQ(0x44332211ul, dw);
-  unsigned char b = 0;
-  EXPECT_EQ(1, m_rw.ReadOneByte(&m_file, &b));
-  EXPECT_EQ(0x9A, b);
-  unsigned char buf[4] = {9, 9, 9, 9};
-  EXPECT_EQ(1, m_rw.ReadNumberOfBytes(buf, 3));
+  unsigned long dw1 = 0, dw2 = 0;
+  unsigned char b = 0, buf[4] = {9, 9, 9, 9};
+  EXPECT_EQ(7, m_rw.ReadTwoByteWordNormal(&w1) + m_rw.ReadTwoByteWordByteSwapped(&m_file, &w2) +
+                   m_rw.ReadTwoByteIntegerByteSwapped(&s) +
+                   m_rw.ReadFourByteDwordNormal(&m_file, &dw1) +
+                   m_rw.ReadFourByteDwordLowByteFirst(&dw2) + m_rw.ReadOneByte(&m_file, &b) +
+                   m_rw.ReadNumberOfBytes(buf, 3));
+  EXPECT_TRUE(w1 == 0x1234 && w2 == 0x3412 && s == -2 && b == 0x9A) << w1 << " " << w2 << " " << s;
+  EXPECT_TRUE(dw1 == 0x11223344ul && dw2 == 0x44332211ul) << std::hex << dw1 << " " << dw2;
   EXPECT_EQ(0, memcmp(buf, "abc\x09", 4));
   EXPECT_EQ(Calls({1, 1, 2, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 3}), m_file.m_reads);
 }
@@ -154,11 +133,10 @@ TEST_F(ReaderWriterTest, ShortReadsAreReportedAndKeepOrClearTheOutput) {
   MsgBoxCatcher catcher;
   const std::string box = std::string(kReadText) + ": " + FullName();
 
-  // Two bytes left: a 32-bit read fails and keeps the old value.
   Reset("\x01\x02");
   unsigned long dw = 0xCAFEBABEul;
   EXPECT_EQ(0, m_rw.ReadFourByteDwordNormal(&dw));
-  EXPECT_EQ(0xCAFEBABEul, dw);
+  EXPECT_EQ(0xCAFEBABEul, dw); // two bytes left: the old value kept
   EXPECT_EQ(Calls({1, 1, 1}), m_file.m_reads);
   ASSERT_EQ(1u, catcher.Count());
   EXPECT_EQ(box, catcher.Last().text);
@@ -200,10 +178,9 @@ TEST(ReaderWriterErrors, WriteToAReadOnlyFileShowsOneBoxPerFailedCall) {
   ASSERT_EQ(1, rw.OpenAndUseExistingFile(name.c_str(), CFile::modeRead));
   char sz[MAX_PATH];
   GetFullPathNameA(name.c_str(), MAX_PATH, sz, NULL);
-  EXPECT_EQ(0, rw.WriteFourByteDwordNormal(1ul));
-  EXPECT_EQ(0, rw.WriteLnZString("line"));
-  EXPECT_EQ(0, rw.WriteThisManyZeroBytes(100u));
   // Each failing member stops at its first failed call: three boxes.
+  EXPECT_EQ(0, rw.WriteFourByteDwordNormal(1ul) + rw.WriteLnZString("line") +
+                   rw.WriteThisManyZeroBytes(100u));
   ASSERT_EQ(3u, catcher.Count());
   EXPECT_EQ(std::string(kWriteText) + ": " + sz, catcher.Last().text);
   EXPECT_EQ(1, rw.CloseFile());

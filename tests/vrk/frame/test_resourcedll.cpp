@@ -57,13 +57,11 @@ TEST(VrkOSLoadResourceDll, MissingModulesShowTheBoxOnlyWithFlag2) {
     const char *base, *language;
     int flags;
     std::string text;
-  } cases[] = {
-      {"nosuch", "XYZ", 2, "nosuch_XYZ"},
-      {"nosuch", NULL, 2, "nosuch_ENU"},
-      {"vrk", "XYZ", 2, "vrk_XYZ"},
-      {strBase.c_str(), "XYZ", 2, (strBase + "_XYZ").substr(0, 255 - 25)},
-      {"vrk", "XYZ", 1 | 2, IsEnglishUser() ? "vrk_XYZ" : ""},
-  };
+  } cases[] = {{"nosuch", "XYZ", 2, "nosuch_XYZ"},
+               {"nosuch", NULL, 2, "nosuch_ENU"},
+               {"vrk", "XYZ", 2, "vrk_XYZ"},
+               {strBase.c_str(), "XYZ", 2, (strBase + "_XYZ").substr(0, 255 - 25)},
+               {"vrk", "XYZ", 1 | 2, IsEnglishUser() ? "vrk_XYZ" : ""}};
   for (const auto& c : cases) {
     catcher.Clear();
     HINSTANCE h = c.language ? VrkOSLoadResourceDll(c.base, c.language, c.flags)
