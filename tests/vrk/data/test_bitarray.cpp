@@ -20,10 +20,8 @@ TEST(BitArray, BitsLiveInTheirElementAndIndexesAreCheckedAgainstElements) {
   bits.SetAt(0, TRUE);
   bits.SetAt(31, TRUE);
   bits.SetAt(32, 5); // any non-zero value sets
-  EXPECT_EQ(0x80000001u, Element(bits, 0));
-  EXPECT_EQ(1u, Element(bits, 1));
-  EXPECT_EQ(TRUE, bits[31]);
-  EXPECT_EQ(FALSE, bits.GetAt(30));
+  EXPECT_TRUE(Element(bits, 0) == 0x80000001u && Element(bits, 1) == 1u);
+  EXPECT_TRUE(bits[31] == TRUE && bits.GetAt(30) == FALSE);
   bits.SetAt(31, FALSE);
   EXPECT_EQ(1u, Element(bits, 0));
   // Bit 40 is past the bit count but inside element 1.
@@ -42,9 +40,7 @@ TEST(BitArray, SetBitsAndClearBitsTouchExactlyTheRange) {
   EXPECT_EQ(0x38u, Element(bits, 0));
   bits.ClearAll();
   bits.SetBits(30, 65); // across three elements
-  EXPECT_EQ(0xC0000000u, Element(bits, 0));
-  EXPECT_EQ(0xFFFFFFFFu, Element(bits, 1));
-  EXPECT_EQ(0x3u, Element(bits, 2));
+  EXPECT_TRUE(Element(bits, 0) == 0xC0000000u && Element(bits, 1) == ~0u && Element(bits, 2) == 3);
   bits.SetBits(70); // to the last bit
   EXPECT_EQ(0xFFFFFFC3u, Element(bits, 2));
   EXPECT_TRUE(bits.IsAllSet() == FALSE);
@@ -53,8 +49,7 @@ TEST(BitArray, SetBitsAndClearBitsTouchExactlyTheRange) {
   bits.ClearBits(3, 5);
   EXPECT_EQ(0xFFFFFFC7u, Element(bits, 0));
   bits.ClearBits(31, 32);
-  EXPECT_EQ(0x7FFFFFC7u, Element(bits, 0));
-  EXPECT_EQ(0xFFFFFFFEu, Element(bits, 1));
+  EXPECT_TRUE(Element(bits, 0) == 0x7FFFFFC7u && Element(bits, 1) == 0xFFFFFFFEu);
   bits.ClearBits(64);
   EXPECT_EQ(0u, Element(bits, 2));
 
@@ -125,10 +120,8 @@ TEST(BitArraySerialize, WritesCountElementsAndBitCount) {
   back.SetSize(7);
   back.SetAll();
   LoadBytes(bytes, [&](CArchive& ar) { back.Serialize(ar); });
-  EXPECT_EQ(40, back.GetSize());
-  EXPECT_EQ(2, back.GetCount());
-  EXPECT_EQ(0xFu, Element(back, 0));
-  EXPECT_EQ(0x80u, Element(back, 1));
+  EXPECT_TRUE(back.GetSize() == 40 && back.GetCount() == 2);
+  EXPECT_TRUE(Element(back, 0) == 0xFu && Element(back, 1) == 0x80u);
 
   VBoolArray flags;
   flags.Add(1);
@@ -147,8 +140,7 @@ TEST(BitArraySerialize, LargeCountsUseTheLongCountForm) {
   VBitArray back;
   LoadBytes(bytes, [&](CArchive& ar) { back.Serialize(ar); });
   EXPECT_EQ(32 * 70000, back.GetSize());
-  EXPECT_EQ(0xFFFFFFFFu, Element(back, 69999));
-  EXPECT_EQ(0u, Element(back, 69998));
+  EXPECT_TRUE(Element(back, 69999) == ~0u && Element(back, 69998) == 0u);
 }
 
 TEST(BitArraySerialize, CorruptArchivesFailCleanlyOrStaySafeToUse) {

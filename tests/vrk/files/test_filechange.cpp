@@ -90,49 +90,37 @@ int __cdecl OnChange(const char* pszPath) {
   return 0;
 }
 
-TEST(FileChangeNotify, WorkerCallsBackOnItsOwnThreadAndWatchesTheSubtree) {
-  TempDir dir;
-  g_folders[0] = dir.Path();
-  g_calls[0] = 0;
-  VFileChangeNotify notify;
-  ASSERT_TRUE(notify.Run(NULL, (UINT_PTR)&OnChange, dir.Path().c_str(), TRUE, kFilter));
-  Sleep(200);
-  ASSERT_TRUE(TempDir::WriteBytes(dir.File("added.txt"), "a"));
-  ASSERT_TRUE(WaitFor([] { return g_calls[0] >= 1; }));
-  EXPECT_NE(GetCurrentThreadId(), g_callbackThread);
-  ASSERT_TRUE(CreateDirectoryA(dir.File("sub").c_str(), NULL));
-  Sleep(100);
-  const LONG before = g_calls[0];
-  ASSERT_TRUE(TempDir::WriteBytes(dir.File("sub\\deep.txt"), "d"));
-  EXPECT_TRUE(WaitFor([&] { return g_calls[0] > before; }));
-  EXPECT_TRUE(notify.Stop());
-  const LONG after = g_calls[0];
-  ASSERT_TRUE(TempDir::WriteBytes(dir.File("late.txt"), "l"));
-  Sleep(300);
-  EXPECT_EQ(after, g_calls[0]);
-
-  EXPECT_FALSE(notify.Run(NULL, 0, NULL, FALSE, kFilter));
-}
-
-TEST(FileChangeNotify, ASecondRunEndsTheFirstWorker) {
+// A second Run ends the first worker: nobody watches the first folder then;
+// after Stop nobody watches the second.
+TEST(FileChangeNotify, WorkerCallsBackOnItsOwnThreadWatchesTheSubtreeAndASecondRunEndsIt) {
   TempDir first, second;
   g_folders[0] = first.Path();
   g_folders[1] = second.Path();
   g_calls[0] = g_calls[1] = 0;
   VFileChangeNotify notify;
-  ASSERT_TRUE(notify.Run(NULL, (UINT_PTR)&OnChange, first.Path().c_str(), FALSE, kFilter));
+  ASSERT_TRUE(notify.Run(NULL, (UINT_PTR)&OnChange, first.Path().c_str(), TRUE, kFilter));
   Sleep(200);
-  ASSERT_TRUE(TempDir::WriteBytes(first.File("a.txt"), "a"));
+  ASSERT_TRUE(TempDir::WriteBytes(first.File("added.txt"), "a"));
   ASSERT_TRUE(WaitFor([] { return g_calls[0] >= 1; }));
+  EXPECT_NE(GetCurrentThreadId(), g_callbackThread);
+  ASSERT_TRUE(CreateDirectoryA(first.File("sub").c_str(), NULL));
+  Sleep(100);
+  LONG before = g_calls[0];
+  ASSERT_TRUE(TempDir::WriteBytes(first.File("sub\\deep.txt"), "d"));
+  EXPECT_TRUE(WaitFor([&] { return g_calls[0] > before; }));
   ASSERT_TRUE(notify.Run(NULL, (UINT_PTR)&OnChange, second.Path().c_str(), FALSE, kFilter));
   Sleep(200);
-  const LONG firstCalls = g_calls[0];
+  before = g_calls[0];
   ASSERT_TRUE(TempDir::WriteBytes(first.File("b.txt"), "b"));
   ASSERT_TRUE(TempDir::WriteBytes(second.File("c.txt"), "c"));
   EXPECT_TRUE(WaitFor([] { return g_calls[1] >= 1; }));
-  Sleep(300);
-  EXPECT_EQ(firstCalls, g_calls[0]); // nobody watches the first folder now
   EXPECT_TRUE(notify.Stop());
+  const LONG after = g_calls[1];
+  ASSERT_TRUE(TempDir::WriteBytes(second.File("late.txt"), "l"));
+  Sleep(300);
+  EXPECT_EQ(before, g_calls[0]);
+  EXPECT_EQ(after, g_calls[1]);
+  EXPECT_FALSE(notify.Run(NULL, 0, NULL, FALSE, kFilter));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // VFileFind's ask-before-use loop, and VShellIDListFileFind over a real
 // shell ID-list array built for files in a temporary folder.
 #include <vrk_filefind.h>
+#include <shlobj.h>
 #include <gtest/gtest.h>
 
 #include "temp_dir.h"
@@ -28,49 +29,18 @@ TEST(FileFind, AskBeforeUseLoopSeesEveryFileOnce) {
   EXPECT_FALSE(find.FindNextFile());
 }
 
-// ---- Shell ID-list arrays -----------------------------------------------------
-
-UINT ListSize(LPCITEMIDLIST pidl) {
-  UINT n = 0;
-  for (const BYTE* p = (const BYTE*)pidl; ((LPCSHITEMID)p)->cb != 0; p += ((LPCSHITEMID)p)->cb)
-    n += ((LPCSHITEMID)p)->cb;
-  return n + 2;
-}
-
-LPCITEMIDLIST LastItem(LPCITEMIDLIST pidl) {
-  const BYTE* pLast = (const BYTE*)pidl;
-  for (const BYTE* p = pLast; ((LPCSHITEMID)p)->cb != 0; p += ((LPCSHITEMID)p)->cb)
-    pLast = p;
-  return (LPCITEMIDLIST)pLast;
-}
-
-LPITEMIDLIST Parse(const std::string& path) {
-  IShellFolder* pDesktop = NULL;
-  if (FAILED(SHGetDesktopFolder(&pDesktop))) return NULL;
-  wchar_t wsz[MAX_PATH];
-  MultiByteToWideChar(CP_ACP, 0, path.c_str(), -1, wsz, MAX_PATH);
-  LPITEMIDLIST pidl = NULL;
-  ULONG eaten = 0;
-  if (FAILED(pDesktop->ParseDisplayName(NULL, NULL, wsz, &eaten, &pidl, NULL))) pidl = NULL;
-  pDesktop->Release();
-  return pidl;
-}
-
-// The CIDA form: count, offsets, parent list, then the items' last ids.
+// The CIDA form: count, offsets, parent list, then the items' lists.
 std::vector<BYTE> BuildIDA(LPCITEMIDLIST pidlParent, const std::vector<LPCITEMIDLIST>& items) {
-  UINT nHeader = sizeof(UINT) * (UINT)(items.size() + 2);
-  std::vector<BYTE> ida(nHeader);
-  std::vector<UINT> offsets;
-  std::vector<LPCITEMIDLIST> lists(1, pidlParent);
-  lists.insert(lists.end(), items.begin(), items.end());
-  for (LPCITEMIDLIST pidl : lists) {
-    offsets.push_back((UINT)ida.size());
-    UINT n = ListSize(pidl);
-    ida.insert(ida.end(), (const BYTE*)pidl, (const BYTE*)pidl + n);
+  std::vector<UINT> header(1, (UINT)items.size());
+  std::vector<LPCITEMIDLIST> all(1, pidlParent);
+  all.insert(all.end(), items.begin(), items.end());
+  std::vector<BYTE> lists;
+  for (LPCITEMIDLIST pidl : all) {
+    header.push_back((UINT)(sizeof(UINT) * (items.size() + 2) + lists.size()));
+    lists.insert(lists.end(), (const BYTE*)pidl, (const BYTE*)pidl + ILGetSize(pidl));
   }
-  UINT cidl = (UINT)items.size();
-  memcpy(ida.data(), &cidl, sizeof(UINT));
-  memcpy(ida.data() + sizeof(UINT), offsets.data(), offsets.size() * sizeof(UINT));
+  std::vector<BYTE> ida((const BYTE*)header.data(), (const BYTE*)(header.data() + header.size()));
+  ida.insert(ida.end(), lists.begin(), lists.end());
   return ida;
 }
 
@@ -81,12 +51,13 @@ TEST(ShellIDListFileFind, EnumeratesTheReadableItemsOfTheArray) {
   ASSERT_TRUE(TempDir::WriteBytes(dir.File("first.txt"), "12345"));
   ASSERT_TRUE(TempDir::WriteBytes(dir.File("second.bin"), "1234567"));
   ASSERT_TRUE(TempDir::WriteBytes(dir.File("unlisted.txt"), "x"));
-  LPITEMIDLIST pidlDir = Parse(dir.Path()), pidlA = Parse(dir.File("first.txt")),
-               pidlB = Parse(dir.File("second.bin")), pidlDrives = NULL;
+  LPITEMIDLIST pidlDir = ILCreateFromPathA(dir.Path().c_str()),
+               pidlA = ILCreateFromPathA(dir.File("first.txt").c_str()),
+               pidlB = ILCreateFromPathA(dir.File("second.bin").c_str()), pidlDrives = NULL;
   ASSERT_TRUE(pidlDir && pidlA && pidlB);
   static const BYTE empty[2] = {0, 0};
   std::vector<BYTE> ida =
-      BuildIDA(pidlDir, {LastItem(pidlA), (LPCITEMIDLIST)empty, LastItem(pidlB)});
+      BuildIDA(pidlDir, {ILFindLastID(pidlA), (LPCITEMIDLIST)empty, ILFindLastID(pidlB)});
   VShellIDListFileFind find;
   ASSERT_TRUE(find.FindFile((const char*)ida.data()));
   EXPECT_EQ(0, lstrcmpiA(dir.Path().c_str(), find.GetRoot())) << (const char*)find.GetRoot();
@@ -109,7 +80,7 @@ TEST(ShellIDListFileFind, EnumeratesTheReadableItemsOfTheArray) {
   EXPECT_FALSE(find.FindNextFile());
 
   ASSERT_TRUE(SUCCEEDED(SHGetSpecialFolderLocation(NULL, CSIDL_DRIVES, &pidlDrives)));
-  ida = BuildIDA(pidlDrives, {LastItem(pidlA)});
+  ida = BuildIDA(pidlDrives, {ILFindLastID(pidlA)});
   EXPECT_FALSE(find.FindFile((const char*)ida.data()));
   EXPECT_FALSE(find.FindFile(NULL));
   for (LPITEMIDLIST pidl : {pidlDir, pidlA, pidlB, pidlDrives})

@@ -9,6 +9,15 @@
 
 namespace {
 
+// The results of calls made in order (a braced list is evaluated from left
+// to right, the operands of + are not), added up.
+int Sum(std::initializer_list<int> results) {
+  int n = 0;
+  for (int r : results)
+    n += r;
+  return n;
+}
+
 const char kOpenText[] = "The file could not be opened";
 const char kPositionText[] = "The position in the file could not be read or changed";
 const char kUnknownText[] = "An unknown file error occurred";
@@ -49,9 +58,8 @@ TEST(FileHandlerOwnership, BorrowedFilesAreNeverDeletedOwnedOnesAre) {
   EXPECT_EQ(0, deleted);
   VFileHandler handler(pFile);
   EXPECT_EQ(1, handler.DeleteInternalCFile());
-  EXPECT_EQ(1, deleted);
   EXPECT_EQ(1, handler.GetCurrentFile(pGot));
-  EXPECT_EQ(NULL, pGot);
+  EXPECT_TRUE(deleted == 1 && pGot == NULL);
   {
     ClearingHandler clearing;
     ASSERT_EQ(1, clearing.OpenAndUseNewFile(dir.File("x.bin").c_str()));
@@ -73,25 +81,20 @@ TEST(FileHandlerOpen, NewAndExistingFiles) {
   pFile->Write("abc", 3);
   CFile* pKeep = pFile;
   EXPECT_EQ(0, handler.OpenNewFile(name.c_str(), pFile, 1));
-  EXPECT_EQ(pKeep, pFile);
   char sz[4] = {0};
-  EXPECT_EQ(1, handler.RewindFile(pFile));
-  EXPECT_EQ(3u, pFile->Read(sz, 3));
+  EXPECT_TRUE(pKeep == pFile && handler.RewindFile(pFile) == 1 && pFile->Read(sz, 3) == 3);
   delete pFile;
   pFile = NULL;
   unsigned long nSize = 0;
   ASSERT_EQ(1, handler.OpenExistingFile(name.c_str(), pFile, CFile::modeRead, 1));
-  EXPECT_EQ(1, handler.GetFileSize(pFile, nSize));
-  EXPECT_EQ(3ul, nSize);
+  EXPECT_TRUE(handler.GetFileSize(pFile, nSize) == 1 && nSize == 3);
   delete pFile;
   VFileHandler owner; // truncates; closing closes the system file only
   ASSERT_EQ(1, owner.OpenAndUseNewFile(name.c_str()));
-  EXPECT_EQ(1, owner.GetFileSize(nSize));
-  EXPECT_EQ(0ul, nSize);
+  EXPECT_TRUE(owner.GetFileSize(nSize) == 1 && nSize == 0);
   owner.GetCurrentFile(pFile);
-  EXPECT_EQ(1, owner.CloseFile());
+  EXPECT_EQ(2, owner.CloseFile() + owner.CloseFile());
   EXPECT_EQ(CFile::hFileNull, pFile->m_hFile);
-  EXPECT_EQ(1, owner.CloseFile());
   EXPECT_TRUE(DeleteFileA(name.c_str()));
 }
 
@@ -100,9 +103,8 @@ TEST(FileHandlerOpen, BadNamesFailSilentlyMissingFilesWithABox) {
   MsgBoxCatcher catcher;
   VFileHandler handler;
   CFile* pFile = NULL;
-  EXPECT_EQ(0, handler.OpenNewFile(NULL, pFile, 0));
-  EXPECT_EQ(0, handler.OpenNewFile("", pFile, 0));
-  EXPECT_EQ(0, handler.OpenAndUseExistingFile(NULL, CFile::modeRead));
+  EXPECT_EQ(0, handler.OpenNewFile(NULL, pFile, 0) + handler.OpenNewFile("", pFile, 0) +
+                   handler.OpenAndUseExistingFile(NULL, CFile::modeRead));
   EXPECT_EQ(0u, catcher.Count());
 
   EXPECT_EQ(0,
@@ -128,15 +130,13 @@ TEST(FileHandlerPosition, SetGetMoveAndTheTwoGigabyteLimit) {
   CFile* pFile = NULL;
   handler.GetCurrentFile(pFile);
   pFile->Write("0123456789", 10);
-  EXPECT_EQ(1, handler.SetFilePosition(4));
   EXPECT_EQ(0, handler.SetFilePosition(0x80000000ul));
-  EXPECT_EQ(1, handler.MoveAheadXBytes(3));
-  EXPECT_EQ(1, handler.MoveAheadXBytes(pFile, 0xFFFFFFFFul));
-  EXPECT_EQ(1, handler.GetFilePosition(pFile, nPos));
+  EXPECT_EQ(
+      4, Sum({handler.SetFilePosition(4), handler.MoveAheadXBytes(3),
+              handler.MoveAheadXBytes(pFile, 0xFFFFFFFFul), handler.GetFilePosition(pFile, nPos)}));
   EXPECT_EQ(6ul, nPos);
   EXPECT_EQ(0u, catcher.Count());
-  EXPECT_EQ(1, handler.RewindFile());
-  EXPECT_EQ(0, handler.MoveAheadXBytes(0xFFFFFFFEul));
+  EXPECT_TRUE(handler.RewindFile() == 1 && handler.MoveAheadXBytes(0xFFFFFFFEul) == 0);
   ASSERT_EQ(1u, catcher.Count());
   EXPECT_EQ(std::string(kPositionText) + ": " + FullName(dir.File("pos.bin")), catcher.Last().text);
 }

@@ -27,29 +27,25 @@ TEST(VGlobal, CachedLockSwappedReAllocAttachDetachAndRelease) {
   HGLOBAL h = g.Alloc(16, GMEM_MOVEABLE);
   char* p = (char*)g.Lock();
   ASSERT_NE((char*)NULL, p);
-  EXPECT_EQ(p, g.Lock());
-  EXPECT_EQ(1u, LockCount(h)); // a second Lock does not lock again
+  EXPECT_TRUE(p == g.Lock() && LockCount(h) == 1); // a second Lock does not lock again
   memcpy(p, "0123456789abcdef", 16);
   g.Unlock();
   void* h2 = g.ReAlloc(GMEM_MOVEABLE, 5000); // the flags first, the size second
-  ASSERT_NE((void*)NULL, h2);
-  EXPECT_GE(g.Size(), 5000ul);
+  ASSERT_TRUE(h2 != NULL && g.Size() >= 5000ul);
   EXPECT_EQ("0123456789abcdef", Bytes(h2, 16));
   HGLOBAL other = GlobalAlloc(GMEM_MOVEABLE, 30);
   EXPECT_EQ((void*)other, g = other); // the old block is neither freed nor unlocked
   EXPECT_GE(GlobalSize(h2), 5000u);
   g.Lock();
   EXPECT_EQ(other, g.Detach()); // unlocked and handed over
-  EXPECT_TRUE(g == NULL);
-  EXPECT_EQ(0u, LockCount(other));
+  EXPECT_TRUE(g == NULL && LockCount(other) == 0);
   HGLOBAL freed, destroyed;
   {
     VGlobal f, d;
     freed = f.Alloc(32, GMEM_MOVEABLE);
     f.Lock();
     f.Free();
-    EXPECT_TRUE(f == NULL);
-    EXPECT_EQ(0u, GlobalSize(freed));
+    EXPECT_TRUE(f == NULL && GlobalSize(freed) == 0);
     destroyed = d.Alloc(32, GMEM_MOVEABLE);
     d.Lock();
   }
@@ -97,13 +93,11 @@ TEST(GlobalFromObject, TheBlockIsWriteObjectsBytesGrownInSteps) {
     HGLOBAL h = VrkCreateGlobalFromCObject(shape, pGrowth);
     const std::string all = AllBytes(h);
     EXPECT_EQ(pGrowth ? (expected.size() + 15) / 16 * 16 : 4096u, all.size());
-    EXPECT_EQ(expected + std::string(all.size() - expected.size(), '\0'), all);
-    EXPECT_EQ(0u, LockCount(h));
+    EXPECT_TRUE(expected + std::string(all.size() - expected.size(), '\0') == all && !LockCount(h));
     GlobalFree(h);
   }
   CGlPlain plain;
-  EXPECT_EQ(NULL, VrkCreateGlobalFromCObject(NULL, NULL));
-  EXPECT_EQ(NULL, VrkCreateGlobalFromCObject(&plain, NULL));
+  EXPECT_TRUE(!VrkCreateGlobalFromCObject(NULL, NULL) && !VrkCreateGlobalFromCObject(&plain, NULL));
   delete shape;
 }
 
@@ -120,8 +114,7 @@ TEST(ObjectFromGlobal, RoundTripKeepsClassDataAndTheCallersBlock) {
   EXPECT_EQ(CArchiveException::badClass, ArchiveCause([&] {
               delete VrkCreateCObjectFromGlobal(h, RUNTIME_CLASS(CGlOther), NULL);
             }));
-  EXPECT_EQ(before, AllBytes(h));
-  EXPECT_EQ(0u, LockCount(h));
+  EXPECT_TRUE(before == AllBytes(h) && LockCount(h) == 0);
   EXPECT_EQ(NULL, VrkCreateCObjectFromGlobal(h, NULL, NULL));
   GlobalFree(h);
   CGlShape* clone = (CGlShape*)VrkCloneObject(shape); // a deep copy
@@ -131,7 +124,10 @@ TEST(ObjectFromGlobal, RoundTripKeepsClassDataAndTheCallersBlock) {
   delete shape;
 }
 
-TEST(GlobalFromString, NarrowBlocksAreTheCharacterCountPlusOneWideOnesWhole) {
+// Narrow blocks hold the character count plus one (fewer bytes than the
+// string for double-byte characters), wide ones the whole string; reading
+// back drops trailing zeros, keeps embedded ones; copies are whole.
+TEST(GlobalStrings, BothWaysAndCopies) {
   HGLOBAL h = VrkCreateGlobalFromString("hello");
   EXPECT_EQ(std::string("hello\0", 6), AllBytes(h));
   GlobalFree(h);
@@ -139,18 +135,13 @@ TEST(GlobalFromString, NarrowBlocksAreTheCharacterCountPlusOneWideOnesWhole) {
   EXPECT_EQ(std::string("a\0b\0\xAC\x20\0\0", 8), AllBytes(h));
   GlobalFree(h);
   EXPECT_EQ(NULL, VrkCreateGlobalFromString((const char*)NULL));
-  // Two Shift-JIS characters in four bytes: the block gets three bytes.
-  const int old = _getmbcp();
+  const int old = _getmbcp(); // two Shift-JIS characters in four bytes
   ASSERT_EQ(0, _setmbcp(932));
   h = VrkCreateGlobalFromString("\x82\xA0\x82\xA2");
   _setmbcp(old);
   ASSERT_NE((HGLOBAL)NULL, h);
-  EXPECT_EQ(3u, GlobalSize(h));
-  EXPECT_EQ("\x82\xA0", Bytes(h, 2));
+  EXPECT_TRUE(GlobalSize(h) == 3 && Bytes(h, 2) == "\x82\xA0");
   GlobalFree(h);
-}
-
-TEST(StringFromGlobal, TrailingZerosGoEmbeddedZerosStayAndCopiesAreWhole) {
   CString str = "untouched";
   EXPECT_FALSE(VrkCreateStringFromGlobal(NULL, str));
   EXPECT_STREQ("untouched", str);

@@ -13,6 +13,15 @@
 
 namespace {
 
+// The results of calls made in order (a braced list is evaluated from left
+// to right, the operands of + are not), added up.
+int Sum(std::initializer_list<int> results) {
+  int n = 0;
+  for (int r : results)
+    n += r;
+  return n;
+}
+
 const char kWriteText[] = "The file could not be written";
 const char kReadText[] = "The file could not be read";
 
@@ -72,40 +81,40 @@ TEST_F(ReaderWriterTest, BytesAndCallsOfEveryWriter) {
   const unsigned short w = 0xABCD;
   const unsigned long dw = 0x11223344ul;
   const unsigned char b = 0x7F, run[] = {0, 1, 2, 0xFF};
-  EXPECT_EQ(10, m_rw.WriteFourByteDwordNormal(&m_file, &dw) + m_rw.WriteFourByteDwordNormal(dw) +
-                    m_rw.WriteFourByteDwordLowByteFirst(&dw) +
-                    m_rw.WriteFourByteDwordLowByteFirst(&m_file, dw) +
-                    m_rw.WriteTwoByteWordNormal(&w) + m_rw.WriteTwoByteWordNormal(&m_file, w) +
-                    m_rw.WriteTwoByteWordByteSwapped(&m_file, &w) +
-                    m_rw.WriteTwoByteWordByteSwapped(w) + m_rw.WriteOneByte(&m_file, &b) +
-                    m_rw.WriteOneByte((unsigned char)0x81));
+  EXPECT_EQ(10,
+            Sum({m_rw.WriteFourByteDwordNormal(&m_file, &dw), m_rw.WriteFourByteDwordNormal(dw),
+                 m_rw.WriteFourByteDwordLowByteFirst(&dw),
+                 m_rw.WriteFourByteDwordLowByteFirst(&m_file, dw), m_rw.WriteTwoByteWordNormal(&w),
+                 m_rw.WriteTwoByteWordNormal(&m_file, w),
+                 m_rw.WriteTwoByteWordByteSwapped(&m_file, &w), m_rw.WriteTwoByteWordByteSwapped(w),
+                 m_rw.WriteOneByte(&m_file, &b), m_rw.WriteOneByte((unsigned char)0x81)}));
   EXPECT_EQ("\x11\x22\x33\x44\x11\x22\x33\x44\x44\x33\x22\x11\x44\x33\x22\x11"
             "\xAB\xCD\xAB\xCD\xCD\xAB\xCD\xAB\x7F\x81",
             Bytes());
   EXPECT_EQ(Calls({1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 2, 2, 1, 1}),
             m_file.m_writes);
   Reset("");
-  EXPECT_EQ(10, m_rw.WriteOneByteAsFilledBase10Text((unsigned char)7) +
-                    m_rw.WriteOneByteAsFilledBase10Text(&m_file, (unsigned char)255) +
-                    m_rw.WriteOneByteAsFilledHexText(&m_file, (unsigned char)0x0A) +
-                    m_rw.WriteWordAsFilledBase10Text((unsigned short)65535) +
-                    m_rw.WriteWordAsFilledBase10Text(&m_file, (unsigned short)42) +
-                    m_rw.WriteIntegerAsFilledBase10Text(-12) +
-                    m_rw.WriteIntegerAsFilledBase10Text(&m_file, 1234567) +
-                    m_rw.WriteIntegerAsFilledBase10Text(-2147483647 - 1) +
-                    m_rw.WriteWordAsFilledHexText(&m_file, (unsigned short)0xBEEF) +
-                    m_rw.WriteWordAsFilledHexText(&m_file, (unsigned short)0x00A));
+  EXPECT_EQ(10, Sum({m_rw.WriteOneByteAsFilledBase10Text((unsigned char)7),
+                     m_rw.WriteOneByteAsFilledBase10Text(&m_file, (unsigned char)255),
+                     m_rw.WriteOneByteAsFilledHexText(&m_file, (unsigned char)0x0A),
+                     m_rw.WriteWordAsFilledBase10Text((unsigned short)65535),
+                     m_rw.WriteWordAsFilledBase10Text(&m_file, (unsigned short)42),
+                     m_rw.WriteIntegerAsFilledBase10Text(-12),
+                     m_rw.WriteIntegerAsFilledBase10Text(&m_file, 1234567),
+                     m_rw.WriteIntegerAsFilledBase10Text(-2147483647 - 1),
+                     m_rw.WriteWordAsFilledHexText(&m_file, (unsigned short)0xBEEF),
+                     m_rw.WriteWordAsFilledHexText(&m_file, (unsigned short)0x00A)}));
   EXPECT_EQ(std::string("007255") + std::string("0A\0", 3) +
                 "065535000042-00012123456-21474BEEF000A",
             Bytes());
   EXPECT_EQ(Calls({3, 3, 3, 6, 6, 6, 6, 6, 4, 4}), m_file.m_writes);
   Reset("");
-  EXPECT_EQ(10, m_rw.WriteZString("ab") + m_rw.WriteLnZString(&m_file, "cd") +
-                    m_rw.WriteNewLnZString("") + m_rw.WriteNewLnZString(&m_file, "ef") +
-                    m_rw.WriteCRLF() + m_rw.WriteByteBuffer(run, 4) +
-                    m_rw.WriteLnByteBuffer(run + 1, 2) +
-                    m_rw.WriteThisManyOfThisByte(3, (unsigned char)'z') +
-                    m_rw.WriteThisManyZeroBytes(&m_file, 2) + m_rw.WriteThisManyZeroBytes(0u));
+  EXPECT_EQ(
+      10,
+      Sum({m_rw.WriteZString("ab"), m_rw.WriteLnZString(&m_file, "cd"), m_rw.WriteNewLnZString(""),
+           m_rw.WriteNewLnZString(&m_file, "ef"), m_rw.WriteCRLF(), m_rw.WriteByteBuffer(run, 4),
+           m_rw.WriteLnByteBuffer(run + 1, 2), m_rw.WriteThisManyOfThisByte(3, (unsigned char)'z'),
+           m_rw.WriteThisManyZeroBytes(&m_file, 2), m_rw.WriteThisManyZeroBytes(0u)}));
   EXPECT_EQ(std::string("abcd\r\n\r\n\r\n\r\nef\r\n\r\n\0\1\2\xFF\1\2\r\nzzz\0\0", 31), Bytes());
   EXPECT_EQ(Calls({2, 2, 1, 1, 1, 1, 0, 1, 1, 1, 1, 2, 1, 1, 1, 1, 4, 2, 1, 1, 1, 1, 1, 1, 1}),
             m_file.m_writes);
@@ -118,11 +127,11 @@ TEST_F(ReaderWriterTest, ReadsInEachByteOrder) {
   short s = 0;
   unsigned long dw1 = 0, dw2 = 0;
   unsigned char b = 0, buf[4] = {9, 9, 9, 9};
-  EXPECT_EQ(7, m_rw.ReadTwoByteWordNormal(&w1) + m_rw.ReadTwoByteWordByteSwapped(&m_file, &w2) +
-                   m_rw.ReadTwoByteIntegerByteSwapped(&s) +
-                   m_rw.ReadFourByteDwordNormal(&m_file, &dw1) +
-                   m_rw.ReadFourByteDwordLowByteFirst(&dw2) + m_rw.ReadOneByte(&m_file, &b) +
-                   m_rw.ReadNumberOfBytes(buf, 3));
+  EXPECT_EQ(
+      7, Sum({m_rw.ReadTwoByteWordNormal(&w1), m_rw.ReadTwoByteWordByteSwapped(&m_file, &w2),
+              m_rw.ReadTwoByteIntegerByteSwapped(&s), m_rw.ReadFourByteDwordNormal(&m_file, &dw1),
+              m_rw.ReadFourByteDwordLowByteFirst(&dw2), m_rw.ReadOneByte(&m_file, &b),
+              m_rw.ReadNumberOfBytes(buf, 3)}));
   EXPECT_TRUE(w1 == 0x1234 && w2 == 0x3412 && s == -2 && b == 0x9A) << w1 << " " << w2 << " " << s;
   EXPECT_TRUE(dw1 == 0x11223344ul && dw2 == 0x44332211ul) << std::hex << dw1 << " " << dw2;
   EXPECT_EQ(0, memcmp(buf, "abc\x09", 4));

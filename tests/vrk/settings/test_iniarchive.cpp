@@ -8,6 +8,15 @@
 
 namespace {
 
+// The results of calls made in order (a braced list is evaluated from left
+// to right, the operands of + are not), added up.
+int Sum(std::initializer_list<int> results) {
+  int n = 0;
+  for (int r : results)
+    n += r;
+  return n;
+}
+
 class IniArchiveTest : public ::testing::Test {
 protected:
   // Opens kSection of settings.ini, creating the file.
@@ -67,9 +76,10 @@ TEST_F(IniArchiveTest, WritesTextTheSystemReadsBack) {
   OpenNew();
   int five = 5, zero = 0;
   const std::string text(5000, 'q');
-  EXPECT_EQ(5, m_ar.Write("Dword", (DWORD)4000000000u) + m_ar.Write("Word", (unsigned short)65535) +
-                   m_ar.Write("Byte", (unsigned char)200) + m_ar.WriteBool("On", five) +
-                   m_ar.WriteBool("Off", zero));
+  EXPECT_EQ(5,
+            Sum({m_ar.Write("Dword", (DWORD)4000000000u), m_ar.Write("Word", (unsigned short)65535),
+                 m_ar.Write("Byte", (unsigned char)200), m_ar.WriteBool("On", five),
+                 m_ar.WriteBool("Off", zero)}));
   EXPECT_EQ("[Sec]\r\nDword=4000000000\r\nWord=65535\r\nByte=200\r\nOn=1\r\nOff=0\r\n", Text());
   EXPECT_EQ(1, m_ar.Write("Long", text.c_str()));
   CString back;
