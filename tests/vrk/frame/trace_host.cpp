@@ -1,23 +1,13 @@
-// A host process for the trace tests. The trace settings are read once per
-// process, so each configuration runs in a process of its own:
-//
-//   vrk_trace_host.exe <report file> <command>...
-//
-// runs the commands in order on the main thread, with a message-box catcher
-// that answers every box, and writes one line per box ("box:caption|text")
-// and per "state" command to the report file.
-//
-// Commands (fields separated by ':', the last one takes the rest):
-//   fmt:<cat>:<format>      VrkTrace(cat, format, 42, 43)
-//   long:<cat>:<n>          VrkTrace(cat, "%s", n characters "0123456789...")
-//   timed:<cat>:<ms>:<fmt>  a VTrace(cat, fmt, 42) alive for ms milliseconds
-//   output:<text>           VTrace::Output(text) on a disabled object
-//   restart:<text>          VTrace::Output(text) with the length check set
-//   threads:<n>:<lines>     n threads trace "T<t> L<i>" lines at once
-//   cover                   traces two fixed formats, the first one twice
-//   flush                   VTraceLogger::FlushLog
-//   setname:<path>          writes "FileName" in the Profiler key
-//   state                   "state:enabled=.. flags=.. filter=.. file=.."
+// A host process for the trace tests (the settings are read once per
+// process): vrk_trace_host.exe <report file> <command>... runs the commands
+// in order, answers every box, and reports "box:caption|text" per box and a
+// line per "state" command. Commands (fields split at ':', the last takes
+// the rest): fmt:<cat>:<format> (VrkTrace with 42, 43), long:<cat>:<n> (n
+// pattern characters), timed:<cat>:<ms>:<fmt> (a VTrace alive for ms),
+// output:<text> (Output of a disabled object), restart:<text> (Output with
+// the length check set), threads:<n>:<lines>, cover (two fixed formats, the
+// first twice), flush (FlushLog), setname:<path> (FileName in the key),
+// state ("state:enabled=.. flags=.. filter=.. file=..").
 #include "vrk_trace.h"
 
 #include "msgbox_catcher.h"
