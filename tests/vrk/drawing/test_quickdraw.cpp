@@ -47,9 +47,9 @@ TEST(QuickDraw, CachesByKeySelectsOnlyWhatIsNotCurrentAndPutsTheDCBack) {
     EXPECT_TRUE(pLog == qd.GetFont(&lf) && pLog->m_hObject == Current(canvas, OBJ_FONT));
     EXPECT_TRUE(qd.IsSelected(pLog) && !qd.IsSelected(pPoint));
   }
-  EXPECT_EQ(::GetStockObject(BLACK_PEN), Current(canvas, OBJ_PEN));
-  EXPECT_EQ(::GetStockObject(WHITE_BRUSH), Current(canvas, OBJ_BRUSH));
-  EXPECT_EQ(hOldFont, Current(canvas, OBJ_FONT));
+  EXPECT_TRUE(Current(canvas, OBJ_PEN) == ::GetStockObject(BLACK_PEN) &&
+              Current(canvas, OBJ_BRUSH) == ::GetStockObject(WHITE_BRUSH) &&
+              Current(canvas, OBJ_FONT) == hOldFont);
 }
 
 TEST(QuickDraw, SelectObjectReturnsTheDCsPenFromBeforeTheFirstSelection) {
@@ -81,8 +81,8 @@ TEST(MemDC, FillsCopiesAndReleasesItsSurface) {
   PAINTSTRUCT ps = {NULL, FALSE, {1, 2, 3, 4}};
   VMemDC mem;
   ASSERT_EQ(1, mem.Create(&target.DC(), CRect(100, 100, 120, 110), blue, &ps));
-  ASSERT_TRUE(mem.GetPaintStruct() != NULL);
-  EXPECT_EQ(CRect(1, 2, 3, 4), CRect(mem.GetPaintStruct()->rcPaint));
+  ASSERT_TRUE(mem.GetPaintStruct() != NULL &&
+              CRect(mem.GetPaintStruct()->rcPaint) == CRect(1, 2, 3, 4));
   mem.FillSolidRect(0, 0, 5, 10, red); // a red left band
   ASSERT_EQ(1, mem.Copy(&target.DC(), CRect(10, 10, 30, 20)));
   EXPECT_TRUE(target.Count(red, CRect(10, 10, 15, 20)) == 50 && target.Count(red) == 50);
@@ -94,8 +94,7 @@ TEST(MemDC, FillsCopiesAndReleasesItsSurface) {
   CBitmap* pSurface = mem.Release();
   BITMAP bm;
   ASSERT_TRUE(pSurface != NULL && pSurface->GetBitmap(&bm) != 0);
-  EXPECT_TRUE(bm.bmWidth == 20 && bm.bmHeight == 10);
-  EXPECT_TRUE(mem.GetPaintStruct() == NULL && mem.Release() == NULL);
+  EXPECT_TRUE(bm.bmWidth == 20 && bm.bmHeight == 10 && !mem.GetPaintStruct() && !mem.Release());
 
   VMemDC grey; // no brush: the one selected in the target
   target.DC().SelectStockObject(GRAY_BRUSH);
@@ -106,8 +105,8 @@ TEST(MemDC, FillsCopiesAndReleasesItsSurface) {
   EXPECT_EQ(16, target.Count(RGB(128, 128, 128)));
   grey.Release();
   ::DeleteObject(grey.DetachBitmap());
-  EXPECT_EQ(0, VMemDC().Create(NULL, CRect(0, 0, 4, 4)));
-  EXPECT_EQ(0, VMemDC().Create(&target.DC(), CRect(0, 0, 0, 0))); // no surface of no size
+  EXPECT_EQ(0, VMemDC().Create(NULL, CRect(0, 0, 4, 4)) +
+                   VMemDC().Create(&target.DC(), CRect(0, 0, 0, 0))); // no surface of no size
 }
 
 } // namespace
