@@ -9,6 +9,7 @@
 
 #include "../drawing/drawing_testing.h"
 #include "coolmenu_testing.h"
+#include "user_input.h"
 
 #include <algorithm>
 
@@ -79,37 +80,13 @@ ON_MESSAGE(WM_APP, &CoolFrame::OnApp)
 ON_WM_NCDESTROY()
 END_MESSAGE_MAP()
 
-void Pump() {
-  for (int i = 0; i < 10; i++, ::Sleep(10)) {
-    MSG msg;
-    while (::PeekMessage(&msg, NULL, 0, 0, PM_REMOVE))
-      if (msg.message != WM_QUIT && !CWnd::WalkPreTranslateTree(NULL, &msg)) {
-        ::TranslateMessage(&msg);
-        ::DispatchMessage(&msg);
-      }
-  }
-}
+using user_input::Key;
+using user_input::Pump;
 
-// Keys as a user types them; the key after a VK_MENU is typed with Alt held.
-void Type(std::initializer_list<WORD> keys) {
-  std::vector<INPUT> inputs;
-  auto key = [&](WORD vk, DWORD dwFlags) {
-    INPUT in = {};
-    in.type = INPUT_KEYBOARD;
-    in.ki.wVk = vk;
-    in.ki.dwFlags = dwFlags;
-    inputs.push_back(in);
-  };
-  bool bAlt = false;
-  for (WORD vk : keys) {
-    if (vk == VK_MENU && (bAlt = true)) continue;
-    if (bAlt) key(VK_MENU, 0);
-    key(vk, 0);
-    key(vk, KEYEVENTF_KEYUP);
-    if (bAlt) key(VK_MENU, KEYEVENTF_KEYUP);
-    bAlt = false;
-  }
-  ::SendInput((UINT)inputs.size(), inputs.data(), sizeof(INPUT));
+// Alt+menu, then item: queued at once, so that the menu loop finds them.
+void ChooseFromMenuBar(WORD menu, WORD item) {
+  user_input::Send({Key(VK_MENU, 0), Key(menu, 0), Key(menu, KEYEVENTF_KEYUP),
+                    Key(VK_MENU, KEYEVENTF_KEYUP), Key(item, 0), Key(item, KEYEVENTF_KEYUP)});
 }
 
 // Ends a menu loop that input failed to end, so that a fault cannot hang.
@@ -187,8 +164,7 @@ TEST(CoolMenuToolbars, BothLayoutsOneButtonSizeAndRepeatedCommands) {
 TEST_F(CoolMenuTest, KeyboardOpensOwnerDrawnPopupsAndTheirItemsRun) {
   // Wine keeps the text of an item made owner-drawn and finds its mnemonic
   // itself (without WM_MENUCHAR, whose answers are checked further down).
-  Type({VK_MENU, 'F', 'O'});
-  Pump();
+  ChooseFromMenuBar('F', 'O');
   EXPECT_EQ((UINT)ID_FILE_OPEN, g_nLastCommand);
   EXPECT_TRUE(m_manager.m_nMeasured > 0 && m_manager.m_nDrawn > 0);
   const bool expected[] = {true, true, false, true, true, true, false}; // separator, SC_CLOSE
@@ -196,8 +172,7 @@ TEST_F(CoolMenuTest, KeyboardOpensOwnerDrawnPopupsAndTheirItemsRun) {
     EXPECT_EQ(expected[i], OwnerDrawn(Popup(0), i)) << i;
   EXPECT_STREQ("&New\tCtrl+N", m_manager.GetButtonInfo(ID_FILE_NEW)->strText);
   EXPECT_TRUE(m_manager.GetButtonInfo(0xF060) == NULL);
-  Type({VK_MENU, 'E', 'B'});
-  Pump();
+  ChooseFromMenuBar('E', 'B');
   EXPECT_EQ((UINT)ID_BANANA, g_nLastCommand);
 }
 
@@ -205,7 +180,8 @@ TEST_F(CoolMenuTest, ContextMenuKeepsItsOwnTextsAndTheSystemMenuIsLeftAlone) {
   Open(0);
   CMenu context;
   ASSERT_TRUE(context.LoadMenu(IDR_CONTEXT));
-  Type({VK_ESCAPE});
+  INPUT escape[] = {Key(VK_ESCAPE, 0), Key(VK_ESCAPE, KEYEVENTF_KEYUP)}; // for the loop below
+  ::SendInput(2, escape, sizeof(INPUT));
   context.GetSubMenu(0)->TrackPopupMenu(TPM_LEFTALIGN, 20, 20, m_pFrame);
   EXPECT_TRUE(OwnerDrawn(context.GetSubMenu(0), 0));
   EXPECT_STREQ("&Copy", m_manager.GetButtonInfo(ID_EDIT_COPY)->strText);

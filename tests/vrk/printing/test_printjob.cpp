@@ -17,43 +17,13 @@
 
 namespace {
 
-void Key(WORD vk, WORD wScan = 0, DWORD dwFlags = 0) {
-  INPUT in = {INPUT_KEYBOARD};
-  in.ki.wVk = vk;
-  in.ki.wScan = wScan;
-  in.ki.dwFlags = dwFlags;
-  ::SendInput(1, &in, sizeof(in));
-}
-void Pump() { // lets the thread take the input sent so far
-  MSG msg;
-  for (int i = 0; i < 5; i++, ::Sleep(5))
-    while (::PeekMessageA(&msg, NULL, 0, 0, PM_REMOVE))
-      ::TranslateMessage(&msg), ::DispatchMessageA(&msg);
-}
-void Press(WORD vk) { Key(vk), Key(vk, 0, KEYEVENTF_KEYUP); }
+typedef DialogDriver D;
 // Gives the control the focus; then Space (a box or a radio button), or
 // Home, Shift+End and the text typed over what the edit box held.
 void Use(HWND hDlg, int nID, const char* pszTyped = nullptr) {
-  ::SetFocus(::GetDlgItem(hDlg, nID));
-  Pump();
-  if (pszTyped == nullptr) return Press(VK_SPACE), Pump();
-  Press(VK_HOME), Key(VK_SHIFT), Press(VK_END), Key(VK_SHIFT, 0, KEYEVENTF_KEYUP);
-  for (const char* p = pszTyped; *p; p++)
-    Key(0, (BYTE)*p, KEYEVENTF_UNICODE), Key(0, (BYTE)*p, KEYEVENTF_UNICODE | KEYEVENTF_KEYUP);
-  Pump();
-}
-// The dialog driver's actions come as the dialog activates: the keys go
-// once it is shown.
-std::function<void()> g_later;
-void CALLBACK LaterProc(HWND, UINT, UINT_PTR id, DWORD) {
-  ::KillTimer(NULL, id);
-  g_later();
-}
-DialogDriver::Action Later(std::function<void(HWND)> f) {
-  return [f](HWND hDlg) {
-    g_later = [f, hDlg] { f(hDlg); };
-    ::SetTimer(NULL, 0, 50, &LaterProc);
-  };
+  D::Focus(hDlg, nID);
+  if (pszTyped == nullptr) return D::Key(VK_SPACE);
+  D::Key(VK_HOME), D::Key(VK_END, true), D::Type(pszTyped);
 }
 
 // A job that logs its steps and prints "Page N" on N pages.
@@ -151,22 +121,22 @@ TEST_F(PrintJob, DialogPaths) {
   const std::vector<std::string> kNone;
   const std::string file = dir.File("report.prn");
   std::string from, to, offered, filter;
-  auto ok = Later([](HWND) { Press(VK_RETURN); });
-  auto cancel = Later([](HWND) { Press(VK_ESCAPE); });
-  auto readRange = Later([&](HWND h) {
+  auto ok = D::WhenShown([](HWND) { D::Key(VK_RETURN); });
+  auto cancel = D::WhenShown([](HWND) { D::Key(VK_ESCAPE); });
+  auto readRange = D::WhenShown([&](HWND h) {
     from = DialogDriver::Text(::GetDlgItem(h, edt1));
     to = DialogDriver::Text(::GetDlgItem(h, edt2));
-    Press(VK_ESCAPE);
+    D::Key(VK_ESCAPE);
   });
-  auto page2 =
-      Later([](HWND h) { Use(h, rad3), Use(h, edt1, "2"), Use(h, edt2, "2"), Press(VK_RETURN); });
-  auto toFile = Later([](HWND h) { Use(h, chx1), Press(VK_RETURN); });
-  auto chooseFile = Later([&](HWND h) {
+  auto page2 = D::WhenShown(
+      [](HWND h) { Use(h, rad3), Use(h, edt1, "2"), Use(h, edt2, "2"), D::Key(VK_RETURN); });
+  auto toFile = D::WhenShown([](HWND h) { Use(h, chx1), D::Key(VK_RETURN); });
+  auto chooseFile = D::WhenShown([&](HWND h) {
     int nID = ::GetDlgItem(h, cmb13) != NULL ? cmb13 : edt1;
     offered = DialogDriver::Text(::GetDlgItem(h, nID));
     filter = DialogDriver::Text(::GetDlgItem(h, cmb1));
     Use(h, nID, dir.File("report").c_str()); // the default extension is added
-    Press(VK_RETURN);
+    D::Key(VK_RETURN);
   });
   const std::vector<std::string> k12 = {"Page 1", "Page 2"};
   struct {
