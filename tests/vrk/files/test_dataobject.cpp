@@ -31,7 +31,9 @@ TEST_F(DataObjectTest, ObjectsAndTextAreCachedAsTheirBlocks) {
   tagVMemAllocGrowth growth = {32, 0};
   CGlPlain plain;
   EXPECT_EQ(NULL, VrkCacheGlobalData(&m_source, ShapeFormat(), &plain, NULL, NULL));
-  EXPECT_FALSE(VrkCacheGlobalData(&m_source, (const char*)NULL, NULL));
+  EXPECT_FALSE(VrkCacheGlobalData(&m_source, (const char*)NULL, NULL) ||
+               VrkCacheGlobalData(NULL, "text", NULL) ||
+               VrkCacheGlobalData(NULL, ShapeFormat(), shape, NULL, NULL));
   ASSERT_NE((HGLOBAL)NULL, VrkCacheGlobalData(&m_source, ShapeFormat(), shape, NULL, &growth));
   ASSERT_TRUE(VrkCacheGlobalData(&m_source, "data object text", NULL));
   delete shape;
@@ -49,6 +51,8 @@ TEST_F(DataObjectTest, ObjectsAndTextAreCachedAsTheirBlocks) {
   EXPECT_TRUE(VrkGetGlobalData(&data, str, NULL));
   EXPECT_STREQ("data object text", str);
   EXPECT_EQ(NULL, VrkGetGlobalData(&data, CF_BITMAP, RUNTIME_CLASS(CGlShape), NULL));
+  EXPECT_EQ(NULL, VrkGetGlobalData(NULL, ShapeFormat(), RUNTIME_CLASS(CGlShape), NULL));
+  EXPECT_FALSE(VrkGetGlobalData(NULL, str, NULL));
 }
 
 TEST_F(DataObjectTest, ABitmapIsHandedToTheSourceAndReachesTheClipboard) {

@@ -27,13 +27,14 @@ void PutOnClipboard(const std::string& bytes) {
   CloseClipboard();
 }
 
-// 0 an object (used and deleted) or none, 1 an archive error, 2 another MFC
-// exception (a block that cannot be locked), 3 a memory exception: a
-// claimed length was believed.
+// 0 an object (used and deleted), 1 an archive error, 2 another MFC
+// exception (a block that cannot be locked), 3 a memory exception (a claimed
+// length was believed), 4 no object (a null tag, an empty block).
 template <class Fn> int Read(Fn read) {
   try {
     CObject* ob = read();
-    if (ob != NULL) ob->IsSerializable();
+    if (ob == NULL) return 4;
+    ob->IsSerializable();
     delete ob;
     return 0;
   } catch (CArchiveException* e) {
@@ -151,7 +152,7 @@ TEST_F(HostileBlocks, TenThousandDamagedBlocksNeverCrashOrOverallocate) {
     ASSERT_LT(AddressSpaceSqueeze::FreeBytes(), (SIZE_T)(128u << 20));
   }
   Mutator mutator(20261123);
-  int counts[4] = {0, 0, 0, 0};
+  int counts[5] = {0, 0, 0, 0, 0};
   for (int i = 0; i < 10000; i++) {
     const std::string bad = mutator.Mutate(goods[i % 2]);
     CRuntimeClass* const pClass = classes[i % 2];
