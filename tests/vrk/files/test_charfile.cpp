@@ -87,11 +87,9 @@ TEST(CharFileRead, WalksAFileAndLeavesItOpen) {
   reader.SetSection('[');
   EXPECT_EQ(1, reader.ReadFile());
   ASSERT_TRUE(reader.Current() != NULL);
-  EXPECT_NE(CFile::hFileNull, reader.Current()->m_hFile);
-  EXPECT_EQ(1, reader.FinishedWithFile());
+  EXPECT_TRUE(reader.Current()->m_hFile != CFile::hFileNull && reader.FinishedWithFile() == 1);
   // A second walk while the file is set is refused.
-  EXPECT_EQ(0, reader.ReadFile());
-  EXPECT_EQ(0, reader.ProcessLine(NULL));
+  EXPECT_EQ(0, reader.ReadFile() + reader.ProcessLine(NULL));
   // The file is open without sharing until closed.
   EXPECT_EQ(1, reader.CloseFile());
 
@@ -134,10 +132,8 @@ TEST(CharFileRead, UnendedOverlongEmptyAndMissingFiles) {
   EXPECT_EQ(0, unnamed.ReadFile());
   EXPECT_EQ(0u, catcher.Count()); // _access rules the missing file out before any open
   unsigned char b = 9;
-  EXPECT_EQ(0, unnamed.ReadOneByte(&b));
-  EXPECT_EQ(9, b);
-  EXPECT_EQ(0, unnamed.ReadLine(strLine));
-  EXPECT_TRUE(strLine.IsEmpty());
+  EXPECT_TRUE(unnamed.ReadOneByte(&b) == 0 && b == 9);
+  EXPECT_TRUE(unnamed.ReadLine(strLine) == 0 && strLine.IsEmpty());
 }
 
 } // namespace

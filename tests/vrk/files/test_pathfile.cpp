@@ -19,24 +19,21 @@ bool Exists(const std::string& path) { return _access(path.c_str(), 0) == 0; }
 TEST(PathCreateDirectory, CreatesTheChainAndReportsAnExistingOneAsFailure) {
   TempDir dir;
   std::string deep = dir.File("a\\b\\c");
-  SetLastError(0);
-  EXPECT_TRUE(VrkCreateDirectory(deep.c_str(), NULL));
-  EXPECT_TRUE(VrkIsDirectory(deep.c_str()));
+  EXPECT_TRUE(VrkCreateDirectory(deep.c_str(), NULL) && VrkIsDirectory(deep.c_str()));
   SetLastError(0);
   EXPECT_FALSE(VrkCreateDirectory(deep.c_str(), NULL));
   EXPECT_EQ((DWORD)ERROR_ALREADY_EXISTS, GetLastError());
   // A trailing separator and forward slashes work the same way.
-  EXPECT_TRUE(VrkCreateDirectory(dir.File("x/y\\").c_str(), NULL));
-  EXPECT_TRUE(VrkIsDirectory(dir.File("x\\y").c_str()));
-  EXPECT_FALSE(VrkCreateDirectory(NULL, NULL));
-  EXPECT_FALSE(VrkCreateDirectory(std::string(300, 'd').c_str(), NULL));
+  EXPECT_TRUE(VrkCreateDirectory(dir.File("x/y\\").c_str(), NULL) &&
+              VrkIsDirectory(dir.File("x\\y").c_str()));
+  EXPECT_FALSE(VrkCreateDirectory(NULL, NULL) ||
+               VrkCreateDirectory(std::string(300, 'd').c_str(), NULL));
   SetLastError(0);
   EXPECT_FALSE(VrkCreateDirectory("\\\\server", NULL)); // UNC without a folder
   EXPECT_EQ((DWORD)ERROR_DIRECTORY, GetLastError());
   // A later folder that cannot be made: what was made is rolled back.
   EXPECT_FALSE(VrkCreateDirectory(dir.File("new1\\new2\\bad<name>").c_str(), NULL));
-  EXPECT_NE(0u, GetLastError());
-  EXPECT_NE((DWORD)ERROR_ALREADY_EXISTS, GetLastError());
+  EXPECT_TRUE(GetLastError() != 0 && GetLastError() != ERROR_ALREADY_EXISTS) << GetLastError();
   EXPECT_FALSE(Exists(dir.File("new1")));
 }
 
@@ -91,8 +88,7 @@ TEST(PathTempName, FolderWithExtensionAndAdoptedNames) {
     VTempPathName temp(dir.Path().c_str(), "vt", "dir", TRUE, 0, TRUE);
     name = (const char*)temp;
     EXPECT_EQ(dir.Path(), temp.GetPath());
-    EXPECT_EQ(".dir", name.substr(name.size() - 4));
-    EXPECT_TRUE(VrkIsDirectory(name.c_str()));
+    EXPECT_TRUE(name.substr(name.size() - 4) == ".dir" && VrkIsDirectory(name.c_str())) << name;
     ASSERT_TRUE(TempDir::WriteBytes(name + "\\inside.txt", "i"));
   }
   EXPECT_FALSE(Exists(name));
@@ -101,10 +97,8 @@ TEST(PathTempName, FolderWithExtensionAndAdoptedNames) {
   {
     VTempPathName temp(dir.Path().c_str(), "vf", "dat", FALSE, 0, FALSE);
     name = (const char*)temp;
-    EXPECT_EQ(".dat", name.substr(name.size() - 4));
-    EXPECT_FALSE(Exists(name));
-    std::string tmp = name.substr(0, name.size() - 4) + ".tmp";
-    EXPECT_TRUE(Exists(tmp));
+    EXPECT_TRUE(name.substr(name.size() - 4) == ".dat" && !Exists(name)) << name;
+    EXPECT_TRUE(Exists(name.substr(0, name.size() - 4) + ".tmp"));
   }
 
   ASSERT_TRUE(TempDir::WriteBytes(dir.File("adopted.txt"), "a"));
