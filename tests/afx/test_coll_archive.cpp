@@ -77,38 +77,6 @@ TEST(CollArchive, ArraysOfValuesWriteCountThenRawElements) {
   EXPECT_EQ(0, back[0]);
 }
 
-TEST(CollArchive, StringCollectionsWriteArchiveStrings) {
-  CStringArray array;
-  array.Add("ab"), array.Add("");
-  EXPECT_EQ("02 00 02 61 62 00", Hex(Store(array)));
-  CStringList list;
-  list.AddTail("x"), list.AddTail("yz");
-  EXPECT_EQ("02 00 01 78 02 79 7A", Hex(Store(list)));
-  CArray<CString, const CString&> templ;
-  templ.Add(CString("hi"));
-  EXPECT_EQ("01 00 02 68 69", Hex(Store(templ)));
-  CMapStringToString map; // "a" sits in bucket 12, "b" in 13
-  map["b"] = "2", map["a"] = "1";
-  EXPECT_EQ("02 00 01 61 01 31 01 62 01 32", Hex(Store(map)));
-
-  CMapStringToString mapBack;
-  mapBack["stale"] = "gone?";
-  Load(Store(map), mapBack); // loading adds to what is there, as MFC does
-  EXPECT_EQ(3, mapBack.GetCount());
-  EXPECT_STREQ("2", mapBack["b"]);
-  CStringList listBack;
-  Load(Store(list), listBack);
-  EXPECT_STREQ("yz", listBack.GetTail());
-  CStringArray arrayBack;
-  arrayBack.Add("old");
-  arrayBack.Add("old");
-  arrayBack.Add("old");
-  Load(Store(array), arrayBack); // loading replaces
-  ASSERT_EQ(2, arrayBack.GetSize());
-  EXPECT_STREQ("ab", arrayBack[0]);
-  EXPECT_TRUE(arrayBack[1].IsEmpty());
-}
-
 TEST(CollArchive, ObjectCollectionsWriteObjectReferences) {
   CItem a(0x11), b(0x22);
   CObArray array;
@@ -148,21 +116,6 @@ TEST(CollArchive, ObjectCollectionsWriteObjectReferences) {
   CArray<CObject*, CObject*> templ; // CObject* elements go through WriteObject too
   templ.Add(&b);
   EXPECT_EQ(std::string("01 00 ") + kNewItemClass + " 22 00 00 00", Hex(Store(templ)));
-}
-
-TEST(CollArchive, TemplateMapWritesKeyThenValue) {
-  CMap<WORD, WORD, DWORD, DWORD> map;
-  map[5] = 0xAABBCCDD;
-  EXPECT_EQ("01 00 05 00 DD CC BB AA", Hex(Store(map)));
-  CMap<CString, LPCTSTR, int, int> names;
-  names["n"] = 2;
-  std::string stored = Store(names);
-  EXPECT_EQ("01 00 01 6E 02 00 00 00", Hex(stored));
-  CMap<CString, LPCTSTR, int, int> back;
-  Load(stored, back);
-  int v = 0;
-  EXPECT_TRUE(back.Lookup("n", v));
-  EXPECT_EQ(2, v);
 }
 
 // A 30-byte archive claiming count elements, the rest zero (empty strings,

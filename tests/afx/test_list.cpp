@@ -68,21 +68,6 @@ TEST(List, FindAndFindIndex) {
   EXPECT_EQ(second, l.FindIndex(3));
   EXPECT_EQ(NULL, l.FindIndex(4));
   EXPECT_EQ(NULL, l.FindIndex(-1));
-
-  CList<int, int> ints;
-  for (int i = 0; i < 5; i++)
-    ints.AddTail(i * 10);
-  POSITION pos = ints.Find(30);
-  ASSERT_TRUE(pos != NULL);
-  EXPECT_EQ(30, ints.GetAt(pos));
-  EXPECT_EQ(pos, ints.FindIndex(3));
-
-  CObList obs;
-  CStringList someObject;
-  obs.AddTail(&someObject);
-  obs.AddTail((CObject*)NULL);
-  EXPECT_EQ(obs.GetTailPosition(), obs.Find(NULL));
-  EXPECT_EQ(obs.GetHeadPosition(), obs.Find(&someObject));
 }
 
 TEST(List, AddingWholeListsIncludingItself) {
@@ -103,21 +88,6 @@ TEST(List, AddingWholeListsIncludingItself) {
   for (POSITION pos = b.GetHeadPosition(); pos != NULL;)
     s += char('0' + b.GetNext(pos));
   EXPECT_EQ("89898989", s);
-}
-
-TEST(List, ElementsAreConstructedAndDestroyed) {
-  Counted::Reset();
-  {
-    CList<Counted> l;
-    for (int i = 0; i < 25; i++)
-      l.AddTail(Counted(i));
-    EXPECT_EQ(25, Counted::s_live);
-    EXPECT_EQ(0, l.RemoveHead().value);
-    l.RemoveAt(l.FindIndex(5));
-    EXPECT_EQ(23, Counted::s_live);
-    EXPECT_EQ(7, l.GetAt(l.Find(Counted(7))).value);
-  }
-  EXPECT_EQ(0, Counted::s_live);
 }
 
 TEST(List, EmptyListsAndNullPositionsThrow) {

@@ -1,5 +1,5 @@
 // CMap and the non-template maps: lookup and insertion, MFC's hashes and the
-// iteration order they give, removal, the hash table's size and pairs.
+// iteration order they give, removal and bad positions.
 #include <afxtempl.h>
 #include <gtest/gtest.h>
 
@@ -108,58 +108,6 @@ TEST(Map, RemoveKeyAndRemoveAll) {
   EXPECT_EQ(0, m.GetCount());
   EXPECT_FALSE(m.Lookup("again", p));
   EXPECT_FALSE(m.RemoveKey("again"));
-}
-
-TEST(Map, HashTableSize) {
-  CMap<int, int, int, int> m;
-  m.InitHashTable(101);
-  EXPECT_EQ(101u, m.GetHashTableSize());
-  for (int i = 0; i < 300; i++)
-    m[i] = i * 2;
-  // Re-sizing a filled table keeps every entry.
-  m.InitHashTable(7, FALSE);
-  EXPECT_EQ(7u, m.GetHashTableSize());
-  EXPECT_EQ(300, m.GetCount());
-  int v = 0, found = 0;
-  for (int i = 0; i < 300; i++)
-    found += m.Lookup(i, v) && v == i * 2;
-  EXPECT_EQ(300, found);
-  m.RemoveAll();
-  EXPECT_EQ(7u, m.GetHashTableSize()); // the size outlives RemoveAll
-  m.InitHashTable(13, FALSE);
-  m[1] = 1; // allocated on demand
-  EXPECT_EQ(13u, m.GetHashTableSize());
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { m.InitHashTable(0); }));
-  EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { m.InitHashTable(0xFFFFFFF0u); }));
-  EXPECT_EQ(1, m[1]);
-}
-
-TEST(Map, PairsAndLookupKey) {
-  CMap<int, int, CString, const CString&> m;
-  m[4] = "four";
-  m[5] = "five";
-  CMap<int, int, CString, const CString&>::CPair* pair = m.PLookup(5);
-  ASSERT_TRUE(pair != NULL);
-  EXPECT_EQ(5, pair->key);
-  pair->value = "FIVE";
-  EXPECT_STREQ("FIVE", m[5]);
-  EXPECT_EQ(NULL, m.PLookup(6));
-  int n = 0;
-  for (const auto* p = m.PGetFirstAssoc(); p != NULL; p = m.PGetNextAssoc(p))
-    n += p->key;
-  EXPECT_EQ(9, n);
-
-  CMapStringToString s;
-  s["k"] = "v";
-  s.PLookup("k")->value = "w";
-  EXPECT_STREQ("w", s.PGetFirstAssoc()->value);
-  EXPECT_EQ(NULL, s.PGetNextAssoc(s.PGetFirstAssoc()));
-  char key[] = "k";
-  LPCTSTR stored = NULL;
-  ASSERT_TRUE(s.LookupKey(key, stored));
-  EXPECT_NE(key, stored); // the map's own copy
-  EXPECT_STREQ("k", stored);
-  EXPECT_FALSE(s.LookupKey("q", stored));
 }
 
 TEST(Map, BadPositionsAndKeysThrow) {

@@ -1,5 +1,5 @@
-// CMemFile and CSharedFile: growth, caller buffers, direct buffer access and
-// global memory handles.
+// CMemFile and CSharedFile: reads, writes and seeks past the end, caller
+// buffers and global memory handles.
 #include <afx.h>
 #include <afxadv.h>
 #include <gtest/gtest.h>
@@ -30,28 +30,6 @@ protected:
 };
 
 } // namespace
-
-TEST(MemFile, GrowsInWholeStepsOfGrowBytes) {
-  CCountingMemFile file(100);
-  file.Write("a", 1);
-  EXPECT_EQ(100u, file.lastRequest);
-  std::string block(150, 'b');
-  file.Write(block.data(), (UINT)block.size());
-  EXPECT_EQ(200u, file.lastRequest); // 151 bytes: two steps
-  file.Write(block.data(), 49);
-  EXPECT_EQ(200u, file.BufferSize()); // exactly full: no growth
-  file.Write("c", 1);
-  EXPECT_EQ(300u, file.BufferSize());
-  EXPECT_EQ(201u, file.GetLength());
-
-  CMemFile byDefault;
-  byDefault.Write("x", 1);
-  BYTE* start;
-  BYTE* max;
-  byDefault.SeekToBegin();
-  byDefault.GetBufferPtr(CFile::bufferWrite, 5000, (void**)&start, (void**)&max);
-  EXPECT_EQ(5000, max - start); // grew to 5120 (five steps of 1024)
-}
 
 TEST(MemFile, ReadWriteSeekAndLength) {
   CMemFile file;
@@ -106,28 +84,6 @@ TEST(MemFile, CallerBufferFixedOrGrowing) {
   free(p);
 }
 
-TEST(MemFile, DirectBufferProtocol) {
-  CMemFile file(16);
-  EXPECT_EQ((UINT)CFile::bufferDirect, file.GetBufferPtr(CFile::bufferCheck));
-  void* start;
-  void* max;
-  EXPECT_EQ(10u, file.GetBufferPtr(CFile::bufferWrite, 10, &start, &max));
-  memcpy(start, "0123456789", 10);
-  EXPECT_EQ(0u, file.GetLength()); // not yet committed
-  file.GetBufferPtr(CFile::bufferCommit, 10);
-  EXPECT_EQ(10u, file.GetLength());
-  EXPECT_EQ(10u, file.GetPosition());
-
-  file.Seek(4, CFile::begin);
-  EXPECT_EQ(6u, file.GetBufferPtr(CFile::bufferRead, 100, &start, &max));
-  EXPECT_EQ(0, memcmp(start, "456789", 6));
-  EXPECT_EQ(10u, file.GetPosition()); // reading moves past the window
-
-  CFile plain;
-  EXPECT_EQ(0u, plain.GetBufferPtr(CFile::bufferCheck));
-  EXPECT_EQ(RUNTIME_CLASS(CNotSupportedException), ThrownClass([&] { file.Duplicate(); }));
-}
-
 TEST(SharedFile, WritesIntoAGlobalBlockAndHandsItOver) {
   CSharedFile file;
   file.Write("clipboard", 9);
@@ -152,16 +108,4 @@ TEST(SharedFile, WritesIntoAGlobalBlockAndHandsItOver) {
   HGLOBAL h2 = again.Detach();
   EXPECT_GE(GlobalSize(h2), 14u);
   GlobalFree(h2);
-}
-
-TEST(SharedFile, FixedBlockRefusesToGrow) {
-  HGLOBAL h = GlobalAlloc(GMEM_MOVEABLE, 4);
-  ASSERT_TRUE(h != NULL);
-  CSharedFile file;
-  file.SetHandle(h, FALSE);
-  SIZE_T size = GlobalSize(h);
-  file.Seek((LONGLONG)size, CFile::begin);
-  EXPECT_EQ(RUNTIME_CLASS(CMemoryException), ThrownClass([&] { file.Write("x", 1); }));
-  EXPECT_EQ(size, file.GetLength());
-  // The file owns the block: closing frees it.
 }

@@ -52,15 +52,6 @@ TEST(RuntimeClass, SerializableOnlyWithASchema) {
   EXPECT_EQ(0xFFFFu, RUNTIME_CLASS(CShape)->m_wSchema);
 }
 
-TEST(RuntimeClass, CreatesOnlyCreatableClasses) {
-  CObject* pObject = RUNTIME_CLASS(CCircle)->CreateObject();
-  ASSERT_NE(nullptr, pObject);
-  EXPECT_TRUE(pObject->IsKindOf(RUNTIME_CLASS(CCircle)));
-  EXPECT_EQ(7, static_cast<CCircle*>(pObject)->m_radius);
-  delete pObject;
-  EXPECT_EQ(nullptr, RUNTIME_CLASS(CShape)->CreateObject());
-}
-
 TEST(RuntimeClass, FindsSerialClassesByName) {
   EXPECT_EQ(RUNTIME_CLASS(CLabel), CRuntimeClass::FromName("CLabel"));
   EXPECT_EQ(RUNTIME_CLASS(CLabel), CRuntimeClass::FromName(L"CLabel"));

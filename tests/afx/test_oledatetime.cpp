@@ -28,8 +28,6 @@ void ExpectParts(const COleDateTime& dt, int y, int mo, int d, int h, int mi, in
 
 } // namespace
 
-// ---- Construction and parts ------------------------------------------------------------
-
 TEST(OleDateTimeParts, FromPartsGivesTheOleDayNumberAndBack) {
   COleDateTime dt(2024, 2, 29, 13, 45, 10);
   ASSERT_EQ(COleDateTime::valid, dt.GetStatus());
@@ -39,57 +37,12 @@ TEST(OleDateTimeParts, FromPartsGivesTheOleDayNumberAndBack) {
   EXPECT_EQ(60, dt.GetDayOfYear());
 }
 
-TEST(OleDateTimeParts, BeforeDayZeroTheFractionCountsForwardsFromTheDay) {
-  COleDateTime dt(1899, 12, 29, 6, 0, 0);
-  EXPECT_DOUBLE_EQ(-1.25, dt.m_dt);
-  COleDateTime raw(-1.75);
-  ExpectParts(raw, 1899, 12, 29, 18, 0, 0);
-  COleDateTime old(1850, 7, 4, 0, 0, 0);
-  EXPECT_DOUBLE_EQ(-18076.0, old.m_dt);
-  EXPECT_EQ(5, old.GetDayOfWeek()); // a Thursday
-}
-
 TEST(OleDateTimeParts, TimesRoundToTheNearestSecondAcrossMidnight) {
   COleDateTime almost(kLeapDay + 86399.6 / 86400.0);
   ExpectParts(almost, 2024, 3, 1, 0, 0, 0);
   COleDateTime half(kLeapDay + 10.4 / 86400.0);
   ExpectParts(half, 2024, 2, 29, 0, 0, 10);
 }
-
-TEST(OleDateTimeParts, OtherSources) {
-  SYSTEMTIME st = {};
-  st.wYear = 2010;
-  st.wMonth = 12;
-  st.wDay = 31;
-  st.wHour = 23;
-  st.wMinute = 59;
-  st.wSecond = 58;
-  st.wMilliseconds = 999;
-  ExpectParts(COleDateTime(st), 2010, 12, 31, 23, 59, 58);
-
-  st.wMonth = 13;
-  EXPECT_EQ(COleDateTime::invalid, COleDateTime(st).GetStatus());
-
-  const WORD wDosDate = (WORD)(((2024 - 1980) << 9) | (2 << 5) | 29);
-  const WORD wDosTime = (WORD)((13 << 11) | (45 << 5) | (10 / 2));
-  COleDateTime dos(wDosDate, wDosTime);
-  EXPECT_EQ(COleDateTime::valid, dos.GetStatus());
-  EXPECT_DOUBLE_EQ(kLeapDay + kLeapTime, dos.m_dt);
-
-  VARIANT var;
-  VariantInit(&var);
-  var.vt = VT_R8;
-  var.dblVal = kLeapDay + 0.5;
-  ExpectParts(COleDateTime(var), 2024, 2, 29, 12, 0, 0);
-  var.vt = VT_NULL;
-  EXPECT_EQ(COleDateTime::null, COleDateTime(var).GetStatus());
-  var.vt = VT_BSTR;
-  var.bstrVal = SysAllocString(L"no date at all");
-  EXPECT_EQ(COleDateTime::invalid, COleDateTime(var).GetStatus());
-  VariantClear(&var);
-}
-
-// ---- Setting, range and status ---------------------------------------------------------
 
 TEST(OleDateTimeSet, RangeIsYear100To9999) {
   COleDateTime dt;
@@ -118,15 +71,6 @@ TEST(OleDateTimeSet, DaysOfTheMonthAndClockLimits) {
   EXPECT_EQ(1, dt.SetDateTime(2024, 1, 1, 0, 0, -1));
 }
 
-TEST(OleDateTimeSet, SetDateIsMidnightAndSetTimeIsDayZero) {
-  COleDateTime dt(2024, 2, 29, 13, 45, 10);
-  EXPECT_EQ(0, dt.SetDate(2024, 3, 1));
-  EXPECT_DOUBLE_EQ(kLeapDay + 1, dt.m_dt);
-  EXPECT_EQ(0, dt.SetTime(13, 45, 10));
-  EXPECT_DOUBLE_EQ(kLeapTime, dt.m_dt);
-  ExpectParts(dt, 1899, 12, 30, 13, 45, 10);
-}
-
 TEST(OleDateTimeSet, ARefusedValueLeavesTheDateAndTheAccessorsReportAnError) {
   COleDateTime dt(2024, 2, 29, 0, 0, 0);
   EXPECT_EQ(1, dt.SetTime(25, 0, 0));
@@ -145,8 +89,6 @@ TEST(OleDateTimeSet, ARefusedValueLeavesTheDateAndTheAccessorsReportAnError) {
   dt.SetStatus(COleDateTime::null);
   EXPECT_EQ(AFX_OLE_DATETIME_ERROR, dt.GetHour());
 }
-
-// ---- Formatting --------------------------------------------------------------------------
 
 TEST(OleDateTimeFormat, CodesNamesFlagsLiteralsAndStatus) {
   COleDateTime dt(2024, 2, 29, 13, 45, 10), early(1850, 7, 4, 9, 5, 0), invalid = dt, null = dt;
@@ -175,8 +117,6 @@ TEST(OleDateTimeFormat, CodesNamesFlagsLiteralsAndStatus) {
   EXPECT_STREQ("Invalid DateTime", invalid.Format());
   EXPECT_STREQ("", null.Format());
 }
-
-// ---- Parsing -------------------------------------------------------------------------------
 
 TEST(OleDateTimeParse, DatesAndTimesWithTheDefaults) {
   COleDateTime dt;
@@ -208,8 +148,6 @@ TEST(OleDateTimeParse, GarbageGivesFalseAndAnInvalidValue) {
   ExpectParts(dt, 1996, 1, 25, 8, 30, 0);
 }
 
-// ---- Arithmetic and comparison -----------------------------------------------------------
-
 TEST(OleDateTimeArithmetic, AddingSpansAcrossDayZero) {
   COleDateTime dt(1899, 12, 29, 6, 0, 0); // -1.25
   COleDateTime later = dt + COleDateTimeSpan(0, 12, 0, 0);
@@ -227,17 +165,6 @@ TEST(OleDateTimeArithmetic, AddingSpansAcrossDayZero) {
   EXPECT_DOUBLE_EQ(0.25, moving.m_dt);
   moving -= COleDateTimeSpan(1.5);
   ExpectParts(moving, 1899, 12, 28, 18, 0, 0);
-}
-
-TEST(OleDateTimeArithmetic, DifferenceIsTheRealTimeBetween) {
-  COleDateTime evening(1899, 12, 29, 18, 0, 0); // -1.75
-  COleDateTime morning(1899, 12, 30, 6, 0, 0);  // 0.25
-  COleDateTimeSpan span = morning - evening;
-  EXPECT_EQ(COleDateTimeSpan::valid, span.GetStatus());
-  EXPECT_DOUBLE_EQ(0.5, span.m_span);
-  EXPECT_EQ(12, span.GetHours());
-  COleDateTimeSpan years = COleDateTime(2024, 2, 29, 0, 0, 0) - COleDateTime(1850, 7, 4, 12, 0, 0);
-  EXPECT_DOUBLE_EQ(kLeapDay + 18076.0 - 0.5, years.m_span);
 }
 
 TEST(OleDateTimeArithmetic, StatusRules) {
@@ -283,8 +210,6 @@ TEST(OleDateTimeCompare, OrderFollowsTimeAlsoBeforeDayZeroAndEqualityTheStatus) 
   EXPECT_TRUE(n1 == n2);
 }
 
-// ---- Spans -----------------------------------------------------------------------------------
-
 // Days, hours, minutes and seconds, then the totals in hours and seconds.
 std::string SpanParts(const COleDateTimeSpan& ts) {
   char sz[80];
@@ -301,34 +226,4 @@ TEST(OleDateTimeSpan, PartsAndTotalsAlsoNegative) {
   EXPECT_EQ("-3 -1 -5 -12 / -73 h -263112 s", SpanParts(-ts));
   // Hours, minutes and seconds given as negatives reduce the days.
   EXPECT_DOUBLE_EQ(0.5, COleDateTimeSpan(1, -12, 0, 0).m_span);
-}
-
-TEST(OleDateTimeSpan, ArithmeticComparisonAndStatus) {
-  COleDateTimeSpan a(10.0), b(100.0);
-  b -= a;
-  EXPECT_EQ(90.0, b.GetTotalDays());
-  EXPECT_TRUE(a < b);
-  EXPECT_TRUE(b >= a);
-  EXPECT_TRUE(COleDateTimeSpan(0, 24, 0, 0) == COleDateTimeSpan(1.0));
-
-  COleDateTimeSpan bad(1.0), none(1.0);
-  bad.SetStatus(COleDateTimeSpan::invalid);
-  none.SetStatus(COleDateTimeSpan::null);
-  EXPECT_EQ(COleDateTimeSpan::invalid, (a + bad).GetStatus());
-  EXPECT_EQ(COleDateTimeSpan::null, (bad + none).GetStatus());
-  EXPECT_FALSE(bad == a);
-
-  // Beyond the distance between the first and last dates: invalid.
-  COleDateTimeSpan huge(4000000, 0, 0, 0);
-  EXPECT_EQ(COleDateTimeSpan::invalid, huge.GetStatus());
-}
-
-TEST(OleDateTimeSpan, Format) {
-  COleDateTimeSpan ts(3, 1, 5, 12);
-  EXPECT_STREQ("3 days 01:05:12", ts.Format("%D days %H:%M:%S"));
-  EXPECT_STREQ("100% %x", ts.Format("100%% %x"));
-  ts.SetStatus(COleDateTimeSpan::invalid);
-  EXPECT_STREQ("Invalid DateTimeSpan", ts.Format("%D"));
-  ts.SetStatus(COleDateTimeSpan::null);
-  EXPECT_STREQ("", ts.Format("%D"));
 }
