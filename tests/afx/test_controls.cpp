@@ -1,5 +1,5 @@
-// CCheckListBox against the real list box: its check states beside the
-// program's item data, clicks and the space bar, and the box it draws.
+// CCheckListBox against the real list box: clicks and the space bar, and the
+// box it draws.
 #include <afxcmn.h>
 #include <afxwin.h>
 #include <gtest/gtest.h>
@@ -29,33 +29,6 @@ protected:
   void TearDown() override { m_parent.DestroyWindow(); }
   CParentWnd m_parent;
 };
-
-TEST_F(ControlTest, CheckListKeepsStatesBesideTheProgramsItemData) {
-  CCheckListBox list;
-  ASSERT_TRUE(
-      list.Create(WS_CHILD | WS_VISIBLE | LBS_NOTIFY, CRect(0, 0, 150, 150), &m_parent, IDC_CTRL));
-  EXPECT_TRUE(list.GetStyle() & LBS_OWNERDRAWFIXED);
-  list.AddString("a");
-  list.AddString("b");
-  list.AddString("c");
-  list.SetItemData(0, 1234);
-  list.SetCheck(0, 1);
-  list.SetCheck(1, 2);
-  list.Enable(2, FALSE);
-  EXPECT_EQ(1234u, list.GetItemData(0)); // the program's data survives the check state
-  EXPECT_EQ(1, list.GetCheck(0));
-  EXPECT_EQ(2, list.GetCheck(1));
-  EXPECT_EQ(0, list.GetCheck(2));
-  EXPECT_FALSE(list.IsEnabled(2));
-  EXPECT_TRUE(list.IsEnabled(1));
-  EXPECT_EQ(0u, list.GetItemData(1));
-  EXPECT_EQ(0, list.GetCheck(99)); // no such item
-  list.SetCheck(99, 1);            // ignored
-  list.DeleteString(0);
-  EXPECT_EQ(2, list.GetCheck(0));
-  list.ResetContent(); // frees every item's block
-  EXPECT_EQ(0, list.GetCount());
-}
 
 TEST_F(ControlTest, CheckListClicksAndSpaceToggleAndNotify) {
   CCheckListBox list;

@@ -1,7 +1,7 @@
 // CFileDialog: the filter's bars turned into '\0' in m_ofn, the system's Save
-// As dialog driven as a user would (a name typed, OK or Cancel pressed) with
-// the chosen path's parts read back, the hook-based virtuals seeing the
-// dialog while it is shown, and the multiple-selection list walked safely.
+// As dialog driven as a user would with the chosen path's parts read back,
+// the hook-based virtuals seeing the dialog while it is shown, and the
+// multiple-selection list walked safely.
 #include <afxdlgs.h>
 #include <gtest/gtest.h>
 
@@ -80,16 +80,6 @@ TEST_F(FileDialogDriven, SaveAsGivesThePathAndItsParts) {
   EXPECT_EQ(NULL, dlg.m_hWnd);
 }
 
-TEST_F(FileDialogDriven, CancelLeavesTheInitialName) {
-  CFileDialog dlg(FALSE, NULL, "keep.dat");
-  dlg.m_ofn.lpstrInitialDir = m_dir.Path().c_str();
-  m_driver.Then([](HWND hDlg) { DialogDriver::Press(hDlg, IDCANCEL); });
-  EXPECT_EQ(IDCANCEL, dlg.DoModal());
-  EXPECT_EQ(1u, m_driver.Captions().size());
-  EXPECT_EQ(CString("keep.dat"), dlg.GetPathName());
-  EXPECT_EQ(0u, CommDlgExtendedError()); // a cancel, not a failure
-}
-
 // Records what the hook-based virtuals saw while the dialog was shown, and
 // refuses the first name it is offered.
 class CCheckingFileDialog : public CFileDialog {
@@ -137,25 +127,6 @@ TEST_F(FileDialogDriven, VirtualsSeeTheShownDialogAndCanRefuseAName) {
   EXPECT_EQ(CString(m_dir.File("first.log").c_str()), dlg.GetPathName());
   EXPECT_EQ(NULL, dlg.m_hWnd);
 }
-
-TEST_F(FileDialogDriven, OldStyleDialogReachesTheSameVirtuals) {
-  CCheckingFileDialog dlg;
-  dlg.m_ofn.Flags &= ~OFN_EXPLORER;
-  dlg.m_ofn.lpstrInitialDir = m_dir.Path().c_str();
-  m_driver.Then([](HWND hDlg) {
-    TypeAndOK("old.log")(hDlg);
-    DialogDriver::Press(hDlg, IDOK);
-  });
-  ASSERT_EQ(IDOK, dlg.DoModal());
-  EXPECT_EQ(1, dlg.m_nInit);
-  EXPECT_TRUE(dlg.m_bWindowAtInit);
-  EXPECT_EQ(0, dlg.m_nInitDone); // an explorer-style notification
-  EXPECT_EQ(2, dlg.m_nFileOK);
-  EXPECT_EQ(CString(), dlg.m_strFolderSeen);
-  EXPECT_EQ(CString(m_dir.File("old.log").c_str()), dlg.GetPathName());
-}
-
-// ---- Multiple selection ------------------------------------------------------------
 
 class FileDialogList : public ::testing::Test {
 protected:

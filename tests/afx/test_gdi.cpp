@@ -1,6 +1,6 @@
 // CDC and the GDI objects, checked on the pixels they draw and on the
-// handles they select: MFC's rule of output and attribute DCs, selection
-// through the handle map, sizes mapped, afx's own drawing and bad input.
+// handles they select: MFC's rule of output and attribute DCs, sizes mapped,
+// afx's own drawing and bad input.
 #include <gtest/gtest.h>
 
 #include <afxwin.h>
@@ -13,8 +13,6 @@ static const COLORREF kBlack = RGB(0, 0, 0);
 static const COLORREF kRed = RGB(255, 0, 0);
 static const COLORREF kGreen = RGB(0, 255, 0);
 static const COLORREF kBlue = RGB(0, 0, 255);
-
-// ---- GDI objects ------------------------------------------------------------
 
 TEST(GdiObject, OwnsItsHandleUntilDetached) {
   HGDIOBJ hBrush;
@@ -103,50 +101,6 @@ TEST(GdiObject, OverLongFaceNameIsCut) {
   EXPECT_FALSE(noFace.CreatePointFontIndirect(NULL));
 }
 
-// ---- Selection through the handle map ----------------------------------------
-
-TEST(DCSelect, PreviousObjectComesBackThroughTheMap) {
-  Canvas canvas(8, 8);
-  CDC& dc = canvas.DC();
-  CPen red(PS_SOLID, 1, kRed);
-  CPen* pOld = dc.SelectObject(&red);
-  ASSERT_TRUE(pOld != NULL);
-  // The stock pen has no permanent object: a temporary CGdiObject wraps it.
-  EXPECT_EQ(::GetStockObject(BLACK_PEN), pOld->m_hObject);
-  EXPECT_EQ(RUNTIME_CLASS(CGdiObject), pOld->GetRuntimeClass());
-  EXPECT_EQ(&red, dc.GetCurrentPen());
-  // Selecting the old one back returns the permanent object itself.
-  EXPECT_EQ(&red, dc.SelectObject(pOld));
-  EXPECT_EQ(::GetStockObject(BLACK_PEN), ::GetCurrentObject(dc.m_hDC, OBJ_PEN));
-
-  CGdiObject* pOldBrush = dc.SelectStockObject(GRAY_BRUSH);
-  EXPECT_EQ(::GetStockObject(WHITE_BRUSH), pOldBrush->m_hObject);
-  EXPECT_EQ(::GetStockObject(GRAY_BRUSH), dc.GetCurrentBrush()->m_hObject);
-  CGdiObject::DeleteTempMap();
-}
-
-TEST(DCSelect, FromHandleFindsTheAttachedObjectElseATemporary) {
-  Canvas canvas(2, 2);
-  EXPECT_EQ(&canvas.DC(), CDC::FromHandle(canvas.Handle()));
-  HDC hDC = ::CreateCompatibleDC(NULL);
-  CDC* pTemp = CDC::FromHandle(hDC);
-  ASSERT_TRUE(pTemp != NULL);
-  EXPECT_NE(&canvas.DC(), pTemp);
-  EXPECT_EQ(hDC, pTemp->m_hDC);
-  EXPECT_EQ(hDC, pTemp->m_hAttribDC);
-  CDC::DeleteTempMap();
-  EXPECT_EQ((DWORD)OBJ_MEMDC, ::GetObjectType(hDC)); // the temporary left the DC alone
-  ::DeleteDC(hDC);
-
-  CDC dc;
-  EXPECT_FALSE(dc.Attach(NULL));
-  EXPECT_FALSE(dc.DeleteDC());
-  CDC* volatile pNoDC = NULL;
-  EXPECT_EQ(NULL, pNoDC->GetSafeHdc());
-}
-
-// ---- Output and attribute DCs -------------------------------------------------
-
 // A CDC whose output goes to one canvas and whose attributes are read from
 // another, as print preview arranges them.
 class SplitDC : public ::testing::Test {
@@ -179,31 +133,6 @@ TEST_F(SplitDC, SettersChangeBothAndReturnTheAttributeValue) {
   EXPECT_EQ(OPAQUE, ::GetBkMode(m_output.Handle()));
 }
 
-TEST_F(SplitDC, GettersReadTheAttributeDC) {
-  ::SetBkColor(m_attrib.Handle(), kGreen);
-  ::SetBkColor(m_output.Handle(), kBlue);
-  EXPECT_EQ(kGreen, m_dc.GetBkColor());
-  ::SetViewportOrgEx(m_attrib.Handle(), 3, 4, NULL);
-  EXPECT_EQ(CPoint(3, 4), m_dc.GetViewportOrg());
-  // Conversions use the attribute DC's mapping too.
-  CPoint pt(1, 1);
-  m_dc.LPtoDP(&pt);
-  EXPECT_EQ(CPoint(4, 5), pt);
-
-  // Text is measured on the attribute DC unless asked for the output's.
-  CFont big;
-  ASSERT_TRUE(big.CreatePointFont(480, "Tahoma"));
-  HGDIOBJ hOld = ::SelectObject(m_attrib.Handle(), big.m_hObject);
-  SIZE expected;
-  ::GetTextExtentPoint32(m_attrib.Handle(), "Hg", 2, &expected);
-  EXPECT_EQ(CSize(expected), m_dc.GetTextExtent("Hg", 2));
-  EXPECT_LT(m_dc.GetOutputTextExtent(CString("Hg")).cy, expected.cy);
-  TEXTMETRIC tm;
-  m_dc.GetTextMetrics(&tm);
-  EXPECT_EQ(expected.cy, tm.tmHeight);
-  ::SelectObject(m_attrib.Handle(), hOld);
-}
-
 TEST_F(SplitDC, DrawingGoesToTheOutputOnly) {
   CPen red(PS_SOLID, 1, kRed);
   m_dc.SelectObject(&red);
@@ -219,27 +148,6 @@ TEST_F(SplitDC, DrawingGoesToTheOutputOnly) {
   m_dc.SelectStockObject(BLACK_PEN);
 }
 
-TEST_F(SplitDC, BitmapsGoIntoTheOutputOnly) {
-  CBitmap other;
-  ASSERT_TRUE(other.CreateBitmap(2, 2, 1, 32, NULL));
-  HGDIOBJ hAttribBitmap = ::GetCurrentObject(m_attrib.Handle(), OBJ_BITMAP);
-  CBitmap* pOld = m_dc.SelectObject(&other);
-  EXPECT_EQ(&m_output.Bitmap(), pOld);
-  EXPECT_EQ(hAttribBitmap, ::GetCurrentObject(m_attrib.Handle(), OBJ_BITMAP));
-  m_dc.SelectObject(pOld);
-}
-
-TEST_F(SplitDC, SaveDCOfTwoHandlesRestoresByMinusOne) {
-  m_dc.SetTextColor(kRed);
-  EXPECT_EQ(-1, m_dc.SaveDC());
-  m_dc.SetTextColor(kBlue);
-  EXPECT_TRUE(m_dc.RestoreDC(-1));
-  EXPECT_EQ(kRed, ::GetTextColor(m_output.Handle()));
-  EXPECT_EQ(kRed, ::GetTextColor(m_attrib.Handle()));
-}
-
-// ---- Mapping --------------------------------------------------------------------
-
 // Sizes are afx's own conversion: no origin and no direction.
 TEST(DCMapping, SizesUseOnlyTheExtentRatio) {
   Canvas canvas(2, 2);
@@ -254,19 +162,6 @@ TEST(DCMapping, SizesUseOnlyTheExtentRatio) {
   dc.DPtoLP(&size);
   EXPECT_EQ(CSize(10, 10), size);
 }
-
-TEST(DCMapping, HimetricSizesFollowTheResolution) {
-  Canvas canvas(2, 2);
-  CDC& dc = canvas.DC();
-  const int dpi = dc.GetDeviceCaps(LOGPIXELSX);
-  CSize size(dpi, dpi); // one inch of pixels
-  dc.DPtoHIMETRIC(&size);
-  EXPECT_EQ(2540, size.cx);
-  dc.HIMETRICtoDP(&size);
-  EXPECT_EQ(dpi, size.cx);
-}
-
-// ---- Drawing ----------------------------------------------------------------------
 
 TEST(DCDraw, FillSolidRectFillsExactlyAndLeavesTheBackgroundColour) {
   Canvas canvas(10, 10);
@@ -289,24 +184,6 @@ TEST(DCDraw, Draw3dRectGivesTheFarCornersToTheBottomRightColour) {
   EXPECT_EQ(11, canvas.Count(kBlue));
   EXPECT_EQ(16, canvas.Count(kWhite, CRect(3, 3, 7, 7))); // the inside is untouched
   EXPECT_EQ(0, canvas.CountNot(kWhite, CRect(0, 0, 10, 2)));
-}
-
-TEST(DCText, DrawTextMeasuresAndDrawsInsideTheRectangle) {
-  Canvas canvas(100, 40);
-  CDC& dc = canvas.DC();
-  CRect calc(0, 0, 0, 0);
-  int nHeight = dc.DrawText(CString("Hello"), &calc, DT_SINGLELINE | DT_CALCRECT);
-  EXPECT_EQ(calc.Height(), nHeight);
-  EXPECT_EQ(dc.GetTextExtent("Hello", 5).cx, calc.Width());
-  EXPECT_EQ(0, canvas.CountNot(kWhite, CRect(0, 0, 100, 40))); // measuring draws nothing
-
-  dc.SetTextColor(kBlue);
-  dc.SetBkMode(TRANSPARENT);
-  CRect box(10, 10, 90, 30);
-  EXPECT_GT(dc.DrawText("Hello", -1, &box, DT_SINGLELINE | DT_CENTER | DT_VCENTER), 0);
-  EXPECT_GT(canvas.Count(kBlue, box), 0);
-  EXPECT_EQ(canvas.Count(kBlue), canvas.Count(kBlue, box));
-  EXPECT_EQ(0, dc.DrawText(NULL, 3, &box, 0));
 }
 
 TEST(DCBadInput, NullArgumentsFailWithoutDrawing) {

@@ -1,7 +1,6 @@
 // Bitmap resources written into a scratch module: AfxLoadSysColorBitmap maps
 // the four standard colours to the system colours, keeps everything else and
-// refuses damaged resources; CBitmap and CImageList find bitmaps through the
-// resource handle.
+// refuses damaged resources.
 #include <gtest/gtest.h>
 
 #include <afxwin.h>
@@ -122,19 +121,6 @@ TEST(SysColorBitmap, StandardColoursBecomeSystemColours) {
   ::DeleteObject(hBitmap);
 }
 
-TEST(SysColorBitmap, MonoMakesOneBitPerPixel) {
-  TempDir dir;
-  ResourceModule module(dir);
-  module.Add(1, MakeDib(5, 1, 4, kColors, kRow, 5));
-  ASSERT_TRUE(module.Load() != NULL);
-  CBitmap bitmap;
-  bitmap.Attach(module.LoadSysColor(1, TRUE));
-  BITMAP bm;
-  ASSERT_EQ((int)sizeof(bm), bitmap.GetBitmap(&bm));
-  EXPECT_EQ(1, bm.bmBitsPixel);
-  EXPECT_EQ(5, bm.bmWidth);
-}
-
 TEST(SysColorBitmap, DamagedOrUnsuitableResourcesAreRefused) {
   TempDir dir;
   ResourceModule module(dir);
@@ -152,36 +138,4 @@ TEST(SysColorBitmap, DamagedOrUnsuitableResourcesAreRefused) {
   for (UINT nID = 1; nID <= 5; nID++)
     EXPECT_EQ(NULL, module.LoadSysColor(nID)) << "id " << nID;
   EXPECT_EQ(NULL, AfxLoadSysColorBitmap(NULL, NULL));
-}
-
-TEST(BitmapResource, FoundThroughTheResourceHandle) {
-  TempDir dir;
-  ResourceModule module(dir);
-  // Two 5 x 1 images of 4-bit pixels side by side would need width 10: use
-  // one strip 10 wide whose right half is red.
-  const std::vector<BYTE> row = {0x33, 0x33, 0x34, 0x44, 0x44, 0, 0, 0};
-  module.Add(300, MakeDib(10, 1, 4, kColors, row, 5));
-  HMODULE hModule = module.Load();
-  ASSERT_TRUE(hModule != NULL);
-
-  HINSTANCE hOld = AfxGetResourceHandle();
-  AfxSetResourceHandle(hModule);
-  CBitmap bitmap;
-  const BOOL bLoaded = bitmap.LoadBitmap(300);
-  CImageList list;
-  const BOOL bCreated = list.Create(300, 5, 0, RGB(0xFF, 0xFF, 0xFF));
-  CBitmap missing;
-  const BOOL bMissing = missing.LoadBitmap(301);
-  AfxSetResourceHandle(hOld);
-
-  ASSERT_TRUE(bLoaded);
-  BITMAP bm;
-  bitmap.GetBitmap(&bm);
-  EXPECT_EQ(10, bm.bmWidth);
-  std::vector<COLORREF> pixels = Pixels(bitmap, 10, 1);
-  EXPECT_EQ(RGB(0xFF, 0xFF, 0xFF), pixels[0]); // loaded as drawn, not remapped
-  EXPECT_EQ(RGB(0xFF, 0, 0), pixels[9]);
-  ASSERT_TRUE(bCreated);
-  EXPECT_EQ(2, list.GetImageCount());
-  EXPECT_FALSE(bMissing);
 }

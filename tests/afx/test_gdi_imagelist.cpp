@@ -1,5 +1,5 @@
 // CImageList: images cut from a bitmap with a mask colour, drawn onto a
-// memory DC pixel by pixel, and the handle map of image lists.
+// memory DC pixel by pixel.
 #include <gtest/gtest.h>
 
 #include <afxwin.h>
@@ -51,25 +51,4 @@ TEST_F(ImageListTest, AddCutsTheStripAndMasksTheColour) {
   EXPECT_EQ(0, canvas.Count(kRed));
   EXPECT_FALSE(m_list.Draw(NULL, 0, CPoint(0, 0), ILD_NORMAL));
   EXPECT_FALSE(m_list.Draw(&canvas.DC(), 5, CPoint(0, 0), ILD_NORMAL)); // no such image
-}
-
-TEST_F(ImageListTest, HandleMapAndOwnership) {
-  EXPECT_EQ(&m_list, CImageList::FromHandle(m_list.m_hImageList));
-  EXPECT_EQ(&m_list, CImageList::FromHandlePermanent(m_list.m_hImageList));
-
-  HIMAGELIST hLoose = ImageList_Create(2, 2, ILC_COLOR32, 1, 1);
-  EXPECT_EQ(NULL, CImageList::FromHandlePermanent(hLoose));
-  CImageList* pTemp = CImageList::FromHandle(hLoose);
-  ASSERT_TRUE(pTemp != NULL);
-  EXPECT_EQ(hLoose, pTemp->m_hImageList);
-  CImageList::DeleteTempMap();
-  EXPECT_EQ(0, ImageList_GetImageCount(hLoose)); // still a valid list
-  EXPECT_TRUE(ImageList_Destroy(hLoose));
-
-  HIMAGELIST hOwned = m_list.Detach();
-  EXPECT_EQ(NULL, m_list.m_hImageList);
-  EXPECT_EQ(NULL, CImageList::FromHandlePermanent(hOwned));
-  EXPECT_FALSE(m_list.DeleteImageList());
-  EXPECT_TRUE(m_list.Attach(hOwned));
-  EXPECT_EQ(-1, CImageList().Add(&m_strip, kMagenta)); // no list: nothing to add to
 }

@@ -1,7 +1,6 @@
 // Message maps for commands and notifications: command routing and ranges,
-// update handlers (CCmdUI on menus and controls), reflection of control
-// notifications, owner draw and colours to the control, exceptions in
-// command handlers.
+// update handlers on menus, reflection of control notifications, owner draw
+// and colours to the control, exceptions in command handlers.
 #include <afxwin.h>
 #include <gtest/gtest.h>
 
@@ -86,8 +85,6 @@ TEST_F(CommandTest, ExceptionInACommandHandlerIsReported) {
   EXPECT_EQ("Command failed.", catcher.Last().text);
 }
 
-// ---- CCmdUI -----------------------------------------------------------------------
-
 TEST_F(CommandTest, CmdUIOnAMenuEnablesChecksShowsTheDotAndSetsText) {
   CMenu menu;
   ASSERT_TRUE(menu.CreatePopupMenu());
@@ -127,33 +124,6 @@ TEST_F(CommandTest, CmdUIOnAMenuEnablesChecksShowsTheDotAndSetsText) {
   EXPECT_EQ(ID_ONE, menu.GetMenuItemID(0)); // the id is kept
 }
 
-TEST_F(CommandTest, CmdUIOnControlsAndUpdateDialogControls) {
-  HWND hCheck = ::CreateWindow("BUTTON", "c", WS_CHILD | BS_AUTOCHECKBOX, 0, 0, 50, 20,
-                               m_wnd.m_hWnd, (HMENU)(UINT_PTR)ID_ONE, NULL, NULL);
-  HWND hPush = ::CreateWindow("BUTTON", "p", WS_CHILD | BS_PUSHBUTTON, 0, 30, 50, 20, m_wnd.m_hWnd,
-                              (HMENU)(UINT_PTR)ID_UNHANDLED, NULL, NULL);
-  HWND hStatic = ::CreateWindow("STATIC", "old", WS_CHILD, 0, 60, 50, 20, m_wnd.m_hWnd,
-                                (HMENU)(UINT_PTR)ID_DISABLED, NULL, NULL);
-  CCmdUI state;
-  state.m_pOther = CWnd::FromHandle(hCheck);
-  state.m_nID = ID_ONE;
-  state.SetCheck(1);
-  EXPECT_EQ(BST_CHECKED, ::SendMessage(hCheck, BM_GETCHECK, 0, 0));
-  state.m_pOther = CWnd::FromHandle(hStatic);
-  state.SetText("new");
-  TCHAR sz[16];
-  ::GetWindowText(hStatic, sz, 16);
-  EXPECT_STREQ("new", sz);
-  state.SetCheck(1); // not a button: nothing happens, nothing breaks
-
-  m_wnd.UpdateDialogControls(&m_wnd, TRUE);
-  EXPECT_TRUE(::IsWindowEnabled(hCheck));   // has a handler
-  EXPECT_FALSE(::IsWindowEnabled(hPush));   // a push button without a handler
-  EXPECT_FALSE(::IsWindowEnabled(hStatic)); // disabled by its update handler
-}
-
-// ---- Reflection ----------------------------------------------------------------------
-
 class CReflectingButton : public CButton {
 public:
   std::vector<std::string>* pLog = nullptr;
@@ -179,19 +149,6 @@ ON_NOTIFY_REFLECT(NM_CUSTOM, &CReflectingButton::OnNotifyReflect)
 ON_WM_CTLCOLOR_REFLECT()
 END_MESSAGE_MAP()
 
-class CPassingButton : public CButton {
-public:
-  std::vector<std::string>* pLog = nullptr;
-  afx_msg BOOL OnClickedEx() {
-    pLog->push_back("Button saw click");
-    return FALSE; // the parent gets it too
-  }
-  DECLARE_MESSAGE_MAP()
-};
-BEGIN_MESSAGE_MAP(CPassingButton, CButton)
-ON_CONTROL_REFLECT_EX(BN_CLICKED, &CPassingButton::OnClickedEx)
-END_MESSAGE_MAP()
-
 TEST_F(CommandTest, ControlNotificationsAreReflectedToTheControl) {
   CReflectingButton button;
   button.pLog = &m_wnd.log;
@@ -208,15 +165,6 @@ TEST_F(CommandTest, ControlNotificationsAreReflectedToTheControl) {
   EXPECT_EQ(77, m_wnd.SendMessage(WM_NOTIFY, IDC_PLAIN, (LPARAM)&nmPlain));
   std::vector<std::string> expected = {"Button handled click", "Plain clicked",
                                        "Button handled notify", "Parent notify 102"};
-  EXPECT_EQ(expected, m_wnd.log);
-}
-
-TEST_F(CommandTest, ReflectExLetsTheParentHandleItToo) {
-  CPassingButton button;
-  button.pLog = &m_wnd.log;
-  ASSERT_TRUE(button.Create("b", WS_CHILD, CRect(0, 0, 50, 20), &m_wnd, IDC_BUTTON));
-  m_wnd.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_BUTTON, BN_CLICKED), (LPARAM)button.m_hWnd);
-  std::vector<std::string> expected = {"Button saw click", "Parent saw button"};
   EXPECT_EQ(expected, m_wnd.log);
 }
 
@@ -254,26 +202,6 @@ TEST_F(CommandTest, NotificationsWithBadHeadersAreIgnored) {
   NMHDR nm = {NULL, 5, NM_CUSTOM};
   EXPECT_EQ(0, m_wnd.SendMessage(WM_NOTIFY, 5, (LPARAM)&nm));
   EXPECT_TRUE(m_wnd.log.empty());
-}
-
-// ---- Menus -----------------------------------------------------------------------------
-
-TEST(Menu, HandleMapAndOwnership) {
-  HMENU hMenu = ::CreatePopupMenu();
-  CMenu* pTemp = CMenu::FromHandle(hMenu);
-  EXPECT_EQ(hMenu, pTemp->m_hMenu);
-  EXPECT_EQ(NULL, CMenu::FromHandlePermanent(hMenu));
-  AfxLockTempMaps();
-  AfxUnlockTempMaps(TRUE);
-  EXPECT_TRUE(::IsMenu(hMenu)); // the temporary did not destroy it
-  {
-    CMenu menu;
-    ASSERT_TRUE(menu.Attach(hMenu));
-    EXPECT_EQ(&menu, CMenu::FromHandle(hMenu));
-  }
-  EXPECT_FALSE(::IsMenu(hMenu)); // the owner destroyed it
-  CMenu* pNull = NULL;
-  EXPECT_EQ(NULL, pNull->GetSafeHmenu());
 }
 
 } // namespace

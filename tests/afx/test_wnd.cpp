@@ -130,16 +130,6 @@ TEST(WndCreate, CreateExAttachesBeforeWmCreateAndDestroyDetaches) {
   EXPECT_EQ(NULL, CWnd::FromHandlePermanent(hWnd));
 }
 
-TEST(WndCreate, PostNcDestroyMayDeleteTheObject) {
-  bool bDeleted = false;
-  CSelfDeleting* pWnd = new CSelfDeleting(&bDeleted);
-  ASSERT_TRUE(pWnd->CreateEx(0, NULL, "x", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
-  HWND hWnd = pWnd->m_hWnd;
-  ::DestroyWindow(hWnd); // through Windows, not the object
-  EXPECT_TRUE(bDeleted);
-  EXPECT_EQ(NULL, CWnd::FromHandlePermanent(hWnd));
-}
-
 // Refuses its creation by returning -1, or by throwing.
 class CRefuseCreate : public CWnd {
 public:
@@ -176,24 +166,6 @@ public:
   int nPostNcDestroy = 0;
   virtual void PostNcDestroy() { nPostNcDestroy++; }
 };
-
-TEST(WndCreate, PreCreateWindowAdjustsOrRefusesTheCreation) {
-  CAdjusting wnd;
-  ASSERT_TRUE(wnd.CreateEx(0, NULL, "asked", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
-  EXPECT_FALSE(wnd.IsWindowEnabled());
-  CString str;
-  wnd.GetWindowText(str);
-  EXPECT_STREQ("renamed", str);
-  wnd.DestroyWindow();
-  EXPECT_EQ(1, wnd.nPostNcDestroy);
-  CAdjusting refused;
-  refused.bRefuse = TRUE;
-  EXPECT_FALSE(refused.CreateEx(0, NULL, "x", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
-  EXPECT_EQ(1, refused.nPostNcDestroy); // as MFC: the object may clean itself up
-  EXPECT_EQ(NULL, refused.m_hWnd);
-}
-
-// ---- Handle maps ---------------------------------------------------------------
 
 TEST(WndHandleMap, TemporaryObjectsLiveUntilIdleAndNeverDestroyTheWindow) {
   HWND hWnd = CreatePlainWindow();
@@ -267,8 +239,6 @@ TEST(WndHandleMap, MapsArePerThread) {
   wnd.DestroyWindow();
 }
 
-// ---- Dispatch -----------------------------------------------------------------
-
 TEST(WndDispatch, HandlersAreFoundThroughBaseClassMaps) {
   CLevel3 wnd;
   ASSERT_TRUE(wnd.CreateEx(0, NULL, "d", WS_POPUP, 0, 0, 100, 80, NULL, NULL));
@@ -315,34 +285,6 @@ TEST(WndDispatch, CurrentMessageIsRestoredAfterANestedSend) {
   EXPECT_EQ(100, wnd.afterNested.lParam);
   wnd.DestroyWindow();
 }
-
-UINT g_nRegistered = ::RegisterWindowMessage("VrkTestRegisteredMessage");
-UINT g_nOtherRegistered = ::RegisterWindowMessage("VrkTestOtherRegisteredMessage");
-
-class CRegistered : public CWnd {
-public:
-  int nHits = 0;
-  afx_msg LRESULT OnRegistered(WPARAM w, LPARAM) {
-    nHits++;
-    return (LRESULT)w * 2;
-  }
-  DECLARE_MESSAGE_MAP()
-};
-BEGIN_MESSAGE_MAP(CRegistered, CWnd)
-ON_REGISTERED_MESSAGE(g_nRegistered, &CRegistered::OnRegistered)
-END_MESSAGE_MAP()
-
-TEST(WndDispatch, RegisteredMessagesMatchTheirVariable) {
-  ASSERT_GE(g_nRegistered, 0xC000u);
-  CRegistered wnd;
-  ASSERT_TRUE(wnd.CreateEx(0, NULL, "r", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
-  EXPECT_EQ(42, wnd.SendMessage(g_nRegistered, 21));
-  EXPECT_EQ(0, wnd.SendMessage(g_nOtherRegistered, 21));
-  EXPECT_EQ(1, wnd.nHits);
-  wnd.DestroyWindow();
-}
-
-// ---- Subclassing ----------------------------------------------------------------
 
 class CTextSpy : public CWnd {
 public:
@@ -409,8 +351,6 @@ TEST(WndSubclass, SubclassingANonWindowFails) {
   EXPECT_EQ(NULL, wnd.m_hWnd);
 }
 
-// ---- Relatives and wrappers -------------------------------------------------------
-
 class CCounter : public CWnd {
 public:
   int nHits = 0;
@@ -423,23 +363,6 @@ public:
 BEGIN_MESSAGE_MAP(CCounter, CWnd)
 ON_MESSAGE(WM_APP + 50, &CCounter::OnCount)
 END_MESSAGE_MAP()
-
-TEST(WndRelatives, SendMessageToDescendantsDeepAndShallow) {
-  CWnd top;
-  CCounter child, grandChild;
-  ASSERT_TRUE(top.CreateEx(0, NULL, "top", WS_POPUP, 0, 0, 200, 200, NULL, NULL));
-  ASSERT_TRUE(child.Create(NULL, "c", 0, CRect(0, 0, 50, 50), &top, 1));
-  ASSERT_TRUE(grandChild.Create(NULL, "g", 0, CRect(0, 0, 10, 10), &child, 2));
-  top.SendMessageToDescendants(WM_APP + 50, 0, 0, FALSE);
-  EXPECT_EQ(1, child.nHits);
-  EXPECT_EQ(0, grandChild.nHits);
-  top.SendMessageToDescendants(WM_APP + 50, 0, 0, TRUE, TRUE);
-  EXPECT_EQ(2, child.nHits);
-  EXPECT_EQ(1, grandChild.nHits);
-  top.DestroyWindow();
-}
-
-// ---- The thread's loop ---------------------------------------------------------------
 
 class CLoopThread : public CWinThread {
 public:
