@@ -12,8 +12,6 @@
 #define IDR_RICHDOC 0x0330
 
 #define ID_REFRESH 0x8201
-#define ID_ORPHAN 0x8202
-#define ID_GREYED 0x8203
 
 #ifndef RC_INVOKED
 #include <afxwin.h>

@@ -1,8 +1,7 @@
 // CControlBar in a plain parent window. RepositionBars: bars take their
 // strips from the edges in z-order, the left-over child gets exactly the
-// middle; queries measure without moving; extra borders, hidden and delayed
-// bars (the real toolbar and status bar are laid out in test_bar_frame.cpp).
-// Commands of controls on a bar reach the bar's owner.
+// middle; hidden and delayed bars take no room. Commands of controls on a
+// bar reach the bar's owner.
 #include <afxext.h>
 #include <gtest/gtest.h>
 
@@ -110,36 +109,6 @@ TEST_F(BarLayoutTest, BarsTakeTheEdgesInOrderAndTheViewGetsTheMiddle) {
   EXPECT_EQ(CRect(40, 30, 500, 180), RectInParent(m_view));
 }
 
-TEST_F(BarLayoutTest, QueryMeasuresWithoutMoving) {
-  CRect rect;
-  Layout(CWnd::reposQuery, &rect);
-  EXPECT_EQ(CRect(40, 30, 400, 280), rect);
-  EXPECT_EQ(CRect(0, 0, 0, 0), RectInParent(m_top));
-  EXPECT_EQ(CRect(0, 0, 10, 10), RectInParent(m_view));
-
-  // Without stretching: the room the bars want, stacked.
-  m_parent.RepositionBars(AFX_IDW_CONTROLBAR_FIRST, AFX_IDW_CONTROLBAR_LAST, AFX_IDW_PANE_FIRST,
-                          CWnd::reposQuery, &rect, NULL, FALSE);
-  EXPECT_EQ(CRect(0, 0, 120 + 40, 30 + 20), rect);
-
-  // Inside a given rectangle.
-  CRect rectClient(10, 10, 210, 110);
-  m_parent.RepositionBars(AFX_IDW_CONTROLBAR_FIRST, AFX_IDW_CONTROLBAR_LAST, AFX_IDW_PANE_FIRST,
-                          CWnd::reposQuery, &rect, &rectClient);
-  EXPECT_EQ(CRect(50, 40, 210, 90), rect);
-}
-
-TEST_F(BarLayoutTest, ExtraBordersAndTheViewLeftInPlace) {
-  CRect rectBorder(5, 6, 7, 8);
-  Layout(CWnd::reposExtra, &rectBorder);
-  EXPECT_EQ(CRect(45, 36, 393, 272), RectInParent(m_view));
-
-  m_view.MoveWindow(1, 2, 3, 4);
-  Layout(CWnd::reposDefault | CWnd::reposNoPosLeftOver);
-  EXPECT_EQ(CRect(1, 2, 4, 6), RectInParent(m_view));
-  EXPECT_EQ(CRect(0, 280, 400, 300), RectInParent(m_bottom));
-}
-
 TEST_F(BarLayoutTest, HiddenDelayedAndForeignChildrenTakeNoRoom) {
   m_top.ShowWindow(SW_HIDE);
   Layout();
@@ -169,23 +138,6 @@ TEST_F(BarLayoutTest, HiddenDelayedAndForeignChildrenTakeNoRoom) {
   Layout();
   EXPECT_EQ(CRect(40, 30, 400, 300), RectInParent(m_view));
   EXPECT_EQ(CRect(0, 0, 0, 0), RectInParent(other));
-}
-
-TEST_F(BarLayoutTest, BarsNeverTakeMoreThanIsLeft) {
-  m_parent.SetWindowPos(NULL, 0, 0, 400, 40, SWP_NOMOVE | SWP_NOZORDER);
-  Layout();
-  EXPECT_EQ(CRect(0, 0, 400, 30), RectInParent(m_top));
-  EXPECT_EQ(CRect(0, 30, 400, 40), RectInParent(m_bottom)); // 10 of its 20 pixels
-  EXPECT_EQ(0, RectInParent(m_view).Height());
-}
-
-TEST_F(BarLayoutTest, ViewWithClientEdgeKeepsTheEdgeInside) {
-  CWnd edged;
-  m_view.DestroyWindow();
-  ASSERT_TRUE(edged.CreateEx(WS_EX_CLIENTEDGE, NULL, NULL, WS_CHILD | WS_VISIBLE,
-                             CRect(0, 0, 10, 10), &m_parent, AFX_IDW_PANE_FIRST));
-  Layout();
-  EXPECT_EQ(CRect(40, 30, 400, 280), RectInParent(edged));
 }
 
 TEST_F(BarLayoutTest, ControlsOnABarReachTheOwner) {

@@ -1,7 +1,7 @@
 // CStatusBar against the real status bar control: indicator texts and pane
-// widths read back from the control (SB_GETTEXT, SB_GETPARTS), the window
-// text as the message pane, an owner-drawn pane painted and read back, and
-// idle updates of the indicators.
+// widths read back from the control (SB_GETTEXT, SB_GETPARTS), bad indexes
+// and idle updates of the indicators. Owner-drawn panes are drawn and read
+// back by VStatusBar's tests.
 #include <afxext.h>
 #include <gtest/gtest.h>
 
@@ -47,16 +47,6 @@ public:
   std::vector<CRect> m_rects;
   std::vector<CString> m_texts;
 };
-
-// A bar that updates one of its panes itself, before its owner is asked.
-class CSelfUpdatingBar : public CStatusBar {
-public:
-  afx_msg void OnUpdateLine(CCmdUI* pCmdUI) { pCmdUI->SetText("own"); }
-  DECLARE_MESSAGE_MAP()
-};
-BEGIN_MESSAGE_MAP(CSelfUpdatingBar, CStatusBar)
-ON_UPDATE_COMMAND_UI(IDS_LINE, &CSelfUpdatingBar::OnUpdateLine)
-END_MESSAGE_MAP()
 
 int TextWidth(LPCTSTR lpsz) {
   HDC hDC = ::GetDC(NULL);
@@ -151,42 +141,6 @@ TEST_F(StatusBarTest, MissingStringOrTooManyPanesKeepTheOldIndicators) {
   EXPECT_EQ("NUM", Shown(early, 2));
 }
 
-TEST_F(StatusBarTest, WindowTextIsTheMessagePane) {
-  CStatusBar bar;
-  Place(bar);
-  bar.SetWindowText("Ready");
-  EXPECT_EQ("Ready", Shown(bar, 0));
-  EXPECT_EQ("Ready", bar.GetPaneText(0));
-  CString str;
-  bar.GetWindowText(str);
-  EXPECT_EQ("Ready", str);
-  EXPECT_EQ(5, bar.GetWindowTextLength());
-  char sz[4];
-  EXPECT_EQ(3, bar.GetWindowText(sz, sizeof(sz))); // bounded by the buffer
-  EXPECT_STREQ("Rea", sz);
-
-  // Without an ID_SEPARATOR pane there is no message pane.
-  const UINT noMessage[] = {ID_INDICATOR_CAPS};
-  ASSERT_TRUE(bar.SetIndicators(noMessage, 1));
-  EXPECT_FALSE(::SetWindowText(bar.m_hWnd, "lost"));
-  EXPECT_EQ(0, bar.GetWindowTextLength());
-  EXPECT_EQ("CAP", Shown(bar, 0));
-}
-
-TEST_F(StatusBarTest, PaneTextUpdatesNowOrAtTheNextUpdate) {
-  CStatusBar bar;
-  Place(bar);
-  EXPECT_TRUE(bar.SetPaneText(3, "Ln 7, Col 1"));
-  EXPECT_EQ("Ln 7, Col 1", Shown(bar, 3));
-  EXPECT_TRUE(bar.SetPaneText(3, "Ln 8, Col 1", FALSE));
-  EXPECT_EQ("Ln 7, Col 1", Shown(bar, 3));
-  EXPECT_EQ("Ln 8, Col 1", bar.GetPaneText(3));
-  bar.UpdateAllPanes(FALSE, FALSE);
-  EXPECT_EQ("Ln 8, Col 1", Shown(bar, 3));
-  EXPECT_TRUE(bar.SetPaneText(3, NULL));
-  EXPECT_EQ("", Shown(bar, 3));
-}
-
 TEST_F(StatusBarTest, IndexOutsideThePanesIsAnInvalidArgument) {
   CStatusBar bar;
   Place(bar);
@@ -197,51 +151,6 @@ TEST_F(StatusBarTest, IndexOutsideThePanesIsAnInvalidArgument) {
   EXPECT_EQ(RUNTIME_CLASS(CInvalidArgException), ThrownClass([&] { bar.GetItemID(4); }));
   CRect rect;
   EXPECT_EQ(RUNTIME_CLASS(CInvalidArgException), ThrownClass([&] { bar.GetItemRect(4, &rect); }));
-}
-
-TEST_F(StatusBarTest, OwnerDrawnPaneIsDrawnInItsRectangle) {
-  CPaintingStatusBar bar;
-  Place(bar);
-  bar.SetPaneStyle(2, SBPS_OWNERDRAW);
-  CRect rectPane;
-  bar.GetItemRect(2, &rectPane);
-  ASSERT_FALSE(rectPane.IsRectEmpty());
-
-  // The control paints into a white bitmap; its parent's WM_DRAWITEM comes
-  // back to the bar's DrawItem.
-  CRect rectBar;
-  bar.GetClientRect(&rectBar);
-  HDC hdcScreen = ::GetDC(NULL);
-  HDC hdc = ::CreateCompatibleDC(hdcScreen);
-  HBITMAP hbm = ::CreateCompatibleBitmap(hdcScreen, rectBar.Width(), rectBar.Height());
-  ::ReleaseDC(NULL, hdcScreen);
-  HGDIOBJ hOld = ::SelectObject(hdc, hbm);
-  ::PatBlt(hdc, 0, 0, rectBar.Width(), rectBar.Height(), WHITENESS);
-  bar.m_items.clear();
-  bar.m_rects.clear();
-  bar.m_texts.clear();
-  bar.SendMessage(WM_PAINT, (WPARAM)hdc);
-
-  ASSERT_EQ(1u, bar.m_items.size());
-  EXPECT_EQ(2u, bar.m_items[0]);
-  EXPECT_EQ("NUM", bar.m_texts[0]);
-  CRect rectItem = bar.m_rects[0];
-  EXPECT_EQ(rectPane, rectItem);
-  // Red inside the item, nowhere in the other panes.
-  int nRed = 0, nRedOutside = 0;
-  for (int y = 0; y < rectBar.Height(); y++)
-    for (int x = 0; x < rectBar.Width(); x++) {
-      if (::GetPixel(hdc, x, y) != kRed) continue;
-      if (rectItem.PtInRect(CPoint(x, y)))
-        nRed++;
-      else
-        nRedOutside++;
-    }
-  ::SelectObject(hdc, hOld);
-  ::DeleteObject(hbm);
-  ::DeleteDC(hdc);
-  EXPECT_EQ(rectItem.Width() * rectItem.Height(), nRed);
-  EXPECT_EQ(0, nRedOutside);
 }
 
 TEST_F(StatusBarTest, IdleUpdateEnablesChecksAndSetsIndicatorTexts) {
@@ -274,40 +183,6 @@ TEST_F(StatusBarTest, IdleUpdateEnablesChecksAndSetsIndicatorTexts) {
   m_parent.m_strLine = "Ln 44";
   bar.SendMessage(WM_IDLEUPDATECMDUI, TRUE);
   EXPECT_EQ("Ln 43", Shown(bar, 3));
-}
-
-TEST_F(StatusBarTest, BarsOwnUpdateHandlerComesFirst) {
-  CSelfUpdatingBar bar;
-  Place(bar);
-  bar.SendMessage(WM_IDLEUPDATECMDUI, TRUE);
-  EXPECT_EQ("own", Shown(bar, 3));
-  EXPECT_EQ("", Shown(bar, 1)); // the owner still updates the rest
-}
-
-TEST(StatusBarGrip, SizeableParentGetsAGripThatLetsTheMouseThrough) {
-  CWnd parent;
-  ASSERT_TRUE(parent.CreateEx(0, NULL, "sizeable", WS_POPUP | WS_THICKFRAME | WS_VISIBLE, 0, 0, 300,
-                              200, NULL, NULL));
-  CStatusBar bar;
-  ASSERT_TRUE(bar.Create(&parent));
-  EXPECT_TRUE(bar.GetStyle() & SBARS_SIZEGRIP);
-  parent.RepositionBars(0, 0xFFFF, 0);
-  CRect rect;
-  bar.GetWindowRect(&rect);
-  LPARAM lCorner = MAKELPARAM(rect.right - 2, rect.bottom - 2);
-  // The control itself calls the corner the bottom-right sizing border.
-  EXPECT_EQ(HTBOTTOMRIGHT, bar.DefWindowProc(WM_NCHITTEST, 0, lCorner));
-  EXPECT_EQ(HTTRANSPARENT, bar.SendMessage(WM_NCHITTEST, 0, lCorner));
-  LPARAM lMiddle = MAKELPARAM(rect.left + 5, rect.top + 5);
-  EXPECT_EQ(HTCLIENT, bar.SendMessage(WM_NCHITTEST, 0, lMiddle));
-  parent.DestroyWindow();
-
-  // A parent of fixed size: no grip.
-  ASSERT_TRUE(parent.CreateEx(0, NULL, "fixed", WS_POPUP, 0, 0, 300, 200, NULL, NULL));
-  CStatusBar plain;
-  ASSERT_TRUE(plain.Create(&parent));
-  EXPECT_FALSE(plain.GetStyle() & SBARS_SIZEGRIP);
-  parent.DestroyWindow();
 }
 
 } // namespace

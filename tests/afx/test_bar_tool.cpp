@@ -1,6 +1,6 @@
 // CToolBar against the real toolbar control: buttons, separators and images
-// from a toolbar resource (type 241) and its bitmap, malformed resources,
-// idle updates of the enabled and checked states, and the bar's size.
+// from a toolbar resource (type 241) and its bitmap, malformed resources and
+// idle updates of the enabled and checked states.
 #include <afxext.h>
 #include <gtest/gtest.h>
 
@@ -113,13 +113,6 @@ TEST_F(ToolBarTest, ResourceGivesButtonsSeparatorsAndImages) {
   EXPECT_EQ(3, ::ImageList_GetImageCount((HIMAGELIST)m_bar.SendMessage(TB_GETIMAGELIST)));
 }
 
-TEST_F(ToolBarTest, TrueColourBitmapIsLoadedAsItIs) {
-  ASSERT_TRUE(m_bar.LoadToolBar(IDR_TOOLBAR_24BIT));
-  EXPECT_EQ(3, m_bar.GetCount());
-  EXPECT_EQ(3, ::ImageList_GetImageCount((HIMAGELIST)m_bar.SendMessage(TB_GETIMAGELIST)));
-  EXPECT_EQ(RGB(0, 255, 0), ImageColour(m_bar, 1));
-}
-
 TEST_F(ToolBarTest, MalformedOrMissingResourcesAreRefused) {
   EXPECT_FALSE(m_bar.LoadToolBar(IDR_TOOLBAR_BADVERSION));
   EXPECT_FALSE(m_bar.LoadToolBar(IDR_TOOLBAR_TRUNCATED));
@@ -156,102 +149,6 @@ TEST_F(ToolBarTest, IdleUpdateSetsEnabledAndCheckedStates) {
   m_parent.m_nCheckC = 0;
   m_bar.SendMessage(WM_IDLEUPDATECMDUI, TRUE);
   EXPECT_EQ(0, State(ID_TOOL_C) & (TBSTATE_CHECKED | TBSTATE_INDETERMINATE));
-}
-
-TEST_F(ToolBarTest, FlyByPromptsFollowTheMouse) {
-  ASSERT_TRUE(m_bar.LoadToolBar(IDR_TOOLBAR));
-  m_parent.RepositionBars(0, 0xFFFF, 0);
-  CRect rectB, rectSep;
-  m_bar.GetItemRect(1, &rectB);
-  m_bar.GetItemRect(2, &rectSep);
-  // Without CBRS_FLYBY the owner hears nothing.
-  m_bar.SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(rectB.CenterPoint().x, rectB.CenterPoint().y));
-  EXPECT_TRUE(m_parent.m_prompts.empty());
-
-  m_bar.SetBarStyle(m_bar.GetBarStyle() | CBRS_FLYBY);
-  m_bar.SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(rectB.CenterPoint().x + 1, rectB.CenterPoint().y));
-  m_bar.SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(rectB.CenterPoint().x, rectB.CenterPoint().y));
-  m_bar.SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(rectSep.CenterPoint().x, rectSep.CenterPoint().y));
-  m_bar.SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(rectB.CenterPoint().x, rectB.CenterPoint().y));
-  m_bar.SendMessage(WM_MOUSELEAVE);
-  m_bar.SendMessage(WM_MOUSELEAVE); // nothing shown: nothing to take back
-  typedef std::pair<UINT, UINT> Prompt;
-  std::vector<Prompt> expected;
-  expected.push_back(Prompt(WM_SETMESSAGESTRING, ID_TOOL_B)); // once for the button
-  expected.push_back(Prompt(WM_POPMESSAGESTRING, AFX_IDS_IDLEMESSAGE));
-  expected.push_back(Prompt(WM_SETMESSAGESTRING, ID_TOOL_B));
-  expected.push_back(Prompt(WM_POPMESSAGESTRING, AFX_IDS_IDLEMESSAGE));
-  EXPECT_EQ(expected, m_parent.m_prompts);
-}
-
-TEST(ToolBarTips, ButtonTipIsTheTextAfterThePrompt) {
-  CWnd parent;
-  ASSERT_TRUE(parent.CreateEx(0, NULL, "host", WS_POPUP, 0, 0, 300, 100, NULL, NULL));
-  CToolBar bar;
-  ASSERT_TRUE(bar.Create(&parent, WS_CHILD | WS_VISIBLE | CBRS_TOP | CBRS_TOOLTIPS));
-  ASSERT_TRUE(bar.LoadToolBar(IDR_TOOLBAR));
-  EXPECT_TRUE(bar.GetStyle() & TBSTYLE_TOOLTIPS);
-  HWND hWndTip = (HWND)bar.SendMessage(TB_GETTOOLTIPS);
-  ASSERT_TRUE(hWndTip != NULL);
-
-  // What the tool tip asks the toolbar, in both character sets.
-  TOOLTIPTEXTA ttA = {};
-  ttA.hdr.hwndFrom = hWndTip;
-  ttA.hdr.idFrom = ID_TOOL_A;
-  ttA.hdr.code = TTN_NEEDTEXTA;
-  bar.SendMessage(WM_NOTIFY, 0, (LPARAM)&ttA);
-  EXPECT_STREQ("Tool A", ttA.lpszText);
-  TOOLTIPTEXTW ttW = {};
-  ttW.hdr.hwndFrom = hWndTip;
-  ttW.hdr.idFrom = ID_TOOL_A;
-  ttW.hdr.code = TTN_NEEDTEXTW;
-  bar.SendMessage(WM_NOTIFY, 0, (LPARAM)&ttW);
-  EXPECT_TRUE(ttW.lpszText != NULL && lstrcmpW(L"Tool A", ttW.lpszText) == 0);
-  // A prompt without a tip part, or no string at all: no tip.
-  TOOLTIPTEXTA ttB = {};
-  ttB.hdr.hwndFrom = hWndTip;
-  ttB.hdr.idFrom = ID_TOOL_B;
-  ttB.hdr.code = TTN_NEEDTEXTA;
-  bar.SendMessage(WM_NOTIFY, 0, (LPARAM)&ttB);
-  EXPECT_EQ('\0', ttB.szText[0]);
-  EXPECT_TRUE(ttB.lpszText == NULL || ttB.lpszText[0] == '\0');
-  parent.DestroyWindow();
-}
-
-TEST_F(ToolBarTest, SizeIsOneRowOrColumnOfButtons) {
-  ASSERT_TRUE(m_bar.LoadToolBar(IDR_TOOLBAR));
-  // Three 23 x 22 buttons, a six-pixel separator, the bar's margins and the
-  // control's own space above its first button.
-  CRect rectFirst;
-  m_bar.GetItemRect(0, &rectFirst);
-  int cxMargins = m_bar.m_cxLeftBorder + m_bar.m_cxRightBorder + rectFirst.left;
-  int cyMargins = m_bar.m_cyTopBorder + m_bar.m_cyBottomBorder + rectFirst.top;
-  EXPECT_EQ(CSize(3 * 23 + 6 + cxMargins, 22 + cyMargins), m_bar.CalcFixedLayout(FALSE, TRUE));
-  EXPECT_EQ(CSize(23 + cxMargins, 3 * 22 + 6 + cyMargins), m_bar.CalcFixedLayout(FALSE, FALSE));
-  // A column wraps after every button; the control stacks them.
-  EXPECT_EQ((UINT)(TBBS_BUTTON | TBBS_WRAPPED), m_bar.GetButtonStyle(0));
-  EXPECT_EQ((UINT)TBBS_BUTTON, m_bar.GetButtonStyle(3));
-  m_bar.MoveWindow(0, 0, 23 + cxMargins, 200);
-  CRect rect0, rect1;
-  m_bar.GetItemRect(0, &rect0);
-  m_bar.GetItemRect(1, &rect1);
-  EXPECT_GE(rect1.top, rect0.bottom);
-  EXPECT_EQ(rect0.left, rect1.left);
-  // A row again: no wraps.
-  EXPECT_EQ(CSize(32767, 22 + cyMargins), m_bar.CalcFixedLayout(TRUE, TRUE));
-  EXPECT_EQ((UINT)TBBS_BUTTON, m_bar.GetButtonStyle(0));
-  m_bar.GetItemRect(1, &rect1);
-  EXPECT_EQ(rect0.top, rect1.top);
-
-  // A hidden button takes no room.
-  m_bar.SetButtonStyle(0, TBBS_BUTTON | TBBS_HIDDEN);
-  EXPECT_EQ(2 * 23 + 6 + cxMargins, m_bar.CalcFixedLayout(FALSE, TRUE).cx);
-
-  // Too small a button is widened to hold its image.
-  m_bar.SetSizes(CSize(10, 10), CSize(16, 15));
-  EXPECT_EQ(CSize(23, 21), m_bar.m_sizeButton);
-  m_bar.SetHeight(40);
-  EXPECT_EQ(40, m_bar.CalcFixedLayout(TRUE, TRUE).cy);
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 // CPrintDialog on the test prefix's printer ("VRK PostScript", Wine's
 // PostScript driver on LPT1:, letter paper at 300 dpi): the defaults without
-// a dialog, printer DCs made from the blocks, the Print and Print Setup
-// dialogs driven as a user would, the copies, and DEVNAMES and DEVMODE
+// a dialog, the Print dialog driven as a user would, and DEVNAMES and DEVMODE
 // blocks that lie about their contents.
 #include <afxdlgs.h>
 #include <gtest/gtest.h>
@@ -32,38 +31,6 @@ TEST(PrintDialog, DefaultsAreTheConfiguredPrinter) {
   HDC hDC = dlg.GetPrinterDC();
   ASSERT_TRUE(hDC != NULL);
   EXPECT_EQ(2550, ::GetDeviceCaps(hDC, PHYSICALWIDTH)); // letter at 300 dpi
-  FreeBlocks(dlg.m_pd);
-}
-
-TEST(PrintDialog, CreatePrinterDCFromTheBlocks) {
-  CPrintDialog setup(TRUE);
-  ASSERT_TRUE(setup.GetDefaults());
-  EXPECT_EQ(NULL, setup.GetPrinterDC()); // the setup form makes no DC
-  HDC hDC = setup.CreatePrinterDC();
-  ASSERT_TRUE(hDC != NULL);
-  EXPECT_EQ(hDC, setup.GetPrinterDC());
-  EXPECT_EQ(DT_RASPRINTER, ::GetDeviceCaps(hDC, TECHNOLOGY));
-
-  // The DEVMODE's settings reach the DC: landscape swaps the page.
-  LPDEVMODE pDevMode = setup.GetDevMode();
-  pDevMode->dmOrientation = DMORIENT_LANDSCAPE;
-  pDevMode->dmFields |= DM_ORIENTATION;
-  HDC hLandscape = AfxCreateDC(setup.m_pd.hDevNames, setup.m_pd.hDevMode);
-  ASSERT_TRUE(hLandscape != NULL);
-  EXPECT_EQ(3300, ::GetDeviceCaps(hLandscape, PHYSICALWIDTH));
-  EXPECT_EQ(2550, ::GetDeviceCaps(hLandscape, PHYSICALHEIGHT));
-  ::DeleteDC(hLandscape);
-  FreeBlocks(setup.m_pd);
-}
-
-TEST(PrintDialog, CopiesFromTheDevModeOrTheStructure) {
-  CPrintDialog dlg(FALSE, PD_ALLPAGES);
-  ASSERT_TRUE(dlg.GetDefaults());
-  dlg.GetDevMode()->dmCopies = 3;
-  dlg.m_pd.nCopies = 2;
-  EXPECT_EQ(2, dlg.GetCopies());
-  dlg.m_pd.Flags |= PD_USEDEVMODECOPIES;
-  EXPECT_EQ(3, dlg.GetCopies());
   FreeBlocks(dlg.m_pd);
 }
 
@@ -113,8 +80,6 @@ TEST(PrintDialog, LyingBlocksGiveNoNamesAndNoDC) {
   ::GlobalFree(hNames);
 }
 
-// ---- The dialogs shown -------------------------------------------------------------
-
 // Counts its initialisation and looks at itself while shown.
 class CWatchedPrintDialog : public CPrintDialog {
 public:
@@ -141,17 +106,6 @@ TEST(PrintDialogShown, OkGivesTheChosenPrinterAndADC) {
   ASSERT_TRUE(dlg.GetPrinterDC() != NULL);
   EXPECT_EQ(DT_RASPRINTER, ::GetDeviceCaps(dlg.GetPrinterDC(), TECHNOLOGY));
   EXPECT_TRUE(dlg.PrintAll());
-  FreeBlocks(dlg.m_pd);
-}
-
-TEST(PrintDialogShown, SetupFormChoosesWithoutADC) {
-  DialogDriver driver;
-  driver.Then([](HWND hDlg) { DialogDriver::Press(hDlg, IDOK); });
-  CWatchedPrintDialog dlg(TRUE);
-  ASSERT_EQ(IDOK, dlg.DoModal());
-  EXPECT_EQ(1, dlg.m_nInit);
-  EXPECT_EQ(CString(kPrinter), dlg.GetDeviceName());
-  EXPECT_EQ(NULL, dlg.GetPrinterDC());
   FreeBlocks(dlg.m_pd);
 }
 

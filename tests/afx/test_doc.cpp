@@ -1,8 +1,6 @@
-// A single-document application: File New wires the document, its view and
-// the main frame together under "Untitled - Notes"; saving writes the
-// document's archive bytes, opening reads them back; the save prompt's
-// Yes, No and Cancel; failures reported with the framework's prompts;
-// UpdateAllViews; closing the main window.
+// A single-document application: saving writes the document's archive
+// bytes, opening reads them back; the save prompt's Yes, No and Cancel;
+// failures reported with the framework's prompts; UpdateAllViews.
 #include <afxext.h>
 #include <gtest/gtest.h>
 
@@ -84,21 +82,6 @@ protected:
   CFrameWnd* m_pFrame = NULL;
   TempDir m_dir;
 };
-
-TEST_F(DocTest, FileNewWiresDocumentViewAndFrame) {
-  EXPECT_TRUE(m_pFrame->IsKindOf(RUNTIME_CLASS(CFrameWnd)));
-  EXPECT_TRUE(m_pFrame->IsWindowVisible());
-  ASSERT_NE(nullptr, View());
-  EXPECT_TRUE(View()->IsKindOf(RUNTIME_CLASS(CNoteView)));
-  EXPECT_EQ(m_pDoc, View()->GetDocument());
-  EXPECT_EQ(m_pDoc, m_pFrame->GetActiveDocument());
-  EXPECT_EQ(m_pTemplate, m_pDoc->GetDocTemplate());
-  EXPECT_EQ(1, theApp.GetOpenDocumentCount());
-  EXPECT_STREQ("Untitled", m_pDoc->GetTitle());
-  EXPECT_STREQ("Untitled - Notes", WindowText(m_pFrame));
-  EXPECT_EQ(1, View()->m_nUpdates); // the initial update
-  EXPECT_FALSE(m_pDoc->IsModified());
-}
 
 TEST_F(DocTest, SaveWritesTheArchiveAndOpenReadsItBack) {
   std::string path = m_dir.File("first.nte");
@@ -220,25 +203,6 @@ TEST_F(DocTest, UpdateAllViewsReachesEveryViewButTheSender) {
   for (POSITION pos = m_pDoc->GetFirstViewPosition(); pos != NULL; m_pDoc->GetNextView(pos))
     nViews++;
   EXPECT_EQ(2, nViews);
-}
-
-TEST_F(DocTest, ClosingTheMainWindowAsksAndClosesTheDocument) {
-  m_pDoc->SetModifiedFlag();
-  MsgBoxCatcher catcher;
-  catcher.Answer(IDCANCEL);
-  m_pFrame->SendMessage(WM_CLOSE);
-  EXPECT_EQ(1u, catcher.Count());
-  EXPECT_EQ(m_pFrame, theApp.m_pMainWnd); // still there
-  EXPECT_TRUE(::IsWindow(m_pFrame->m_hWnd));
-
-  int nDeleted = g_nDocsDeleted;
-  catcher.Answer(IDNO);
-  m_pFrame->SendMessage(WM_CLOSE);
-  EXPECT_EQ(2u, catcher.Count());
-  EXPECT_EQ(nullptr, theApp.m_pMainWnd);
-  EXPECT_EQ(nDeleted + 1, g_nDocsDeleted);
-  EXPECT_EQ(nullptr, m_pTemplate->m_pOnlyDoc);
-  EXPECT_EQ(0, theApp.GetOpenDocumentCount());
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 // CFrameWnd on real windows: what LoadFrame takes from one resource id (the
 // title, menu, icon and accelerators), an accelerator key reaching its
-// command handler through the message pump, titles with a document, the
-// status bar's messages and menu prompts, menu item updates, key indicators,
-// command routing through the active view, and the view's layout.
+// command handler through the message pump, the status bar's messages and
+// menu prompts, command routing through the active view, and the view's
+// layout.
 #include <afxext.h>
 #include <gtest/gtest.h>
 
@@ -17,21 +17,14 @@ int g_nFramesDeleted = 0;
 class CTestFrame : public CFrameWnd {
 public:
   int m_nRefresh = 0;
-  BOOL m_bNewEnabled = TRUE;
   virtual ~CTestFrame() { g_nFramesDeleted++; }
   afx_msg void OnRefresh() { m_nRefresh++; }
-  afx_msg void OnGreyed() {}
-  afx_msg void OnUpdateNew(CCmdUI* pCmdUI) { pCmdUI->Enable(m_bNewEnabled); }
-  afx_msg void OnUpdateGreyed(CCmdUI* pCmdUI) { pCmdUI->Enable(FALSE); }
   afx_msg void OnNew() {}
   DECLARE_MESSAGE_MAP()
 };
 BEGIN_MESSAGE_MAP(CTestFrame, CFrameWnd)
 ON_COMMAND(ID_REFRESH, &CTestFrame::OnRefresh)
 ON_COMMAND(ID_FILE_NEW, &CTestFrame::OnNew)
-ON_UPDATE_COMMAND_UI(ID_FILE_NEW, &CTestFrame::OnUpdateNew)
-ON_COMMAND(ID_GREYED, &CTestFrame::OnGreyed)
-ON_UPDATE_COMMAND_UI(ID_GREYED, &CTestFrame::OnUpdateGreyed)
 END_MESSAGE_MAP()
 
 // A view that takes ID_REFRESH before its frame and counts its updates.
@@ -113,24 +106,6 @@ TEST_F(FrameTest, MissingMenuFailsTheLoadAndDeletesTheFrame) {
   EXPECT_EQ(nDeletedBefore + 1, g_nFramesDeleted);
 }
 
-TEST_F(FrameTest, TitleNamesTheDocumentBeforeTheApplication) {
-  CTestFrame* pFrame = Load(WS_OVERLAPPEDWINDOW | FWS_ADDTOTITLE);
-  ASSERT_NE(nullptr, pFrame);
-  EXPECT_TRUE(pFrame->GetStyle() & FWS_PREFIXTITLE);
-  pFrame->UpdateFrameTitleForDocument("notes.txt");
-  EXPECT_STREQ("notes.txt - Frame Test", WindowText(pFrame));
-  pFrame->m_nWindow = 2; // the second frame on the document
-  pFrame->UpdateFrameTitleForDocument("notes.txt");
-  EXPECT_STREQ("notes.txt:2 - Frame Test", WindowText(pFrame));
-  pFrame->UpdateFrameTitleForDocument(NULL);
-  EXPECT_STREQ("Frame Test", WindowText(pFrame));
-  // Without the prefix style the application comes first.
-  pFrame->ModifyStyle(FWS_PREFIXTITLE, 0);
-  pFrame->m_nWindow = 0;
-  pFrame->UpdateFrameTitleForDocument("notes.txt");
-  EXPECT_STREQ("Frame Test - notes.txt", WindowText(pFrame));
-}
-
 TEST_F(FrameTest, StatusBarShowsPromptsMessagesAndTheIdleMessage) {
   CTestFrame* pFrame = Load();
   ASSERT_NE(nullptr, pFrame);
@@ -166,31 +141,6 @@ TEST_F(FrameTest, StatusBarShowsPromptsMessagesAndTheIdleMessage) {
   statusBar.DestroyWindow();
 }
 
-TEST_F(FrameTest, OpeningAMenuUpdatesItsItems) {
-  CTestFrame* pFrame = Load();
-  ASSERT_NE(nullptr, pFrame);
-  HMENU hFile = ::GetSubMenu(::GetMenu(*pFrame), 0);
-  pFrame->m_bNewEnabled = FALSE;
-  pFrame->SendMessage(WM_INITMENUPOPUP, (WPARAM)hFile, MAKELPARAM(0, FALSE));
-  EXPECT_TRUE(::GetMenuState(hFile, ID_FILE_NEW, MF_BYCOMMAND) & MF_GRAYED); // its handler says so
-  EXPECT_FALSE(::GetMenuState(hFile, ID_REFRESH, MF_BYCOMMAND) & MF_GRAYED);
-  EXPECT_TRUE(::GetMenuState(hFile, ID_ORPHAN, MF_BYCOMMAND) & MF_GRAYED); // nobody handles it
-  EXPECT_TRUE(::GetMenuState(hFile, ID_GREYED, MF_BYCOMMAND) & MF_GRAYED);
-
-  pFrame->m_bNewEnabled = TRUE;
-  pFrame->m_bAutoMenuEnable = FALSE;
-  ::EnableMenuItem(hFile, ID_ORPHAN, MF_BYCOMMAND | MF_ENABLED);
-  pFrame->SendMessage(WM_INITMENUPOPUP, (WPARAM)hFile, MAKELPARAM(0, FALSE));
-  EXPECT_FALSE(::GetMenuState(hFile, ID_FILE_NEW, MF_BYCOMMAND) & MF_GRAYED);
-  EXPECT_FALSE(::GetMenuState(hFile, ID_ORPHAN, MF_BYCOMMAND) & MF_GRAYED);
-
-  // A disabled command is refused even when it arrives as a message.
-  pFrame->SendMessage(WM_COMMAND, ID_GREYED);
-  pFrame->m_bNewEnabled = FALSE;
-  pFrame->SendMessage(WM_COMMAND, ID_REFRESH);
-  EXPECT_EQ(1, pFrame->m_nRefresh);
-}
-
 // Records the state an update handler gives an indicator.
 class CIndicatorUI : public CCmdUI {
 public:
@@ -200,26 +150,6 @@ public:
   }
   BOOL m_bEnabled = -1;
 };
-
-TEST_F(FrameTest, KeyIndicatorsFollowTheToggleKeys) {
-  CTestFrame* pFrame = Load();
-  ASSERT_NE(nullptr, pFrame);
-  BYTE keys[256];
-  ASSERT_TRUE(::GetKeyboardState(keys));
-  BYTE saved[256];
-  memcpy(saved, keys, sizeof(keys));
-  keys[VK_CAPITAL] = 0x01; // toggled on
-  keys[VK_NUMLOCK] = 0x00;
-  ASSERT_TRUE(::SetKeyboardState(keys));
-  CIndicatorUI caps, num;
-  caps.m_nID = ID_INDICATOR_CAPS;
-  num.m_nID = ID_INDICATOR_NUM;
-  EXPECT_TRUE(pFrame->OnCmdMsg(ID_INDICATOR_CAPS, CN_UPDATE_COMMAND_UI, &caps, NULL));
-  EXPECT_TRUE(pFrame->OnCmdMsg(ID_INDICATOR_NUM, CN_UPDATE_COMMAND_UI, &num, NULL));
-  EXPECT_EQ(TRUE, caps.m_bEnabled);
-  EXPECT_EQ(FALSE, num.m_bEnabled);
-  ::SetKeyboardState(saved);
-}
 
 TEST_F(FrameTest, ViewFromTheContextFillsTheFrameAndTakesCommandsFirst) {
   CCreateContext context;

@@ -100,24 +100,6 @@ TEST_F(MdiTest, ChildrenShareTheTemplatesMenuAndAccelerators) {
   EXPECT_EQ(m_pTemplate->m_hMenuShared, ::GetMenu(*m_pMainFrame));
 }
 
-TEST_F(MdiTest, AcceleratorReachesTheActiveDocument) {
-  CSheetDoc* pDoc1 = NewSheet();
-  CSheetDoc* pDoc2 = NewSheet();
-  ASSERT_NE(nullptr, pDoc2);
-  CView* pView2 = FrameOf(pDoc2)->GetActiveView();
-  ASSERT_NE(nullptr, pView2);
-  pView2->PostMessage(WM_KEYDOWN, VK_F5, 0x003F0001);
-  PumpAsApp();
-  EXPECT_EQ(1, pDoc2->m_nRefresh);
-  EXPECT_EQ(0, pDoc1->m_nRefresh);
-
-  // The menu command goes the same way: the active child's document.
-  m_pMainFrame->MDIActivate(FrameOf(pDoc1));
-  m_pMainFrame->SendMessage(WM_COMMAND, ID_REFRESH);
-  EXPECT_EQ(1, pDoc1->m_nRefresh);
-  EXPECT_EQ(1, pDoc2->m_nRefresh);
-}
-
 TEST_F(MdiTest, ClosingChildrenLeavesTheFramesOwnMenu) {
   CSheetDoc* pDoc1 = NewSheet();
   CSheetDoc* pDoc2 = NewSheet();

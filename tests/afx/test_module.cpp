@@ -53,13 +53,6 @@ protected:
 
 } // namespace
 
-TEST(ModuleState, DefaultsToTheHostModule) {
-  EXPECT_EQ(AfxGetModuleState(), AfxGetModuleState());
-  EXPECT_EQ(AfxGetInstanceHandle(), GetModuleHandleA(NULL));
-  EXPECT_EQ(AfxGetResourceHandle(), GetModuleHandleA(NULL));
-  EXPECT_EQ(AfxGetApp(), nullptr);
-}
-
 TEST_F(ResourceChain, ExtensionModuleJoinsWhileLoaded) {
   EXPECT_EQ(LoadText(IDS_FIXTURE_EXT_ONLY), "");
   EXPECT_EQ(CRuntimeClass::FromName("CFixtureShape"), nullptr);
@@ -154,12 +147,6 @@ TEST_F(ResourceChain, NewestLibraryFirstSystemLibrariesLast) {
   AfxFreeLibrary(hExt);
 }
 
-TEST_F(ResourceChain, MissingResourceAnswersTheResourceHandle) {
-  EXPECT_EQ(AfxFindResourceHandle(MAKEINTRESOURCE(IDR_FIXTURE_DATA), RT_RCDATA),
-            AfxGetResourceHandle());
-  EXPECT_EQ(AfxFindResourceHandle("NoSuchResource", RT_BITMAP), AfxGetResourceHandle());
-}
-
 TEST_F(ResourceChain, LoadStringTruncatesToTheBuffer) {
   HINSTANCE hExt = AfxLoadLibrary(kExtDll);
   EXPECT_EQ(LoadText(IDS_FIXTURE_LONG), "0123456789ABCDEFGHIJ");
@@ -174,18 +161,6 @@ TEST_F(ResourceChain, LoadStringTruncatesToTheBuffer) {
   AfxFreeLibrary(hExt);
 }
 
-TEST_F(ResourceChain, TermAllEmptiesTheChain) {
-  ResModule res;
-  new CDynLinkLibrary(res.m_h, res.m_h);
-  new CDynLinkLibrary(res.m_h, res.m_h);
-  EXPECT_EQ(ChainLength(), 2);
-  AFX_EXTENSION_MODULE none = {FALSE, NULL, NULL, NULL, NULL};
-  AfxTermExtensionModule(none); // not initialised: nothing happens
-  EXPECT_EQ(ChainLength(), 2);
-  AfxTermExtensionModule(none, TRUE);
-  EXPECT_EQ(ChainLength(), 0);
-}
-
 TEST(ExtensionModule, BadArguments) {
   AFX_EXTENSION_MODULE state = {FALSE, NULL, NULL, NULL, NULL};
   EXPECT_FALSE(AfxInitExtensionModule(state, NULL));
@@ -194,8 +169,6 @@ TEST(ExtensionModule, BadArguments) {
   EXPECT_EQ(AfxLoadLibrary("vrk_no_such_module.dll"), (HINSTANCE)NULL);
   EXPECT_FALSE(AfxFreeLibrary(NULL));
 }
-
-// ---- The application object ------------------------------------------------
 
 TEST(WinApp, RegistersItselfAndTheNames) {
   {
@@ -222,18 +195,6 @@ TEST(WinApp, RegistersItselfAndTheNames) {
   EXPECT_EQ(AfxGetApp(), nullptr);
   EXPECT_EQ(AfxGetThread(), nullptr);
   EXPECT_EQ(AfxGetAppName(), nullptr);
-}
-
-TEST(WinApp, SetRegistryKeyMovesTheSettings) {
-  CWinApp app("VrkModuleTest");
-  char cmdLine[] = "";
-  AfxWinInit(GetModuleHandleA(NULL), NULL, cmdLine, SW_SHOW);
-  app.SetRegistryKey("Tamrix");
-  EXPECT_STREQ(app.m_pszRegistryKey, "Tamrix");
-  EXPECT_STREQ(app.m_pszProfileName, "VrkModuleTest"); // the app name, no longer the INI
-  // A string id names the key too; a missing id changes nothing.
-  app.SetRegistryKey((UINT)IDS_FIXTURE_NOWHERE);
-  EXPECT_STREQ(app.m_pszRegistryKey, "Tamrix");
 }
 
 namespace {
@@ -353,12 +314,4 @@ TEST_F(IniProfile, LongValuesAreReadWhole) {
   std::string longText(6000, 'z');
   EXPECT_TRUE(m_app.WriteProfileString("S", "Long", longText.c_str()));
   EXPECT_EQ(std::string(m_app.GetProfileString("S", "Long")), longText);
-}
-
-TEST(WinAppProfile, NoProfileNameFailsCleanly) {
-  CWinApp app("VrkModuleTest"); // AfxWinInit not called: no profile yet
-  EXPECT_EQ(app.GetProfileInt("S", "E", 5), 5u);
-  EXPECT_STREQ(app.GetProfileString("S", "E", "d"), "d");
-  EXPECT_FALSE(app.WriteProfileInt("S", "E", 1));
-  EXPECT_FALSE(app.WriteProfileString("S", "E", "v"));
 }

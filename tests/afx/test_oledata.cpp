@@ -1,6 +1,6 @@
 // COleDataSource and COleDataObject joined directly (no clipboard): the
 // formats offered and their order, copies handed out, delayed rendering,
-// GDI media, streams, SetData and the source's reference count.
+// GDI media, streams and the source's reference count.
 #include <afxole.h>
 
 #include <gtest/gtest.h>
@@ -43,14 +43,8 @@ public:
     pFile->Write("file bytes", 10);
     return TRUE;
   }
-  BOOL OnSetData(LPFORMATETC lpFormatEtc, LPSTGMEDIUM lpStgMedium, BOOL bRelease) override {
-    m_strSet = BlockBytes(lpStgMedium->hGlobal);
-    if (bRelease) ReleaseStgMedium(lpStgMedium);
-    return lpFormatEtc->cfFormat == CF_TEXT;
-  }
 
   int m_nRenders = 0;
-  std::string m_strSet;
 
 private:
   bool* m_pDeleted;
@@ -68,8 +62,6 @@ std::vector<CLIPFORMAT> Formats(COleDataObject& data) {
 }
 
 } // namespace
-
-// ---- Cached data ------------------------------------------------------------------------
 
 TEST(OleDataCache, FormatsInTheOrderTheyWereCached) {
   COleDataSource source;
@@ -153,31 +145,6 @@ TEST(OleDataCache, ABitmapIsOfferedAsAGdiHandle) {
   ReleaseDC(NULL, hdc);
 }
 
-TEST(OleDataCache, StreamMediaAreReadIntoABlock) {
-  IStream* pStream = NULL;
-  ASSERT_EQ(S_OK, CreateStreamOnHGlobal(NULL, TRUE, &pStream));
-  ULONG n;
-  pStream->Write("streamed", 8, &n);
-  STGMEDIUM medium = {};
-  medium.tymed = TYMED_ISTREAM;
-  medium.pstm = pStream; // the source's now
-  COleDataSource source;
-  source.CacheData(TestFormat(), &medium);
-  COleDataObject data;
-  data.Attach((LPDATAOBJECT)source.GetInterface(&IID_IDataObject), FALSE);
-  HGLOBAL h = data.GetGlobalData(TestFormat());
-  EXPECT_EQ("streamed", BlockBytes(h));
-  GlobalFree(h);
-
-  CFile* pFile = data.GetFileData(TestFormat());
-  ASSERT_NE((CFile*)NULL, pFile);
-  char buf[16] = {};
-  EXPECT_EQ(8u, pFile->Read(buf, sizeof(buf)));
-  EXPECT_STREQ("streamed", buf);
-  delete pFile;
-  EXPECT_EQ((CFile*)NULL, data.GetFileData(CF_TEXT));
-}
-
 // A stream that claims to be huge but holds five bytes.
 class CLyingStream : public IStream {
 public:
@@ -235,24 +202,6 @@ TEST(OleDataCache, AStreamsClaimedSizeIsNotTrusted) {
   EXPECT_EQ(0u, stream.m_nRef); // the source released what it was given
 }
 
-TEST(OleDataCache, GetDataHereFillsTheCallersBlock) {
-  COleDataSource source;
-  source.CacheGlobalData(TestFormat(), MakeBlock("12345"));
-  IDataObject* pData = (IDataObject*)source.GetInterface(&IID_IDataObject);
-  FORMATETC fmt = {TestFormat(), NULL, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
-  STGMEDIUM medium = {};
-  medium.tymed = TYMED_HGLOBAL;
-  medium.hGlobal = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, 8);
-  EXPECT_EQ(S_OK, pData->GetDataHere(&fmt, &medium));
-  EXPECT_EQ(std::string("12345\0\0\0", 8), BlockBytes(medium.hGlobal));
-  GlobalFree(medium.hGlobal);
-  medium.hGlobal = GlobalAlloc(GMEM_MOVEABLE, 2);
-  EXPECT_EQ(STG_E_MEDIUMFULL, pData->GetDataHere(&fmt, &medium));
-  GlobalFree(medium.hGlobal);
-}
-
-// ---- Delayed rendering and SetData -----------------------------------------------------------
-
 TEST(OleDataDelayed, RenderedOnEveryRequest) {
   CTestSource source;
   source.DelayRenderData(CF_TEXT);
@@ -297,26 +246,6 @@ TEST(OleDataDelayed, FileRenderingAsABlockOrAStream) {
   ReleaseStgMedium(&medium);
 }
 
-TEST(OleDataDelayed, SetDataOnlyForAnnouncedFormats) {
-  CTestSource source;
-  source.DelaySetData(CF_TEXT);
-  IDataObject* pData = (IDataObject*)source.GetInterface(&IID_IDataObject);
-  FORMATETC fmt = {CF_TEXT, NULL, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
-  STGMEDIUM medium = {};
-  medium.tymed = TYMED_HGLOBAL;
-  medium.hGlobal = MakeBlock("set me");
-  EXPECT_EQ(S_OK, pData->SetData(&fmt, &medium, TRUE));
-  EXPECT_EQ("set me", source.m_strSet);
-  // Set formats are not offered for reading.
-  EXPECT_EQ(DV_E_FORMATETC, pData->QueryGetData(&fmt));
-  fmt.cfFormat = CF_OEMTEXT;
-  medium.hGlobal = MakeBlock("no");
-  EXPECT_EQ(DV_E_FORMATETC, pData->SetData(&fmt, &medium, FALSE));
-  GlobalFree(medium.hGlobal);
-}
-
-// ---- Reference counts and the receiving object ---------------------------------------------
-
 TEST(OleDataRefs, TheLastReleaseDeletesTheSource) {
   bool bDeleted = false;
   CTestSource* pSource = new CTestSource(&bDeleted);
@@ -333,36 +262,4 @@ TEST(OleDataRefs, TheLastReleaseDeletesTheSource) {
                                ->QueryInterface(IID_IEnumFORMATETC, (void**)&pEnum));
   EXPECT_EQ(0u, pSource->InternalRelease()); // the creator's reference
   EXPECT_TRUE(bDeleted);
-}
-
-TEST(OleDataRefs, AnEnumeratorOutlivesChangesToTheCache) {
-  COleDataSource source;
-  source.CacheGlobalData(CF_TEXT, MakeBlock("a"));
-  IDataObject* pData = (IDataObject*)source.GetInterface(&IID_IDataObject);
-  IEnumFORMATETC* pEnum = NULL;
-  ASSERT_EQ(S_OK, pData->EnumFormatEtc(DATADIR_GET, &pEnum));
-  source.CacheGlobalData(TestFormat(), MakeBlock("b"));
-  FORMATETC fmts[3];
-  ULONG n = 0;
-  EXPECT_EQ(S_FALSE, pEnum->Next(3, fmts, &n));
-  EXPECT_EQ(1u, n);
-  EXPECT_EQ(CF_TEXT, fmts[0].cfFormat);
-  pEnum->Reset();
-  IEnumFORMATETC* pClone = NULL;
-  ASSERT_EQ(S_OK, pEnum->Clone(&pClone));
-  EXPECT_EQ(S_OK, pClone->Next(1, fmts, NULL));
-  pClone->Release();
-  pEnum->Release();
-}
-
-TEST(OleDataRefs, AnEmptyDataObjectHasNothing) {
-  COleDataObject data;
-  FORMATETC fmt;
-  data.BeginEnumFormats();
-  EXPECT_FALSE(data.GetNextFormat(&fmt));
-  EXPECT_FALSE(data.IsDataAvailable(CF_TEXT));
-  EXPECT_EQ((HGLOBAL)NULL, data.GetGlobalData(CF_TEXT));
-  STGMEDIUM medium;
-  EXPECT_FALSE(data.GetData(CF_TEXT, &medium));
-  EXPECT_EQ((LPDATAOBJECT)NULL, data.Detach());
 }

@@ -1,7 +1,6 @@
-// The application's printer and the print job's record: CPrintInfo's
-// ownership of its dialog's DC; CWinApp's DEVMODE and DEVNAMES blocks looked
-// up, lent, handed to print dialogs and remembered from them, replaced and
-// freed, followed when they name the system's default printer.
+// The application's printer: CWinApp's DEVMODE and DEVNAMES blocks handed
+// to print dialogs and remembered from them, replaced and freed, followed
+// when they name the system's default printer.
 #include <afxdlgs.h>
 #include <afxprint_.h>
 #include <gtest/gtest.h>
@@ -22,65 +21,10 @@ int DevModeCopies(HGLOBAL hDevMode) {
   return n;
 }
 
-// ---- CPrintInfo ------------------------------------------------------------------
-
-TEST(PrintInfo, DestructorDeletesTheJobsDC) {
-  HDC hDC;
-  HGLOBAL hDevMode, hDevNames;
-  {
-    CPrintInfo info;
-    ASSERT_TRUE(info.m_pPD->GetDefaults());
-    hDC = info.m_pPD->GetPrinterDC();
-    hDevMode = info.m_pPD->m_pd.hDevMode;
-    hDevNames = info.m_pPD->m_pd.hDevNames;
-    ASSERT_TRUE(hDC != NULL);
-    EXPECT_EQ((DWORD)OBJ_DC, ::GetObjectType(hDC));
-  }
-  EXPECT_EQ(0u, ::GetObjectType(hDC));
-  // The blocks are not the job's (usually they are the application's).
-  EXPECT_FALSE(IsFreed(hDevMode));
-  EXPECT_FALSE(IsFreed(hDevNames));
-  ::GlobalFree(hDevMode);
-  ::GlobalFree(hDevNames);
-}
-
-// ---- CWinApp's printer -------------------------------------------------------------
-
 class AppPrinter : public ::testing::Test {
 protected:
   CWinApp m_app{"PrintTest"};
 };
-
-TEST_F(AppPrinter, DefaultsAreLookedUpOnceAndLent) {
-  EXPECT_EQ(NULL, m_app.m_hDevNames);
-  PRINTDLG pd;
-  memset(&pd, 0, sizeof(pd));
-  ASSERT_TRUE(m_app.GetPrinterDeviceDefaults(&pd));
-  ASSERT_TRUE(m_app.m_hDevNames != NULL);
-  EXPECT_EQ(m_app.m_hDevNames, pd.hDevNames);
-  EXPECT_EQ(m_app.m_hDevMode, pd.hDevMode);
-  EXPECT_EQ(kPrinter, DeviceName(pd.hDevNames));
-  // Asked again: the same blocks, not a new lookup.
-  PRINTDLG pd2;
-  memset(&pd2, 0, sizeof(pd2));
-  ASSERT_TRUE(m_app.GetPrinterDeviceDefaults(&pd2));
-  EXPECT_EQ(pd.hDevNames, pd2.hDevNames);
-  EXPECT_EQ(pd.hDevMode, pd2.hDevMode);
-  EXPECT_FALSE(m_app.GetPrinterDeviceDefaults(NULL));
-}
-
-TEST_F(AppPrinter, CreatePrinterDC) {
-  CDC dc;
-  ASSERT_TRUE(m_app.CreatePrinterDC(dc));
-  ASSERT_TRUE(dc.GetSafeHdc() != NULL);
-  EXPECT_EQ(DT_RASPRINTER, dc.GetDeviceCaps(TECHNOLOGY));
-  EXPECT_EQ(kPrinter, DeviceName(m_app.m_hDevNames));
-  // A second one replaces (and deletes) the first.
-  HDC hFirst = dc.GetSafeHdc();
-  ASSERT_TRUE(m_app.CreatePrinterDC(dc));
-  EXPECT_NE(hFirst, dc.GetSafeHdc());
-  EXPECT_EQ(0u, ::GetObjectType(hFirst));
-}
 
 TEST_F(AppPrinter, SelectPrinterFreesWhatItReplaces) {
   m_app.UpdatePrinterSelection(TRUE);
@@ -176,15 +120,6 @@ TEST_F(AppPrinter, DoPrintDialogHandsOverAndRemembersTheBlocks) {
   memset(&pd, 0, sizeof(pd));
   ASSERT_TRUE(m_app.GetPrinterDeviceDefaults(&pd));
   EXPECT_EQ("Chosen Printer", DeviceName(pd.hDevNames));
-}
-
-TEST_F(AppPrinter, PrintSetupCommand) {
-  DialogDriver driver;
-  driver.Then([](HWND hDlg) { DialogDriver::Press(hDlg, IDOK); });
-  m_app.OnFilePrintSetup();
-  EXPECT_EQ(1u, driver.Captions().size());
-  EXPECT_EQ(kPrinter, DeviceName(m_app.m_hDevNames));
-  EXPECT_TRUE(m_app.m_hDevMode != NULL);
 }
 
 } // namespace

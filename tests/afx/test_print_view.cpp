@@ -3,7 +3,7 @@
 // a file): a two-page view printed with ID_FILE_PRINT_DIRECT and with
 // ID_FILE_PRINT through the print dialog (all pages, a page range, print to
 // a file chosen in the Save As dialog), checked in the PostScript that comes
-// out; the hooks' order; cancelling; a view that never asked for a printer.
+// out, and the hooks' order.
 #include <afxdlgs.h>
 #include <afxprint_.h>
 #include <gtest/gtest.h>
@@ -169,38 +169,6 @@ TEST_F(ViewPrinting, PrintToFileAsksForTheFile) {
   EXPECT_EQ(2u, ps.pages.size());
   EXPECT_TRUE(ps.Has("%%Title: Quarterly Report"));
   // Nothing went to the printer's port.
-  EXPECT_EQ(INVALID_FILE_ATTRIBUTES, ::GetFileAttributesA(m_strSpool.c_str()));
-}
-
-TEST_F(ViewPrinting, CancelledDialogsPrintNothing) {
-  DialogDriver driver;
-  driver.Then([](HWND hDlg) { DialogDriver::Press(hDlg, IDCANCEL); });
-  Print(ID_FILE_PRINT);
-  std::vector<std::string> expected = {"prepare 0"};
-  EXPECT_EQ(expected, m_pView->m_log);
-  // Print to file, then the file dialog cancelled.
-  m_pView->m_log.clear();
-  driver.Then([](HWND hDlg) {
-    ::CheckDlgButton(hDlg, chx1, BST_CHECKED);
-    DialogDriver::Press(hDlg, IDOK);
-  });
-  driver.Then([](HWND hDlg) { DialogDriver::Press(hDlg, IDCANCEL); });
-  Print(ID_FILE_PRINT);
-  EXPECT_EQ(3u, driver.Captions().size());
-  EXPECT_EQ(expected, m_pView->m_log);
-  EXPECT_EQ(INVALID_FILE_ATTRIBUTES, ::GetFileAttributesA(m_strSpool.c_str()));
-}
-
-TEST_F(ViewPrinting, ViewThatNeverAskedForAPrinter) {
-  m_pView->m_bAskForPrinter = FALSE;
-  MsgBoxCatcher catcher;
-  Print(ID_FILE_PRINT_DIRECT);
-  ASSERT_EQ(1u, catcher.Count());
-  CString strFailed;
-  strFailed.LoadString(AFX_IDP_FAILED_TO_START_PRINT);
-  EXPECT_EQ(std::string(strFailed), catcher.Last().text);
-  std::vector<std::string> expected = {"prepare 1"};
-  EXPECT_EQ(expected, m_pView->m_log);
   EXPECT_EQ(INVALID_FILE_ATTRIBUTES, ::GetFileAttributesA(m_strSpool.c_str()));
 }
 

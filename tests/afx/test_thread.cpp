@@ -73,36 +73,6 @@ TEST(WorkerThread, AutoDeleteDeletesTheObjectAtThreadEnd) {
   CloseHandle(hDeleted);
 }
 
-TEST(WorkerThread, NoAutoDeleteKeepsTheObject) {
-  HANDLE hDeleted = CreateEvent(NULL, TRUE, FALSE, NULL);
-  WorkerData data;
-  CTrackedThread* pThread = new CTrackedThread(RecordingProc, &data, hDeleted);
-  pThread->m_bAutoDelete = FALSE;
-  ASSERT_TRUE(pThread->CreateThread());
-  EXPECT_EQ(WaitForSingleObject(pThread->m_hThread, 10000), (DWORD)WAIT_OBJECT_0);
-  EXPECT_EQ(WaitForSingleObject(hDeleted, 0), (DWORD)WAIT_TIMEOUT);
-  EXPECT_FALSE(pThread->CreateThread()); // one thread per object
-  delete pThread;
-  EXPECT_EQ(WaitForSingleObject(hDeleted, 0), (DWORD)WAIT_OBJECT_0);
-  CloseHandle(hDeleted);
-}
-
-TEST(WorkerThread, AfxEndThreadEndsWithItsCode) {
-  LONG after = 0;
-  CWinThread* pThread = AfxBeginThread(
-      [](LPVOID p) -> UINT {
-        AfxEndThread(42);
-        InterlockedExchange((LONG*)p, 1); // never reached
-        return 0;
-      },
-      &after, THREAD_PRIORITY_NORMAL, 0, CREATE_SUSPENDED);
-  ASSERT_NE(pThread, nullptr);
-  pThread->m_bAutoDelete = FALSE;
-  pThread->ResumeThread();
-  EXPECT_EQ(Finish(pThread), 42u);
-  EXPECT_EQ(after, 0);
-}
-
 TEST(WorkerThread, BadArgumentsRaiseInvalidArg) {
   EXPECT_EQ(ThrownClass([] { AfxBeginThread((AFX_THREADPROC)NULL, NULL); }),
             RUNTIME_CLASS(CInvalidArgException));
