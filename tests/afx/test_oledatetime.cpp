@@ -44,31 +44,24 @@ TEST(OleDateTimeParts, TimesRoundToTheNearestSecondAcrossMidnight) {
   ExpectParts(half, 2024, 2, 29, 0, 0, 10);
 }
 
-TEST(OleDateTimeSet, RangeIsYear100To9999) {
-  COleDateTime dt;
-  EXPECT_EQ(0, dt.SetDate(100, 1, 1));
-  EXPECT_DOUBLE_EQ(-657434.0, dt.m_dt);
-  EXPECT_EQ(0, dt.SetDateTime(9999, 12, 31, 23, 59, 59));
-  EXPECT_DOUBLE_EQ(2958465.0 + 86399.0 / 86400.0, dt.m_dt);
-  ExpectParts(dt, 9999, 12, 31, 23, 59, 59);
-
-  EXPECT_EQ(1, dt.SetDate(99, 12, 31));
-  EXPECT_EQ(COleDateTime::invalid, dt.GetStatus());
-  EXPECT_EQ(1, dt.SetDate(10000, 1, 1));
-  EXPECT_EQ(COleDateTime::invalid, dt.GetStatus());
-}
-
-TEST(OleDateTimeSet, DaysOfTheMonthAndClockLimits) {
-  COleDateTime dt;
-  EXPECT_EQ(0, dt.SetDate(2024, 2, 29));
-  EXPECT_EQ(1, dt.SetDate(2023, 2, 29));
-  EXPECT_EQ(1, dt.SetDate(1900, 2, 29)); // not a leap year
-  EXPECT_EQ(0, dt.SetDate(2000, 2, 29)); // a leap year
-  EXPECT_EQ(1, dt.SetDate(2024, 4, 31));
-  EXPECT_EQ(1, dt.SetDate(2024, 0, 1));
-  EXPECT_EQ(1, dt.SetDateTime(2024, 1, 1, 24, 0, 0));
-  EXPECT_EQ(1, dt.SetDateTime(2024, 1, 1, 0, 60, 0));
-  EXPECT_EQ(1, dt.SetDateTime(2024, 1, 1, 0, 0, -1));
+TEST(OleDateTimeSet, RangeIsYear100To9999AndDaysAndClockAreChecked) {
+  const struct {
+    int y, mo, d, h, mi, s, result;
+  } cases[] = {{100, 1, 1, 0, 0, 0, 0},   {9999, 12, 31, 23, 59, 59, 0}, {99, 12, 31, 0, 0, 0, 1},
+               {10000, 1, 1, 0, 0, 0, 1}, {2024, 2, 29, 0, 0, 0, 0},     {2023, 2, 29, 0, 0, 0, 1},
+               {1900, 2, 29, 0, 0, 0, 1}, {2000, 2, 29, 0, 0, 0, 0},     {2024, 4, 31, 0, 0, 0, 1},
+               {2024, 0, 1, 0, 0, 0, 1},  {2024, 1, 1, 24, 0, 0, 1},     {2024, 1, 1, 0, 60, 0, 1},
+               {2024, 1, 1, 0, 0, -1, 1}};
+  for (const auto& c : cases) {
+    COleDateTime dt;
+    EXPECT_EQ(c.result, dt.SetDateTime(c.y, c.mo, c.d, c.h, c.mi, c.s))
+        << c.y << "-" << c.mo << "-" << c.d << " " << c.h << ":" << c.mi << ":" << c.s;
+    EXPECT_EQ(c.result == 0 ? COleDateTime::valid : COleDateTime::invalid, dt.GetStatus()) << c.y;
+  }
+  EXPECT_DOUBLE_EQ(-657434.0, COleDateTime(100, 1, 1, 0, 0, 0).m_dt);
+  COleDateTime last(9999, 12, 31, 23, 59, 59);
+  EXPECT_DOUBLE_EQ(2958465.0 + 86399.0 / 86400.0, last.m_dt);
+  ExpectParts(last, 9999, 12, 31, 23, 59, 59);
 }
 
 TEST(OleDateTimeSet, ARefusedValueLeavesTheDateAndTheAccessorsReportAnError) {

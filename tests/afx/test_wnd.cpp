@@ -333,6 +333,8 @@ TEST(WndSubclass, SubclassDlgItemFindsTheChildAndFailsWithoutOne) {
       ::CreateWindow("EDIT", "", WS_CHILD, 0, 0, 50, 20, parent.m_hWnd, (HMENU)101, NULL, NULL);
   CTextSpy spy;
   EXPECT_FALSE(spy.SubclassDlgItem(999, &parent));
+  EXPECT_FALSE(spy.SubclassWindow(NULL));
+  EXPECT_FALSE(spy.SubclassWindow((HWND)0x12345678)); // not a window
   ASSERT_TRUE(spy.SubclassDlgItem(101, &parent));
   EXPECT_EQ(hEdit, spy.m_hWnd);
   EXPECT_EQ(&spy, parent.GetDlgItem(101));
@@ -342,13 +344,6 @@ TEST(WndSubclass, SubclassDlgItemFindsTheChildAndFailsWithoutOne) {
   // original procedure put back as the window goes.
   parent.DestroyWindow();
   EXPECT_EQ(NULL, spy.m_hWnd);
-}
-
-TEST(WndSubclass, SubclassingANonWindowFails) {
-  CWnd wnd;
-  EXPECT_FALSE(wnd.SubclassWindow(NULL));
-  EXPECT_FALSE(wnd.SubclassWindow((HWND)0x12345678));
-  EXPECT_EQ(NULL, wnd.m_hWnd);
 }
 
 class CCounter : public CWnd {
