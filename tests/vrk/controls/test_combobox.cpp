@@ -9,32 +9,18 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "controls_testing.h"
 #include "user_input.h"
 
+using namespace user_input;
+
 namespace {
 
 CWinApp theApp("Combo Box Test");
-
-// The first line of the invalid-data exception's message, "" if none.
-std::string Thrown(const std::function<void()>& call) {
-  try {
-    call();
-  } catch (CException* e) {
-    std::string str = ((VInvalidDataException*)e)->GetMessage();
-    return str.substr(0, str.find('\n'));
-  }
-  return "";
-}
-
-std::string Text(HWND hWnd) {
-  char sz[2048] = "";
-  ::GetWindowTextA(hWnd, sz, sizeof(sz));
-  return sz;
-}
 
 struct CAutoProbe : VAutoComboBox {
   using VAutoComboBox::OnCtlColor;
@@ -48,7 +34,7 @@ public:
   VCustomComboBox m_custom;
   VTypeAheadComboBox m_list;
   VColorComboBox m_color;
-  std::vector<std::pair<UINT, UINT>> m_notes; // control id, code
+  std::set<std::pair<UINT, UINT>> m_notes; // control id, notification code
   virtual BOOL OnInitDialog() {
     m_auto.SubclassDlgItem(IDC_COMBO, this);
     m_sizes.SubclassDlgItem(IDC_SIZES, this);
@@ -60,13 +46,22 @@ public:
     return TRUE;
   }
   virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam) {
-    m_notes.push_back({LOWORD(wParam), HIWORD(wParam)});
+    m_notes.insert({LOWORD(wParam), HIWORD(wParam)});
     return CDialog::OnCommand(wParam, lParam);
   }
-  bool Notified(UINT nID, UINT nCode) const {
-    return std::find(m_notes.begin(), m_notes.end(), std::make_pair(nID, nCode)) != m_notes.end();
-  }
 };
+
+void Fill(CComboBox& combo, std::vector<std::string> entries) {
+  combo.ResetContent();
+  for (auto& s : entries)
+    combo.AddString(s.c_str());
+}
+
+COLORREF PixelOf(HWND hWnd, int x, int y) {
+  ::UpdateWindow(hWnd);
+  CClientDC dc(CWnd::FromHandle(hWnd));
+  return dc.GetPixel(x, y);
+}
 
 class ComboTest : public ::testing::Test {
 protected:
@@ -74,16 +69,11 @@ protected:
     ASSERT_TRUE(m_dlg.Create(IDD_COMBOS, NULL));
     m_dlg.SetWindowPos(NULL, 0, 0, 400, 300, SWP_NOZORDER);
     theApp.m_pMainWnd = &m_dlg;
-    user_input::Focus(m_dlg, m_dlg);
+    Focus(m_dlg, m_dlg);
   }
   void TearDown() override {
     m_dlg.DestroyWindow();
-    user_input::Pump();
-  }
-  void Fill(CComboBox& combo, std::vector<std::string> entries) {
-    combo.ResetContent();
-    for (auto& s : entries)
-      combo.AddString(s.c_str());
+    Pump();
   }
   CCombosDlg m_dlg;
 };
@@ -100,16 +90,20 @@ TEST_F(ComboTest, HelpersAndPreconditions) {
   EXPECT_EQ(2, combo.GetCurSel());
 
   COMBOBOXINFO info = {sizeof(info)};
-  ASSERT_TRUE(::GetComboBoxInfo(m_dlg.m_auto, &info));
+  ::GetComboBoxInfo(m_dlg.m_auto, &info);
   EXPECT_TRUE(VrkComboBoxIsDropDown(info.hwndList));
   EXPECT_FALSE(VrkComboBoxIsDropDown(m_dlg.m_auto));
   EXPECT_FALSE(VrkComboBoxIsDropDown(NULL));
 
   // The type-ahead combo wants all keys and gives them no default handling.
   EXPECT_EQ(DLGC_WANTALLKEYS, (UINT)combo.SendMessage(WM_GETDLGCODE));
-  user_input::Focus(m_dlg, combo);
-  user_input::Press(VK_DOWN);
+  Focus(m_dlg, combo);
+  Press(VK_DOWN);
   EXPECT_EQ(2, combo.GetCurSel());
+  // The button drawn as a combo box: a click anywhere sends code 1.
+  EXPECT_EQ((DWORD)BS_OWNERDRAW, m_dlg.m_custom.GetStyle() & BS_TYPEMASK);
+  Click({5, 5}, m_dlg.m_custom);
+  EXPECT_TRUE(m_dlg.m_notes.count({IDC_BUTTON, 1}));
 
   CAutoProbe probe;
   CDC dc;
@@ -120,11 +114,19 @@ TEST_F(ComboTest, HelpersAndPreconditions) {
       {[] { VrkSetComboBox(NULL, 0); }, "combobox.cpp, line 74."},
       {[] { VrkSetListBox(NULL, 0); }, "combobox.cpp, line 52."},
       {[] { VPopupColorCtrl(0, NULL); }, "colorctrl.cpp, line 228."}};
-  for (auto& n : nulls)
-    EXPECT_EQ(std::string("Invalid data detected in .\\vrk_") + n.second, Thrown(n.first));
+  for (auto& n : nulls) {
+    std::string str; // the first line of the message
+    try {
+      n.first();
+    } catch (CException* e) {
+      str = ((VInvalidDataException*)e)->GetMessage();
+    }
+    EXPECT_EQ(std::string("Invalid data detected in .\\vrk_") + n.second,
+              str.substr(0, str.find('\n')));
+  }
 }
 
-TEST_F(ComboTest, CompletionStepAndCaseSensitiveSearch) {
+TEST_F(ComboTest, CompletionAsCalledAndAsTyped) {
   std::string strLong(1000, 'q');
   struct Case {
     std::vector<std::string> entries;
@@ -133,8 +135,7 @@ TEST_F(ComboTest, CompletionStepAndCaseSensitiveSearch) {
     std::string strShown;
     int nSel;
   } cases[] = {
-      {{"Abcde", "Beta"}, "ab", 3, "abcde", 0}, // typed case kept, tail selected
-      {{"Abcde", "Beta"}, "ab", 2, "Abcde", 0},
+      {{"Abcde", "Beta"}, "ab", 2, "Abcde", 0}, // the entry's case, tail selected
       {{"Beta", "Abcde"}, "ab", 0, "Abcde", 1}, // selects only
       {{"Abcde"}, "zz", 3, "zz", -1},
       {{}, "ab", 3, "ab", -1},
@@ -148,53 +149,42 @@ TEST_F(ComboTest, CompletionStepAndCaseSensitiveSearch) {
     VrkComboBoxDoQuickenAction(&combo, c.nFlags);
     EXPECT_EQ(c.strShown, Text(combo));
     EXPECT_EQ(c.nSel, combo.GetCurSel());
-    if ((c.nFlags & 2) && c.nSel >= 0) { // the completed tail is selected
+    if ((c.nFlags & 2) && c.nSel >= 0) {
       EXPECT_EQ(MAKELONG(2, c.strShown.size()), (LONG)combo.GetEditSel());
     }
   }
-  Fill(combo, {"ABX", "abY", "abz"});
-  EXPECT_EQ(1, combo.FindStringWithCase(-1, "ab"));
-  EXPECT_EQ(2, combo.FindStringWithCase(1, "ab"));
-  EXPECT_EQ(-1, combo.FindStringWithCase(2, "ab")); // wrapped around
-  EXPECT_EQ(2, combo.FindStringExactWithCase(-1, "abz"));
-  EXPECT_EQ(-1, combo.FindStringExactWithCase(-1, "ABZ"));
-  Fill(combo, {"ABX"});
-  EXPECT_EQ(-1, combo.FindStringWithCase(-1, "ab"));
-}
-
-TEST_F(ComboTest, TypingCompletesKeepingTheTypedCase) {
-  VAutoComboBox& combo = m_dlg.m_auto;
+  // Typed: the same step with the typed case kept.
   Fill(combo, {"Beta", "Abcde", "Gamma"});
-  user_input::Focus(m_dlg, VrkComboBoxGetChildEditCtrl(&combo));
-  user_input::Type("ab");
+  Focus(m_dlg, VrkComboBoxGetChildEditCtrl(&combo));
+  Type("ab");
   EXPECT_EQ("abcde", Text(combo));
   EXPECT_EQ(1, combo.GetCurSel());
   EXPECT_EQ(MAKELONG(2, 5), (LONG)combo.GetEditSel());
-  CString str;
-  user_input::Press(VK_BACK); // removes the tail and completes nothing
-  user_input::Type("x");
+  Press(VK_BACK); // removes the tail and completes nothing
+  Type("x");
   EXPECT_EQ("abx", Text(combo));
+  CString str;
   EXPECT_EQ(-1, VrkComboBoxGetSafeText(&combo, str)); // typed: the edit's text
   EXPECT_STREQ("abx", str);
   combo.SetCurSel(0);
   EXPECT_EQ(0, VrkComboBoxGetSafeText(&combo, str));
   EXPECT_STREQ("Beta", str);
-  Fill(combo, {});
-  combo.SetWindowText("");
-  user_input::Type("ab");
-  EXPECT_EQ("ab", Text(combo));
+  Fill(combo, {"ABX", "abY", "abz"});
+  EXPECT_EQ(1, combo.FindStringWithCase(-1, "ab"));
+  EXPECT_EQ(-1, combo.FindStringWithCase(2, "ab")); // wrapped around
+  EXPECT_EQ(-1, combo.FindStringExactWithCase(-1, "ABZ"));
 }
 
 TEST_F(ComboTest, FacesAreInstalledFamiliesAndSizesFollowThem) {
   VFaceNameComboBox& faces = m_dlg.m_faces;
   VPointSizeComboBox& sizes = m_dlg.m_sizes;
   ASSERT_GT(faces.GetCount(), 1);
+  CClientDC dc(&faces);
   for (int i = 0; i < faces.GetCount(); i++) { // each a family the system has
     CString strFace, strMade;
     faces.GetLBText(i, strFace);
     CFont font;
     font.CreatePointFont(100, strFace);
-    CClientDC dc(&faces);
     CFont* pOld = dc.SelectObject(&font);
     dc.GetTextFace(strMade);
     dc.SelectObject(pOld);
@@ -207,67 +197,42 @@ TEST_F(ComboTest, FacesAreInstalledFamiliesAndSizesFollowThem) {
   // refilled and 12 stays; with no size chosen the first is taken.
   sizes.SetCurSel(sizes.FindStringExact(-1, "12"));
   faces.SetCurSel(0);
-  user_input::Focus(m_dlg, faces);
-  user_input::Press(VK_DOWN);
+  Focus(m_dlg, faces);
+  Press(VK_DOWN);
   EXPECT_EQ(1, faces.GetCurSel());
   EXPECT_EQ("12", Text(sizes));
-  EXPECT_TRUE(m_dlg.Notified(IDC_FACES, CBN_SELCHANGE));
+  EXPECT_TRUE(m_dlg.m_notes.count({IDC_FACES, CBN_SELCHANGE}));
   sizes.SetCurSel(-1);
-  user_input::Press(VK_DOWN);
+  Press(VK_DOWN);
   EXPECT_EQ("4", Text(sizes));
-}
-
-TEST_F(ComboTest, CustomComboSizesItselfAndSendsCodeOne) {
-  VCustomComboBox& custom = m_dlg.m_custom;
-  EXPECT_EQ((DWORD)BS_OWNERDRAW, custom.GetStyle() & BS_TYPEMASK);
-  CRect rc;
-  custom.GetClientRect(&rc);
-  int cxEdge = ::GetSystemMetrics(SM_CXEDGE), cyEdge = ::GetSystemMetrics(SM_CYEDGE);
-  EXPECT_GE(rc.Height(), ::GetSystemMetrics(SM_CYVTHUMB) + 2 * cyEdge);
-  EXPECT_EQ(CRect(rc.right - ::GetSystemMetrics(SM_CXHTHUMB) - cxEdge, cyEdge, rc.right - cxEdge,
-                  rc.bottom - cyEdge),
-            custom.GetButtonRect());
-  user_input::ClickClient(custom, rc.Width() / 2, rc.Height() / 2);
-  EXPECT_TRUE(m_dlg.Notified(IDC_BUTTON, 1));
-}
-
-COLORREF PixelOf(HWND hWnd, int x, int y) {
-  ::UpdateWindow(hWnd);
-  HDC hDC = ::GetDC(hWnd);
-  COLORREF cr = ::GetPixel(hDC, x, y);
-  ::ReleaseDC(hWnd, hDC);
-  return cr;
 }
 
 TEST_F(ComboTest, ColourChosenFromThePopupGrid) {
   VColorComboBox& color = m_dlg.m_color;
   CRect rc;
   color.GetClientRect(&rc);
-  user_input::ClickClient(color, rc.right - 20, rc.Height() / 2); // the swatch: nothing
+  Click({rc.right - 20, rc.Height() / 2}, color); // the swatch: nothing
   EXPECT_EQ(nullptr, ::FindWindowA("VPopupColorCtrl", NULL));
-  color.SetColor(0x800000);                                      // navy, entry 5
-  user_input::ClickClient(color, rc.right - 6, rc.Height() / 2); // the arrow
+  color.SetColor(0x800000);                      // navy, entry 5
+  Click({rc.right - 6, rc.Height() / 2}, color); // the arrow
   HWND hPopup = ::FindWindowA("VPopupColorCtrl", NULL);
   ASSERT_NE(nullptr, hPopup);
   VPopupColorCtrl* pPopup = (VPopupColorCtrl*)CWnd::FromHandlePermanent(hPopup);
   EXPECT_EQ(hPopup, ::GetCapture());
   EXPECT_EQ(5, pPopup->GetHotIndex());
-  EXPECT_EQ(m_dlg.m_hWnd, ::GetWindow(hPopup, GW_OWNER));
-  CRect rcCombo, rcPopup, rcGrid;
+  CRect rcCombo, rcPopup;
   color.GetWindowRect(&rcCombo);
   ::GetWindowRect(hPopup, &rcPopup);
-  ::GetClientRect(hPopup, &rcGrid);
   EXPECT_EQ(CPoint(rcCombo.left, rcCombo.bottom + 1), rcPopup.TopLeft());
-  EXPECT_EQ(CSize(79, 98), rcGrid.Size());
 
   POINT ptBlue = {3 + 19 + 8, 3 + 57 + 8}; // entry 13: row 3, column 1
   EXPECT_EQ(0xFF0000u, PixelOf(hPopup, ptBlue.x, ptBlue.y));
   ::ClientToScreen(hPopup, &ptBlue);
-  user_input::MoveTo(ptBlue);
+  MoveTo(ptBlue);
   EXPECT_EQ(13, pPopup->GetHotIndex());
-  user_input::Click(ptBlue);
+  Click(ptBlue);
   EXPECT_EQ(0xFF0000u, color.GetColor());
-  EXPECT_TRUE(m_dlg.Notified(IDC_COLOR, CBN_SELCHANGE));
+  EXPECT_TRUE(m_dlg.m_notes.count({IDC_COLOR, CBN_SELCHANGE}));
   EXPECT_FALSE(::IsWindow(hPopup));
   EXPECT_EQ(nullptr, ::GetCapture());
   EXPECT_EQ(0xFF0000u, PixelOf(color, 20, rc.Height() / 2)); // the swatch
@@ -281,11 +246,11 @@ TEST_F(ComboTest, PopupStartsOnTheColourOrBlackAndOutlivesItsOwner) {
   }
   VColorComboBox* pColor = new VColorComboBox;
   ASSERT_TRUE(pColor->Create(WS_CHILD | WS_VISIBLE, CRect(230, 140, 330, 164), &m_dlg, 0x700));
-  user_input::ClickClient(*pColor, 94, 12);
+  Click({94, 12}, *pColor);
   HWND hPopup = ::FindWindowA("VPopupColorCtrl", NULL);
   ASSERT_NE(nullptr, hPopup);
   delete pColor; // gone while its grid is open: a square clicked changes nothing
-  user_input::ClickClient(hPopup, 10, 10);
+  Click({10, 10}, hPopup);
   EXPECT_FALSE(::IsWindow(hPopup));
   EXPECT_EQ(nullptr, ::GetCapture());
 }

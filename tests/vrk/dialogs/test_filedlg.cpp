@@ -12,6 +12,8 @@
 #include "temp_dir.h"
 #include "vrk_dialogs.h"
 
+using namespace user_input;
+
 namespace {
 
 const char kProfileKey[] = "Software\\Tamrix\\VrkDialogsTest\\Files";
@@ -39,7 +41,7 @@ std::string RunHost(const TempDir& dir, const std::string& typed, INT_PTR nExpec
     ::SendMessageA(hDlg, CDM_GETFOLDERPATH, MAX_PATH, (LPARAM)sz);
     shown = sz;
     ::SetDlgItemTextA(hDlg, ::GetDlgItem(hDlg, cmb13) ? cmb13 : edt1, typed.c_str());
-    DialogDriver::Click(hDlg, typed.empty() ? IDCANCEL : IDOK);
+    ClickItem(hDlg, typed.empty() ? IDCANCEL : IDOK);
   }));
   EXPECT_EQ(nExpected, dlg.DoModal());
   ::SetCurrentDirectoryA(szCurrent);
@@ -59,8 +61,7 @@ TEST(FileDialog, NextRunOpensInTheLastFolder) {
   ::CreateDirectoryA(dir.File("other").c_str(), NULL);
   RunHost(dir, dir.File("reports\\june"), IDOK); // opens where the system likes
   EXPECT_EQ(dir.File("reports"), Stored());
-  // A dialog that keeps no folder: the system's own last-visited folder
-  // becomes "other".
+  // A dialog that keeps no folder leaves the profile alone.
   RunHost(dir, dir.File("other\\july"), IDOK, false);
   EXPECT_EQ(dir.File("reports"), Stored());
   // The next run starts in "start" again, but the dialog opens in "reports".
@@ -80,10 +81,8 @@ TEST(FolderDialog, OpensAtTheCurrentOrGivenFolder) {
   ::SetCurrentDirectoryA(dir.Path().c_str());
   struct Case {
     const char* initial;
-    int nTitle;
-    int button, result;
-    std::string selected, name; // the folder and its display name
-    std::string title;
+    int nTitle, button, result;
+    std::string selected, name, title; // the folder and its display name
   } cases[] = {
       {NULL, 0, IDOK, 1, dir.Path(), dir.Path().substr(dir.Path().rfind('\\') + 1),
        "Select a folder"},
@@ -97,12 +96,11 @@ TEST(FolderDialog, OpensAtTheCurrentOrGivenFolder) {
     DialogDriver driver;
     driver.Then(DialogDriver::WhenShown([&](HWND hDlg) {
       EXPECT_TRUE(::FindWindowExA(hDlg, NULL, "Static", c.title.c_str()) != NULL);
-      DialogDriver::Click(hDlg, c.button);
+      ClickItem(hDlg, c.button);
     }));
     EXPECT_EQ(c.result, dlg.DoModal());
     EXPECT_EQ(c.selected, dlg.GetSelectedFolder());
-    // The shell's display name ends with the folder's name (Wine gives the
-    // whole path).
+    // The shell's display name ends with the folder's name.
     std::string display = dlg.GetDisplayFolder();
     EXPECT_EQ(c.name, display.substr(display.size() - std::min(display.size(), c.name.size())));
   }

@@ -7,9 +7,12 @@
 #include "resource.h"
 #include "vrk_dialogs.h"
 
+using namespace user_input;
+
 TEST(InputDialog, RequestFieldsAndTypedText) {
   const DWORD kPrompt = VIDF_PROMPT, kCaption = VIDF_CAPTION, kText = VIDF_TEXT;
   const DWORD kStyle = VIDF_STYLE, kWhole = WS_CHILD | WS_VISIBLE | ES_UPPERCASE;
+  const char* kDefault = "&Enter the text:";
   struct Case {
     VINPUTDLG request;
     const char* typed;
@@ -25,17 +28,17 @@ TEST(InputDialog, RequestFieldsAndTypedText) {
        "Rename", "New &name:", "report", 8, WS_TABSTOP, TRUE, "report"},
       // A limit without a prompt: the template's prompt, the limit applied.
       {{kPrompt, NULL, NULL, NULL, 0, 3}, "12345", IDOK,
-       "Input", "&Enter the text:", "123", 3, WS_TABSTOP, TRUE, "123"},
+       "Input", kDefault, "123", 3, WS_TABSTOP, TRUE, "123"},
       // The initial text is selected: typing replaces it. Cancel keeps it.
-      {{kText, NULL, NULL, "keep"}, "x", IDCANCEL,
-       "Input", "&Enter the text:", "x", 0x7FFFFFFE, WS_TABSTOP, FALSE, "keep"},
+      {{kText, NULL, NULL, "keep"}, "x", IDCANCEL, "Input", kDefault, "x", 0x7FFFFFFE, WS_TABSTOP,
+       FALSE, "keep"},
       {{kPrompt, "Big", NULL, NULL, 0, 100000}, "ok", IDOK,
        "Input", "Big", "ok", 100000, WS_TABSTOP, TRUE, "ok"},
       {{kStyle, NULL, NULL, NULL, ES_PASSWORD}, "pin", IDOK,
-       "Input", "&Enter the text:", "pin", 0x7FFFFFFE, ES_PASSWORD | WS_TABSTOP, TRUE, "pin"},
+       "Input", kDefault, "pin", 0x7FFFFFFE, ES_PASSWORD | WS_TABSTOP, TRUE, "pin"},
       // With WS_CHILD the style given is the whole style.
       {{kStyle, NULL, NULL, NULL, kWhole}, "ab", IDOK,
-       "Input", "&Enter the text:", "AB", 0x7FFFFFFE, ES_UPPERCASE, TRUE, "AB"},
+       "Input", kDefault, "AB", 0x7FFFFFFE, ES_UPPERCASE, TRUE, "AB"},
       // clang-format on
   };
   for (Case& c : cases) {
@@ -43,18 +46,17 @@ TEST(InputDialog, RequestFieldsAndTypedText) {
     DialogDriver driver;
     driver.Then(DialogDriver::WhenShown([&](HWND hDlg) {
       HWND hEdit = ::GetDlgItem(hDlg, IDC_VRK_INPUT_EDIT);
-      EXPECT_EQ(c.caption, DialogDriver::Text(hDlg));
-      EXPECT_EQ(c.prompt, DialogDriver::Text(hDlg, IDC_VRK_INPUT_PROMPT));
+      EXPECT_EQ(c.caption, Text(hDlg));
+      EXPECT_EQ(c.prompt, Text(hDlg, IDC_VRK_INPUT_PROMPT));
       EXPECT_EQ(hEdit, ::GetFocus());
       EXPECT_EQ(c.limit, (UINT)::SendMessageA(hEdit, EM_GETLIMITTEXT, 0, 0));
       EXPECT_EQ(c.style,
                 ::GetWindowLongA(hEdit, GWL_STYLE) & (WS_TABSTOP | ES_PASSWORD | ES_UPPERCASE));
-      DialogDriver::Type(c.typed);
-      EXPECT_EQ(c.shown, DialogDriver::Text(hEdit));
-      if (c.style & ES_PASSWORD) {
-        EXPECT_EQ('*', (char)::SendMessageA(hEdit, EM_GETPASSWORDCHAR, 0, 0));
-      }
-      DialogDriver::Click(hDlg, c.button);
+      Type(c.typed);
+      EXPECT_EQ(c.shown, Text(hEdit));
+      EXPECT_EQ(c.style & ES_PASSWORD ? '*' : 0,
+                (char)::SendMessageA(hEdit, EM_GETPASSWORDCHAR, 0, 0));
+      ClickItem(hDlg, c.button);
     }));
     VInputDialog dlg;
     EXPECT_EQ(c.result, dlg.DoModal(c.request));
@@ -65,9 +67,9 @@ TEST(InputDialog, RequestFieldsAndTypedText) {
   // The argument form: a prompt and a limit make a request of both.
   DialogDriver driver;
   driver.Then(DialogDriver::WhenShown([](HWND hDlg) {
-    EXPECT_EQ("Log in", DialogDriver::Text(hDlg));
-    DialogDriver::Type("abc");
-    DialogDriver::Key(VK_RETURN);
+    EXPECT_EQ("Log in", Text(hDlg));
+    Type("abc");
+    Press(VK_RETURN);
   }));
   VInputDialog dlg;
   EXPECT_TRUE(dlg.DoModal("PIN:", "Log in", NULL, 0, 2));

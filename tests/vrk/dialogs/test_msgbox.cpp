@@ -4,13 +4,15 @@
 #include <afxwin.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <map>
 #include <string>
 #include <vector>
 
 #include "dlg_driver.h"
 #include "resource.h"
 #include "vrk_msgbox.h"
+
+using namespace user_input;
 
 namespace {
 
@@ -22,11 +24,9 @@ CRect Rect(HWND hWnd) {
 
 // The visible buttons, left to right.
 std::vector<int> Buttons(HWND hDlg) {
-  std::vector<std::pair<int, int>> byX;
+  std::map<int, int> byX;
   for (int id = IDOK; id <= IDNO; id++)
-    if (::IsWindowVisible(::GetDlgItem(hDlg, id)))
-      byX.push_back({Rect(::GetDlgItem(hDlg, id)).left, id});
-  std::sort(byX.begin(), byX.end());
+    if (::IsWindowVisible(::GetDlgItem(hDlg, id))) byX[Rect(::GetDlgItem(hDlg, id)).left] = id;
   std::vector<int> ids;
   for (auto& p : byX)
     ids.push_back(p.second);
@@ -64,8 +64,8 @@ TEST_F(MessageBoxTest, TypeWordGivesButtonsIconDefaultAndResult) {
   for (const Case& c : cases) {
     SCOPED_TRACE(::testing::Message() << "type 0x" << std::hex << c.type << " answer " << c.answer);
     m_driver.Then(DialogDriver::WhenShown([&](HWND hDlg) {
-      EXPECT_EQ("Vrk Box Test", DialogDriver::Text(hDlg));
-      EXPECT_EQ("Save the changes?", DialogDriver::Text(hDlg, IDC_VRK_MSGBOX_TEXT));
+      EXPECT_EQ("Vrk Box Test", Text(hDlg));
+      EXPECT_EQ("Save the changes?", Text(hDlg, IDC_VRK_MSGBOX_TEXT));
       EXPECT_EQ(c.buttons, Buttons(hDlg));
       EXPECT_EQ(c.defID, ::GetDlgCtrlID(::GetFocus()));
       EXPECT_TRUE(::GetWindowLongA(::GetFocus(), GWL_STYLE) & BS_DEFPUSHBUTTON);
@@ -76,10 +76,8 @@ TEST_F(MessageBoxTest, TypeWordGivesButtonsIconDefaultAndResult) {
                    sizeof(lf), &lf);
       EXPECT_STREQ(ncm.lfMessageFont.lfFaceName, lf.lfFaceName);
       EXPECT_EQ(ncm.lfMessageFont.lfHeight, lf.lfHeight);
-      if (c.answer != VK_RETURN && c.answer != VK_ESCAPE)
-        return DialogDriver::Click(hDlg, c.answer);
-      DialogDriver::Key((WORD)c.answer);
-      if (::IsWindowVisible(hDlg)) DialogDriver::Click(hDlg, IDYES); // still open
+      if (c.answer >= VK_RETURN) Press((WORD)c.answer); // a key, else a button
+      if (::IsWindowVisible(hDlg)) ClickItem(hDlg, c.answer >= VK_RETURN ? IDYES : c.answer);
     }));
     EXPECT_EQ(c.result, VrkMessageBox("Save the changes?", c.type));
   }
@@ -89,27 +87,22 @@ TEST_F(MessageBoxTest, BoxFollowsItsText) {
   std::string words;
   while (words.size() < 10000)
     words += "a long message that has to wrap ";
-  struct Case {
-    std::string text;
-    bool centred; // beside the icon, as tall as it
-    bool wraps;
-  } cases[] = {{"Done.", true, false},
-               {words.substr(0, 400), false, true},
-               {words, false, true},
-               {std::string(10000, 'W'), false, true}}; // no space to break at
+  // A short text beside the icon, as tall as it; long ones, with spaces or
+  // none to break at, wrapped.
+  std::string texts[] = {"Done.", words, std::string(10000, 'W')};
   CRect screen = Rect(::GetDesktopWindow()), shortBox;
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.text.substr(0, 20));
+  for (const std::string& t : texts) {
+    SCOPED_TRACE(t.substr(0, 20));
+    bool centred = t.size() < 10;
     m_driver.Then(DialogDriver::WhenShown([&](HWND hDlg) {
       HWND hText = ::GetDlgItem(hDlg, IDC_VRK_MSGBOX_TEXT);
       CRect box = Rect(hDlg), text = Rect(hText), button = Rect(::GetDlgItem(hDlg, IDOK));
-      EXPECT_EQ(c.text, DialogDriver::Text(hText)); // all of it
-      EXPECT_EQ(c.centred, (::GetWindowLongA(hText, GWL_STYLE) & SS_CENTERIMAGE) != 0);
-      if (c.centred) {
+      EXPECT_EQ(t, Text(hText)); // all of it
+      EXPECT_EQ(centred, (::GetWindowLongA(hText, GWL_STYLE) & SS_CENTERIMAGE) != 0);
+      if (centred) {
         EXPECT_EQ(::GetSystemMetrics(SM_CYICON), text.Height());
         shortBox = box;
-      }
-      if (c.wraps) {
+      } else {
         EXPECT_LE(text.Width(), screen.Width() * 56 / 100);
         EXPECT_GT(box.Width(), shortBox.Width());
         EXPECT_GT(box.Height(), shortBox.Height());
@@ -118,9 +111,9 @@ TEST_F(MessageBoxTest, BoxFollowsItsText) {
       EXPECT_TRUE(box.PtInRect(text.TopLeft()) && text.right <= box.right);
       EXPECT_GE(button.top, text.bottom);
       EXPECT_TRUE(screen.PtInRect(box.TopLeft()) && box.bottom <= screen.bottom);
-      DialogDriver::Click(hDlg, IDOK);
+      ClickItem(hDlg, IDOK);
     }));
-    EXPECT_EQ(IDOK, VrkMessageBox(c.text.c_str(), MB_OK));
+    EXPECT_EQ(IDOK, VrkMessageBox(t.c_str(), MB_OK));
   }
 }
 
@@ -144,16 +137,15 @@ TEST_F(MessageBoxTest, ExtendedFormAndStringIdentifiers) {
   std::vector<std::string> texts;
   for (int i = 0; i < 3; i++)
     m_driver.Then(DialogDriver::WhenShown([&texts](HWND hDlg) {
-      texts.push_back(DialogDriver::Text(hDlg, IDC_VRK_MSGBOX_TEXT));
-      DialogDriver::Click(hDlg, IDNO);
+      texts.push_back(Text(hDlg, IDC_VRK_MSGBOX_TEXT));
+      ClickItem(hDlg, IDNO);
     }));
   EXPECT_EQ(IDNO, VrkMessageBoxEx(RUNTIME_CLASS(CHostBox), IDS_VRK_FILE_OPEN, MB_YESNO));
   EXPECT_EQ(1, CHostBox::s_nShown);
   EXPECT_EQ(IDNO, VrkMessageBox(IDS_VRK_FILE_OPEN, MB_YESNO));
   EXPECT_EQ(IDNO, VrkMessageBox(4999u, MB_YESNO)); // no such string: an empty text
-  EXPECT_EQ(std::vector<std::string>(
-                {"The file could not be opened", "The file could not be opened", ""}),
-            texts);
+  const char* kOpen = "The file could not be opened";
+  EXPECT_EQ(std::vector<std::string>({kOpen, kOpen, ""}), texts);
 }
 
 } // namespace

@@ -8,6 +8,8 @@
 
 #include "user_input.h"
 
+using namespace user_input;
+
 namespace {
 
 // Counts its closes; a button release inside gives up the capture from the
@@ -36,66 +38,44 @@ ON_WM_CLOSE()
 ON_WM_LBUTTONUP()
 END_MESSAGE_MAP()
 
-class PopupTest : public ::testing::Test {
-protected:
-  void SetUp() override {
-    ASSERT_TRUE(m_owner.CreateEx(0, AfxRegisterWndClass(0), "Owner",
-                                 WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 400, 300, NULL, NULL));
-    user_input::Focus(m_owner, m_owner);
-  }
-  void TearDown() override {
-    if (::IsWindow(m_owner)) m_owner.DestroyWindow();
-    user_input::Pump();
-    EXPECT_EQ(nullptr, ::GetCapture());
-  }
-  CWnd m_owner;
-};
-
-TEST_F(PopupTest, PressOutsideOrReleaseInsideClosesOnce) {
+TEST(PopupWindow, PressOutsideReleaseInsideOrAnotherCaptureClosesOnce) {
+  CWnd owner;
+  ASSERT_TRUE(owner.CreateEx(0, AfxRegisterWndClass(0), "Owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
+                             0, 0, 400, 300, NULL, NULL));
+  Focus(owner, owner);
   // Client points; the client area is 58 x 38 inside the border.
-  struct Case {
-    int x, y;
-    bool bOutside;
-  } cases[] = {{0, 0, false},  {57, 37, false}, {58, 10, true},
-               {10, 38, true}, {-1, 10, true},  {200, 150, true}};
-  for (const Case& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.x << "," << c.y);
+  POINT points[] = {{0, 0}, {57, 37}, {58, 10}, {10, 38}, {-1, 10}};
+  for (POINT pt : points) {
+    SCOPED_TRACE(testing::Message() << pt.x << "," << pt.y);
+    bool bOutside = pt.x < 0 || pt.x > 57 || pt.y > 37;
     CTestPopup popup;
-    ASSERT_TRUE(popup.Open(&m_owner, 50));
+    ASSERT_TRUE(popup.Open(&owner, 50));
     HWND hWnd = popup.m_hWnd;
     EXPECT_EQ(hWnd, ::GetCapture());
-    POINT pt = {c.x, c.y};
     ::ClientToScreen(hWnd, &pt);
-    user_input::MoveTo(pt);
-    user_input::Send({user_input::Mouse(MOUSEEVENTF_LEFTDOWN)});
-    EXPECT_EQ(c.bOutside ? NULL : hWnd, ::GetCapture());
-    EXPECT_EQ(c.bOutside, !::IsWindow(hWnd));
-    user_input::Send({user_input::Mouse(MOUSEEVENTF_LEFTUP)});
-    EXPECT_EQ(c.bOutside ? -1 : 1, popup.m_bAliveAfterRelease); // closed after the handler
+    MoveTo(pt);
+    Mouse(MOUSEEVENTF_LEFTDOWN);
+    EXPECT_EQ(bOutside ? NULL : hWnd, ::GetCapture());
+    EXPECT_EQ(bOutside, !::IsWindow(hWnd));
+    Mouse(MOUSEEVENTF_LEFTUP);
+    EXPECT_EQ(bOutside ? -1 : 1, popup.m_bAliveAfterRelease); // closed after the handler
     EXPECT_FALSE(::IsWindow(hWnd));
     EXPECT_EQ(1, popup.m_nCloses);
   }
-}
 
-TEST_F(PopupTest, AnyOtherCaptureClosesIt) {
   CTestPopup first, second;
-  ASSERT_TRUE(first.Open(&m_owner, 50));
-  ASSERT_TRUE(second.Open(&m_owner, 150));
-  user_input::Pump();
+  ASSERT_TRUE(first.Open(&owner, 50));
+  ASSERT_TRUE(second.Open(&owner, 150));
+  Pump();
   EXPECT_FALSE(::IsWindow(first.m_hWnd));
   EXPECT_EQ(1, first.m_nCloses);
   EXPECT_EQ(second.m_hWnd, ::GetCapture());
-  m_owner.SetCapture();
-  user_input::Pump();
+  owner.SetCapture();
+  Pump();
   EXPECT_FALSE(::IsWindow(second.m_hWnd));
   EXPECT_EQ(1, second.m_nCloses);
   ::ReleaseCapture();
-
-  CTestPopup third; // its owner destroyed while it is open takes it along
-  ASSERT_TRUE(third.Open(&m_owner, 50));
-  m_owner.DestroyWindow();
-  user_input::Pump();
-  EXPECT_FALSE(::IsWindow(third.m_hWnd));
+  owner.DestroyWindow();
 }
 
 } // namespace

@@ -10,6 +10,8 @@
 #include "resource.h"
 #include "vrk_dialogs.h"
 
+using namespace user_input;
+
 namespace {
 
 // The view's fits: page width 83 %, whole page 41 %.
@@ -34,22 +36,19 @@ TEST(ZoomDialog, TypedAndClickedPercentages) {
     BOOL fitWidth, fitWhole;
     int initial;       // the radio checked when shown
     const char* typed; // typed into the edit, or NULL to click:
-    int click;         //   this radio button
-    int radio;         // checked after the input
+    int click, radio;  // this radio button; the one checked after the input
     const char* shown; // the edit's text after the input
-    bool ok;           // OK enabled
-    UINT result;       // GetZoomPercent after OK
-    BOOL pageWidth;    // IsZoomPageWidth after OK
+    UINT result;       // GetZoomPercent after OK, 0 if OK is disabled
   } cases[] = {
-      {10, 500, 100, 0, 0, k100, "150", 0, kCustom, "150", true, 150, FALSE},
-      {10, 500, 100, 0, 0, k100, "600", 0, kCustom, "500", true, 500, FALSE}, // the maximum
-      {10, 500, 150, 0, 0, kCustom, "75", 0, k75, "75", true, 75, FALSE},
-      {10, 500, 50, 0, 0, k50, "7", 0, kCustom, "7", false, 0, FALSE}, // below the minimum
-      {10, 500, 100, 0, 0, k100, NULL, k25, k25, "25", true, 25, FALSE},
-      {10, 500, 200, 0, 0, k200, NULL, kWidth, kWidth, "83", true, 83, TRUE},
-      {10, 500, 100, 1, 1, kWidth, NULL, kWhole, kWhole, "41", true, 41, FALSE},  // width wins
-      {10, 500, 0, 0, 0, kCustom, NULL, kCustom, kCustom, "10", true, 10, FALSE}, // raised
-      {600, 50, 100, 0, 0, k100, NULL, k50, k50, "50", true, 50, FALSE},          // limits swapped
+      {10, 500, 100, 0, 0, k100, "150", 0, kCustom, "150", 150},
+      {10, 500, 100, 0, 0, k100, "600", 0, kCustom, "500", 500}, // the maximum
+      {10, 500, 150, 0, 0, kCustom, "75", 0, k75, "75", 75},
+      {10, 500, 50, 0, 0, k50, "7", 0, kCustom, "7", 0}, // below the minimum
+      {10, 500, 100, 0, 0, k100, NULL, k25, k25, "25", 25},
+      {10, 500, 200, 0, 0, k200, NULL, kWidth, kWidth, "83", 83},
+      {10, 500, 100, 1, 1, kWidth, NULL, kWhole, kWhole, "41", 41},  // width wins
+      {10, 500, 0, 0, 0, kCustom, NULL, kCustom, kCustom, "10", 10}, // raised
+      {600, 50, 100, 0, 0, k100, NULL, k50, k50, "50", 50},          // limits swapped
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(::testing::Message() << c.percent << " " << (c.typed ? c.typed : "click"));
@@ -67,21 +66,17 @@ TEST(ZoomDialog, TypedAndClickedPercentages) {
       ::SendMessageA(hSpin, UDM_GETRANGE32, (WPARAM)&lower, (LPARAM)&upper);
       EXPECT_EQ((int)std::min(c.min, c.max), lower);
       EXPECT_EQ((int)std::max(c.min, c.max), upper);
-      if (c.typed != NULL) {
-        DialogDriver::Focus(hDlg, IDC_VRK_ZOOM_PERCENT); // selects the text
-        DialogDriver::Type(c.typed);
-      } else {
-        DialogDriver::Click(hDlg, c.click);
-      }
+      if (c.typed != NULL) FocusItem(hDlg, IDC_VRK_ZOOM_PERCENT); // selects the text
+      c.typed != NULL ? Type(c.typed) : ClickItem(hDlg, c.click);
       EXPECT_EQ(c.radio, CheckedRadio(hDlg));
-      EXPECT_EQ(c.shown, DialogDriver::Text(hDlg, IDC_VRK_ZOOM_PERCENT));
-      EXPECT_EQ(c.ok, ::IsWindowEnabled(::GetDlgItem(hDlg, IDOK)) != FALSE);
-      DialogDriver::Click(hDlg, c.ok ? IDOK : IDCANCEL);
+      EXPECT_EQ(c.shown, Text(hDlg, IDC_VRK_ZOOM_PERCENT));
+      EXPECT_EQ(c.result != 0, ::IsWindowEnabled(::GetDlgItem(hDlg, IDOK)) != FALSE);
+      ClickItem(hDlg, c.result != 0 ? IDOK : IDCANCEL);
     }));
-    EXPECT_EQ(c.ok ? IDOK : IDCANCEL, dlg.DoModal());
-    if (!c.ok) continue;
+    EXPECT_EQ(c.result != 0 ? IDOK : IDCANCEL, dlg.DoModal());
+    if (c.result == 0) continue;
     EXPECT_EQ(c.result, dlg.GetZoomPercent());
-    EXPECT_EQ(c.pageWidth, dlg.IsZoomPageWidth());
+    EXPECT_EQ(c.radio == kWidth, dlg.IsZoomPageWidth() != FALSE);
     EXPECT_EQ(c.radio == kWhole, dlg.IsZoomWholePage() != FALSE);
   }
 }

@@ -10,6 +10,8 @@
 #include "scratch_registry.h"
 #include "vrk_tracedlg.h"
 
+using namespace user_input;
+
 namespace {
 
 const char kKey[] = "Software\\Tamrix\\PELVrk Profiler";
@@ -51,31 +53,31 @@ TEST_F(TraceDialogTest, ShowsTheKeyAndWritesWhatTheUserChanged) {
     EXPECT_TRUE(Checked(hDlg, IDC_VRK_TRACE_ENABLE) && Checked(hDlg, IDC_VRK_TRACE_TIMINGS) &&
                 Checked(hDlg, IDC_VRK_TRACE_CLOCKTIMES));
     EXPECT_FALSE(Checked(hDlg, IDC_VRK_TRACE_VERBATIM) || Checked(hDlg, IDC_VRK_TRACE_WINDOW));
-    EXPECT_EQ("4096", DialogDriver::Text(hDlg, IDC_VRK_TRACE_MAXLENGTH));
-    EXPECT_EQ("C:\\trace.log", DialogDriver::Text(hDlg, IDC_VRK_TRACE_FILENAME));
-    EXPECT_EQ("", DialogDriver::Text(hDlg, IDC_VRK_TRACE_DELIMITER)); // no tab here
+    EXPECT_EQ("4096", Text(hDlg, IDC_VRK_TRACE_MAXLENGTH));
+    EXPECT_EQ("C:\\trace.log", Text(hDlg, IDC_VRK_TRACE_FILENAME));
+    EXPECT_EQ("", Text(hDlg, IDC_VRK_TRACE_DELIMITER)); // no tab here
     EXPECT_EQ(3, ::SendDlgItemMessageA(hDlg, IDC_VRK_TRACE_CATEGORIES, LB_GETCOUNT, 0, 0));
     EXPECT_EQ(std::vector<int>({1, 0, 1}),
               std::vector<int>({ListCheck(hDlg, 0), ListCheck(hDlg, 1), ListCheck(hDlg, 2)}));
     EXPECT_TRUE(::SendDlgItemMessageA(hDlg, IDC_VRK_TRACE_BROWSE, BM_GETIMAGE, IMAGE_BITMAP, 0));
     // The trace window takes the file controls out, the timings the clock.
-    DialogDriver::Click(hDlg, IDC_VRK_TRACE_WINDOW);
+    ClickItem(hDlg, IDC_VRK_TRACE_WINDOW);
     EXPECT_FALSE(Enabled(hDlg, IDC_VRK_TRACE_FILENAME) || Enabled(hDlg, IDC_VRK_TRACE_BROWSE));
-    DialogDriver::Click(hDlg, IDC_VRK_TRACE_TIMINGS);
+    ClickItem(hDlg, IDC_VRK_TRACE_TIMINGS);
     EXPECT_FALSE(Enabled(hDlg, IDC_VRK_TRACE_CLOCKTIMES));
-    DialogDriver::Click(hDlg, IDC_VRK_TRACE_TIMINGS);
+    ClickItem(hDlg, IDC_VRK_TRACE_TIMINGS);
     EXPECT_TRUE(Enabled(hDlg, IDC_VRK_TRACE_CLOCKTIMES));
     // Typed: a length that is no number and a suffix; the first category
     // off and the second on with the space bar.
-    DialogDriver::Focus(hDlg, IDC_VRK_TRACE_MAXLENGTH);
-    DialogDriver::Type("lots");
-    DialogDriver::Focus(hDlg, IDC_VRK_TRACE_SUFFIX);
-    DialogDriver::Type("<<");
-    DialogDriver::Focus(hDlg, IDC_VRK_TRACE_CATEGORIES);
+    FocusItem(hDlg, IDC_VRK_TRACE_MAXLENGTH);
+    Type("lots");
+    FocusItem(hDlg, IDC_VRK_TRACE_SUFFIX);
+    Type("<<");
+    FocusItem(hDlg, IDC_VRK_TRACE_CATEGORIES);
     ::SendDlgItemMessageA(hDlg, IDC_VRK_TRACE_CATEGORIES, LB_SETCURSEL, 0, 0);
     for (WORD vk : {VK_SPACE, VK_DOWN, VK_SPACE})
-      DialogDriver::Key(vk);
-    DialogDriver::Click(hDlg, IDOK);
+      Press(vk);
+    ClickItem(hDlg, IDOK);
   }));
   ASSERT_EQ(IDOK, dlg.DoModal());
   EXPECT_EQ(0x53u, Dword("Flags")); // the trace window added
@@ -96,15 +98,15 @@ TEST_F(TraceDialogTest, NoKeyNoCategoriesAndBrowse) {
       }
     }
     EXPECT_EQ(0, ::SendDlgItemMessageA(hDlg, IDC_VRK_TRACE_CATEGORIES, LB_GETCOUNT, 0, 0));
-    DialogDriver::Click(hDlg, IDC_VRK_TRACE_ENABLE);
+    ClickItem(hDlg, IDC_VRK_TRACE_ENABLE);
     EXPECT_FALSE(Enabled(hDlg, IDC_VRK_TRACE_CLOCKTIMES)); // timings are off
-    DialogDriver::Click(hDlg, IDC_VRK_TRACE_BROWSE);       // runs the file dialog below
-    EXPECT_EQ("C:\\new\\run.log", DialogDriver::Text(hDlg, IDC_VRK_TRACE_FILENAME));
-    DialogDriver::Click(hDlg, ID_HELP); // and the help below
-    DialogDriver::Click(hDlg, IDOK);
+    ClickItem(hDlg, IDC_VRK_TRACE_BROWSE);                 // runs the file dialog below
+    EXPECT_EQ("C:\\new\\run.log", Text(hDlg, IDC_VRK_TRACE_FILENAME));
+    ClickItem(hDlg, ID_HELP); // and the help below
+    ClickItem(hDlg, IDOK);
   }));
   m_driver.Then([](HWND hFileDlg) {
-    EXPECT_EQ("Select output file", DialogDriver::Text(hFileDlg));
+    EXPECT_EQ("Select output file", Text(hFileDlg));
     ::SetDlgItemTextA(hFileDlg, ::GetDlgItem(hFileDlg, cmb13) ? cmb13 : edt1, "C:\\new\\run.log");
     DialogDriver::Press(hFileDlg, IDOK); // the file need not exist
   });
@@ -125,9 +127,9 @@ TEST_F(TraceDialogTest, WrongTypesReadAsDefaultsAndCancelWritesNothing) {
   dlg.SetTraceFilters(m_filters, 3);
   m_driver.Then(DialogDriver::WhenShown([](HWND hDlg) {
     EXPECT_FALSE(Checked(hDlg, IDC_VRK_TRACE_ENABLE));
-    EXPECT_EQ("", DialogDriver::Text(hDlg, IDC_VRK_TRACE_FILENAME));
-    EXPECT_EQ("", DialogDriver::Text(hDlg, IDC_VRK_TRACE_PREFIX));
-    DialogDriver::Click(hDlg, IDCANCEL);
+    EXPECT_EQ("", Text(hDlg, IDC_VRK_TRACE_FILENAME));
+    EXPECT_EQ("", Text(hDlg, IDC_VRK_TRACE_PREFIX));
+    ClickItem(hDlg, IDCANCEL);
   }));
   EXPECT_EQ(IDCANCEL, dlg.DoModal());
   EXPECT_EQ((DWORD)REG_SZ, ScratchRegistry::ValueType(kKey, "Flags"));
