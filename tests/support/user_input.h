@@ -1,13 +1,10 @@
 // Input as a user gives it: keys and mouse buttons go through SendInput into
-// the system's input queue, so thread hooks, WM_CHAR translation,
-// WM_GETDLGCODE and dialog navigation take part; Pump() serves the queue as
-// the application's run loop does.
-//
+// the system's queue, so hooks, WM_CHAR translation, WM_GETDLGCODE and dialog
+// navigation take part; Pump() serves the queue as the run loop does.
 // While a DialogDriver lives, each dialog (#32770) that activates on this
-// thread goes to the next queued action, or is cancelled if none is left, so
-// a test never blocks. An action runs as the dialog activates, before it is
-// shown; WhenShown runs it from the dialog's own loop once it is shown and
-// has the focus, so that typed input reaches its controls.
+// thread goes to the next queued action (none left: cancelled), as it
+// activates; WhenShown runs an action from the dialog's own loop once it is
+// shown and focused, so that typed input reaches its controls.
 #ifndef VRK_TESTS_USER_INPUT_H
 #define VRK_TESTS_USER_INPUT_H
 
@@ -15,15 +12,14 @@
 
 #include <deque>
 #include <functional>
-#include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace user_input {
 
-// Serves what is queued, and what arrives within a few idle rounds of 5 ms:
-// pre-translated as the run loop does, and through the dialog manager of an
-// active dialog that is not one of ours (the system's common dialogs).
+// Serves what is queued or arrives within a few idle rounds of 5 ms, through
+// the dialog manager of an active system dialog that has no CDialog.
 inline void Pump(int nIdleRounds = 3) {
   for (int nIdle = 0; nIdle < nIdleRounds;) {
     MSG msg;
@@ -78,8 +74,7 @@ inline void Mouse(DWORD dwFlags, DWORD dwData = 0) {
   Send({in});
 }
 
-// The cursor to a point of the screen, seen as a move.
-inline void MoveTo(POINT pt) {
+inline void MoveTo(POINT pt) { // on the screen
   ::SetCursorPos(pt.x, pt.y);
   Mouse(MOUSEEVENTF_MOVE);
 }
@@ -105,8 +100,7 @@ inline void Focus(HWND hWndTop, HWND hWndFocus) {
   Pump();
 }
 
-// Focuses a control of a dialog as the user's Tab does (an edit's text
-// selected).
+// Focuses a dialog's control as Tab does (an edit's text selected).
 inline void FocusItem(HWND hDlg, int nID) {
   ::SetForegroundWindow(hDlg);
   ::SendMessageA(hDlg, WM_NEXTDLGCTL, (WPARAM)::GetDlgItem(hDlg, nID), TRUE);
@@ -132,13 +126,13 @@ class DialogDriver {
 public:
   typedef std::function<void(HWND)> Action;
 
-  DialogDriver() : m_pOuter(Current()) {
+  DialogDriver() : m_pOuter(s_pCurrent) {
     m_hook = ::SetWindowsHookExA(WH_CBT, &CbtProc, NULL, ::GetCurrentThreadId());
-    Current() = this;
+    s_pCurrent = this;
   }
   ~DialogDriver() {
-    if (m_hook != NULL) ::UnhookWindowsHookEx(m_hook);
-    Current() = m_pOuter;
+    ::UnhookWindowsHookEx(m_hook);
+    s_pCurrent = m_pOuter;
   }
   DialogDriver(const DialogDriver&) = delete;
   DialogDriver& operator=(const DialogDriver&) = delete;
@@ -156,56 +150,41 @@ public:
 
   static Action WhenShown(Action action) {
     return [action](HWND hDlg) {
-      Pending()[hDlg] = action;
-      ::SetTimer(hDlg, kShownTimer, 10, &ShownTimerProc);
+      ::SetPropA(hDlg, "VrkWhenShown", new Action(action));
+      ::SetTimer(hDlg, 0x5EE, 10, &ShownTimerProc);
     };
   }
 
 private:
-  enum { kShownTimer = 0x5EE };
-  static std::map<HWND, Action>& Pending() {
-    static thread_local std::map<HWND, Action> s_pending;
-    return s_pending;
-  }
   static void CALLBACK ShownTimerProc(HWND hDlg, UINT, UINT_PTR nID, DWORD) {
     // A modal loop shows its dialog once idle: a due timer comes first.
     if (!::IsWindowVisible(hDlg)) return;
     ::KillTimer(hDlg, nID);
-    auto it = Pending().find(hDlg);
-    if (it == Pending().end()) return;
-    Action action = it->second;
-    Pending().erase(it);
+    std::unique_ptr<Action> pAction((Action*)::RemovePropA(hDlg, "VrkWhenShown"));
     ::SetForegroundWindow(hDlg);
-    action(hDlg);
-  }
-
-  static DialogDriver*& Current() {
-    static thread_local DialogDriver* s_pCurrent = nullptr;
-    return s_pCurrent;
+    if (pAction) (*pAction)(hDlg);
   }
 
   static LRESULT CALLBACK CbtProc(int nCode, WPARAM wParam, LPARAM lParam) {
-    DialogDriver* pDriver = Current();
-    if (nCode == HCBT_ACTIVATE && pDriver != nullptr) {
-      HWND hWnd = (HWND)wParam;
-      char cls[16];
-      // Activation comes again when the focus returns: one action a dialog.
-      if (::GetClassNameA(hWnd, cls, sizeof(cls)) && lstrcmpA(cls, "#32770") == 0 &&
-          ::GetPropA(hWnd, "VrkDriven") == NULL) {
-        ::SetPropA(hWnd, "VrkDriven", (HANDLE)1);
-        pDriver->m_captions.push_back(Text(hWnd));
-        if (pDriver->m_actions.empty()) {
-          Press(hWnd, IDCANCEL);
-        } else {
-          Action action = pDriver->m_actions.front();
-          pDriver->m_actions.pop_front();
-          action(hWnd);
-        }
+    HWND hWnd = (HWND)wParam;
+    char szClass[8] = "";
+    // Activation comes again when the focus returns: one action a dialog.
+    DialogDriver* pDriver = s_pCurrent;
+    if (nCode == HCBT_ACTIVATE && pDriver != nullptr && ::GetClassNameA(hWnd, szClass, 8) &&
+        lstrcmpA(szClass, "#32770") == 0 && ::GetPropA(hWnd, "VrkDriven") == NULL) {
+      ::SetPropA(hWnd, "VrkDriven", (HANDLE)1);
+      pDriver->m_captions.push_back(Text(hWnd));
+      Action action = [](HWND hDlg) { Press(hDlg, IDCANCEL); };
+      if (!pDriver->m_actions.empty()) {
+        action = pDriver->m_actions.front();
+        pDriver->m_actions.pop_front();
       }
+      action(hWnd);
     }
     return ::CallNextHookEx(NULL, nCode, wParam, lParam);
   }
 
+  static inline thread_local DialogDriver* s_pCurrent = nullptr;
   HHOOK m_hook;
   DialogDriver* m_pOuter;
   std::deque<Action> m_actions;

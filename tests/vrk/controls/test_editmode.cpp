@@ -8,8 +8,6 @@
 #include <afxext.h>
 #include <gtest/gtest.h>
 
-#include <vector>
-
 #include "controls_testing.h"
 #include "user_input.h"
 
@@ -152,17 +150,17 @@ TEST_F(EditModeTest, FocusEntersEditModeAndAcceleratorsStillWork) {
 
 TEST_F(EditModeTest, ClickWheelAndAltF4OutsideAskTheEdit) {
   struct Case {
-    int nInput; // 0 click on the button, 1 wheel over it, 2 Alt+F4
-    BOOL bModified, answer;
+    int nInput;             // 0 click on the button, 1 wheel over it, 2 Alt+F4
+    BOOL bModified, answer; // 0: refused
     DWORD nFlags;
-    bool bEnds, bGoesOn;
+    bool bGoesOn;
   } cases[] = {
-      {0, FALSE, TRUE, 0x10000001, true, true},  // ends, the click goes on
-      {0, TRUE, 0x21, 0x10000002, true, false},  // bit 0x20 eats it
-      {0, TRUE, 0x02, 0x10000002, true, false},  // so does a missing bit 0x01
-      {0, FALSE, 0, 0x10000001, false, false},   // refused: the focus stays
-      {1, FALSE, TRUE, 0x10000001, true, false}, // a wheel turn is always eaten
-      {2, FALSE, TRUE, 0xA0000001, true, false}, // never reaches the frame
+      {0, FALSE, TRUE, 0x10000001, true},  // ends, the click goes on
+      {0, TRUE, 0x21, 0x10000002, false},  // bit 0x20 eats it
+      {0, TRUE, 0x02, 0x10000002, false},  // so does a missing bit 0x01
+      {0, FALSE, 0, 0x10000001, false},    // refused: the focus stays
+      {1, FALSE, TRUE, 0x10000001, false}, // a wheel turn is always eaten
+      {2, FALSE, TRUE, 0xA0000001, false}, // never reaches the frame
   };
   CCellEdit& edit = m_pView->m_edit;
   for (const Case& c : cases) {
@@ -181,8 +179,8 @@ TEST_F(EditModeTest, ClickWheelAndAltF4OutsideAskTheEdit) {
     EXPECT_EQ(c.nFlags, q.nFlags);
     EXPECT_EQ(c.nInput == 2 ? CPoint(0, 0) : CPoint(pt), CPoint(q.x, q.y));
     EXPECT_EQ(c.nInput == 2 ? (UINT)SC_CLOSE : 0u, q.nKey);
-    EXPECT_EQ(c.bEnds ? nullptr : &edit, Session().pEdit);
-    EXPECT_EQ(c.bEnds ? (LPARAM)0 : (LPARAM)&edit, m_pView->m_editModes.back());
+    EXPECT_EQ(c.answer ? nullptr : &edit, Session().pEdit);
+    EXPECT_EQ(c.answer ? (LPARAM)0 : (LPARAM)&edit, m_pView->m_editModes.back());
     EXPECT_EQ(c.bGoesOn, m_pView->m_nClicks > nClicks);
     EXPECT_EQ(c.bGoesOn ? m_pView->m_button.m_hWnd : edit.m_hWnd, ::GetFocus());
   }
@@ -213,12 +211,12 @@ TEST_F(EditModeTest, ComboEscapeClosesTheListFirstAndKeysComplete) {
   EXPECT_EQ((UINT)VK_ESCAPE, pEdit->m_queries[0].nKey);
   EXPECT_EQ(nullptr, Session().pEdit);
 
-  // A choice from the list with the mouse marks the edit modified.
+  // A choice from the list with the mouse marks the edit modified (5002).
+  EXPECT_EQ(FALSE, combo.SendMessage(VWM_ISMODIFIED));
   Click({rc.right - 14, rc.Height() / 2}, combo); // not a double click
   COMBOBOXINFO info = {sizeof(info)};
   ::GetComboBoxInfo(combo, &info);
-  int cyItem = combo.GetItemHeight(0);
-  Click({5, cyItem + cyItem / 2}, info.hwndList);
+  Click({5, combo.GetItemHeight(0) * 3 / 2}, info.hwndList);
   EXPECT_EQ(1, combo.GetCurSel());
   EXPECT_EQ(TRUE, combo.SendMessage(VWM_ISMODIFIED));
 }

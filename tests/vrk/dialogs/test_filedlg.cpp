@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-#include "dlg_driver.h"
+#include "user_input.h"
 #include "scratch_registry.h"
 #include "temp_dir.h"
 #include "vrk_dialogs.h"

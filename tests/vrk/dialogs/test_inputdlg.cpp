@@ -1,9 +1,8 @@
 // The input box: the request's fields on the shown dialog, text typed into
 // its edit as a user would, OK and Cancel.
-#include <afxwin.h>
 #include <gtest/gtest.h>
 
-#include "dlg_driver.h"
+#include "user_input.h"
 #include "resource.h"
 #include "vrk_dialogs.h"
 

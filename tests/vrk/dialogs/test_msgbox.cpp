@@ -1,14 +1,11 @@
 // The library's message box, shown modally and answered through its real
 // buttons and keys: the type word's buttons, icon and default button, the
 // caption and font, the size following the text, the extended form's class.
-#include <afxwin.h>
 #include <gtest/gtest.h>
 
 #include <map>
-#include <string>
-#include <vector>
 
-#include "dlg_driver.h"
+#include "user_input.h"
 #include "resource.h"
 #include "vrk_msgbox.h"
 

@@ -1,12 +1,11 @@
 // The zoom dialog: percentages typed into its edit and radio buttons clicked
 // as a user would; the checked button, the edit's text, the OK button's state
 // and what the caller gets back.
-#include <afxwin.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
-#include "dlg_driver.h"
+#include "user_input.h"
 #include "resource.h"
 #include "vrk_dialogs.h"
 

@@ -5,7 +5,7 @@
 #include <dlgs.h>
 #include <gtest/gtest.h>
 
-#include "dlg_driver.h"
+#include "user_input.h"
 #include "resource.h"
 #include "scratch_registry.h"
 #include "vrk_tracedlg.h"
@@ -95,7 +95,6 @@ TEST_F(TraceDialogTest, NoKeyNoCategoriesAndBrowse) {
     EXPECT_FALSE(Enabled(hDlg, IDC_VRK_TRACE_CLOCKTIMES)); // timings are off
     ClickItem(hDlg, IDC_VRK_TRACE_BROWSE);                 // runs the file dialog below
     EXPECT_EQ("C:\\new\\run.log", Text(hDlg, IDC_VRK_TRACE_FILENAME));
-    ClickItem(hDlg, ID_HELP); // and the help below
     ClickItem(hDlg, IDOK);
   }));
   m_driver.Then([](HWND hFileDlg) {
@@ -103,9 +102,7 @@ TEST_F(TraceDialogTest, NoKeyNoCategoriesAndBrowse) {
     ::SetDlgItemTextA(hFileDlg, ::GetDlgItem(hFileDlg, cmb13) ? cmb13 : edt1, "C:\\new\\run.log");
     DialogDriver::Press(hFileDlg, IDOK); // the file need not exist
   });
-  m_driver.Then([](HWND hHelp) { DialogDriver::Press(hHelp, IDOK); });
   ASSERT_EQ(IDOK, dlg.DoModal());
-  EXPECT_EQ("Trace Settings Help", m_driver.Captions().back());
   EXPECT_EQ(1u, Dword("Flags"));
   EXPECT_EQ(0u, Dword("Filter"));
   EXPECT_EQ(0u, Dword("MaxLength")); // an empty length
