@@ -118,13 +118,12 @@ TEST_F(MessageBoxTest, BoxFollowsItsText) {
 class CHostBox : public VrkMessageBoxDlg {
   DECLARE_DYNCREATE(CHostBox)
 public:
-  static int s_nShown;
+  static inline int s_nShown = 0;
   virtual BOOL OnInitDialog() {
     s_nShown++;
     return VrkMessageBoxDlg::OnInitDialog();
   }
 };
-int CHostBox::s_nShown = 0;
 IMPLEMENT_DYNCREATE(CHostBox, VrkMessageBoxDlg)
 
 TEST_F(MessageBoxTest, ExtendedFormAndStringIdentifiers) {

@@ -34,20 +34,19 @@ TEST(ZoomDialog, TypedAndClickedPercentages) {
     UINT min, max, percent; // set before the dialog runs
     BOOL fitWidth, fitWhole;
     int initial;       // the radio checked when shown
-    const char* typed; // typed into the edit, or NULL to click:
-    int click, radio;  // this radio button; the one checked after the input
-    const char* shown; // the edit's text after the input
-    UINT result;       // GetZoomPercent after OK, 0 if OK is disabled
+    const char* typed; // typed into the edit, or NULL to click the radio
+    int radio;         // checked after the input
+    UINT result;       // GetZoomPercent after OK and the edit's text; 0: OK disabled
   } cases[] = {
-      {10, 500, 100, 0, 0, k100, "150", 0, kCustom, "150", 150},
-      {10, 500, 100, 0, 0, k100, "600", 0, kCustom, "500", 500}, // the maximum
-      {10, 500, 150, 0, 0, kCustom, "75", 0, k75, "75", 75},
-      {10, 500, 50, 0, 0, k50, "7", 0, kCustom, "7", 0}, // below the minimum
-      {10, 500, 100, 0, 0, k100, NULL, k25, k25, "25", 25},
-      {10, 500, 200, 0, 0, k200, NULL, kWidth, kWidth, "83", 83},
-      {10, 500, 100, 1, 1, kWidth, NULL, kWhole, kWhole, "41", 41},  // width wins
-      {10, 500, 0, 0, 0, kCustom, NULL, kCustom, kCustom, "10", 10}, // raised
-      {600, 50, 100, 0, 0, k100, NULL, k50, k50, "50", 50},          // limits swapped
+      {10, 500, 100, 0, 0, k100, "150", kCustom, 150},
+      {10, 500, 100, 0, 0, k100, "600", kCustom, 500}, // the maximum
+      {10, 500, 150, 0, 0, kCustom, "75", k75, 75},
+      {10, 500, 50, 0, 0, k50, "7", kCustom, 0}, // below the minimum
+      {10, 500, 100, 0, 0, k100, NULL, k25, 25},
+      {10, 500, 200, 0, 0, k200, NULL, kWidth, 83},
+      {10, 500, 100, 1, 1, kWidth, NULL, kWhole, 41}, // width wins
+      {10, 500, 0, 0, 0, kCustom, NULL, kCustom, 10}, // raised
+      {600, 50, 100, 0, 0, k100, NULL, k50, 50},      // limits swapped
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(::testing::Message() << c.percent << " " << (c.typed ? c.typed : "click"));
@@ -66,9 +65,9 @@ TEST(ZoomDialog, TypedAndClickedPercentages) {
       EXPECT_EQ((int)std::min(c.min, c.max), lower);
       EXPECT_EQ((int)std::max(c.min, c.max), upper);
       if (c.typed != NULL) FocusItem(hDlg, IDC_VRK_ZOOM_PERCENT); // selects the text
-      c.typed != NULL ? Type(c.typed) : ClickItem(hDlg, c.click);
+      c.typed != NULL ? Type(c.typed) : ClickItem(hDlg, c.radio);
       EXPECT_EQ(c.radio, CheckedRadio(hDlg));
-      EXPECT_EQ(c.shown, Text(hDlg, IDC_VRK_ZOOM_PERCENT));
+      EXPECT_EQ(c.result ? std::to_string(c.result) : c.typed, Text(hDlg, IDC_VRK_ZOOM_PERCENT));
       EXPECT_EQ(c.result != 0, ::IsWindowEnabled(::GetDlgItem(hDlg, IDOK)) != FALSE);
       ClickItem(hDlg, c.result != 0 ? IDOK : IDCANCEL);
     }));
