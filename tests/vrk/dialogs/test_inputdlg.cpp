@@ -10,41 +10,32 @@ using namespace user_input;
 
 TEST(InputDialog, RequestFieldsAndTypedText) {
   const DWORD kPrompt = VIDF_PROMPT, kCaption = VIDF_CAPTION, kText = VIDF_TEXT;
-  const DWORD kStyle = VIDF_STYLE, kWhole = WS_CHILD | WS_VISIBLE | ES_UPPERCASE;
-  const char* kDefault = "&Enter the text:";
+  const DWORD kStyle = VIDF_STYLE, kTab = WS_TABSTOP, kMax = 0x7FFFFFFE;
+  const DWORD kWhole = WS_CHILD | WS_VISIBLE | ES_UPPERCASE; // with WS_CHILD, the whole style
+  // No caption or prompt given: the template's "Input" and "&Enter the text:".
   struct Case {
     VINPUTDLG request;
-    const char* typed;
+    const char *typed, *input; // what is typed, what the caller gets back
     int button;
-    const char *caption, *prompt;
     UINT limit;
-    DWORD style;       // bits the edit has
-    const char* input; // what the caller gets back
+    DWORD style; // bits the edit has
   } cases[] = {
-      // clang-format off
-      {{kPrompt | kCaption | kText, "New &name:", "Rename", "old", 0, 8}, "report", IDOK,
-       "Rename", "New &name:", 8, WS_TABSTOP, "report"},
-      // A limit without a prompt: the template's prompt, the limit applied.
-      {{kPrompt, NULL, NULL, NULL, 0, 3}, "12345", IDOK,
-       "Input", kDefault, 3, WS_TABSTOP, "123"},
-      // Cancel keeps the initial text (typing replaces it, as in the first).
-      {{kText, NULL, NULL, "keep"}, "x", IDCANCEL, "Input", kDefault, 0x7FFFFFFE, WS_TABSTOP, "keep"},
-      {{kPrompt, "Big", NULL, NULL, 0, 100000}, "ok", IDOK,
-       "Input", "Big", 100000, WS_TABSTOP, "ok"},
-      {{kStyle, NULL, NULL, NULL, ES_PASSWORD}, "pin", IDOK,
-       "Input", kDefault, 0x7FFFFFFE, ES_PASSWORD | WS_TABSTOP, "pin"},
-      // With WS_CHILD the style given is the whole style.
-      {{kStyle, NULL, NULL, NULL, kWhole}, "ab", IDOK,
-       "Input", kDefault, 0x7FFFFFFE, ES_UPPERCASE, "AB"},
-      // clang-format on
+      // Typing replaces the initial text.
+      {{kPrompt | kCaption | kText, "&Name:", "Edit", "old", 0, 8}, "new", "new", IDOK, 8, kTab},
+      {{kPrompt, NULL, NULL, NULL, 0, 3}, "12345", "123", IDOK, 3, kTab}, // limit without prompt
+      {{kText, NULL, NULL, "keep"}, "x", "keep", IDCANCEL, kMax, kTab},
+      {{kPrompt, "Big", NULL, NULL, 0, 100000}, "ok", "ok", IDOK, 100000, kTab},
+      {{kStyle, NULL, NULL, NULL, ES_PASSWORD}, "pin", "pin", IDOK, kMax, ES_PASSWORD | kTab},
+      {{kStyle, NULL, NULL, NULL, kWhole}, "ab", "AB", IDOK, kMax, ES_UPPERCASE}, // whole style
   };
   for (Case& c : cases) {
     SCOPED_TRACE(c.typed);
     DialogDriver driver;
     driver.Then(DialogDriver::WhenShown([&](HWND hDlg) {
       HWND hEdit = ::GetDlgItem(hDlg, IDC_VRK_INPUT_EDIT);
-      EXPECT_EQ(c.caption, Text(hDlg));
-      EXPECT_EQ(c.prompt, Text(hDlg, IDC_VRK_INPUT_PROMPT));
+      EXPECT_EQ(c.request.pszCaption ? c.request.pszCaption : "Input", Text(hDlg));
+      EXPECT_EQ(c.request.pszPrompt ? c.request.pszPrompt : "&Enter the text:",
+                Text(hDlg, IDC_VRK_INPUT_PROMPT));
       EXPECT_EQ(hEdit, ::GetFocus());
       EXPECT_EQ(c.limit, (UINT)::SendMessageA(hEdit, EM_GETLIMITTEXT, 0, 0));
       EXPECT_EQ(c.style,
