@@ -18,8 +18,9 @@
 
 namespace user_input {
 
-// Serves what is queued or arrives within a few idle rounds of 5 ms, through
-// the dialog manager of an active system dialog that has no CDialog.
+// Serves what is queued or arrives within a few idle rounds of 5 ms,
+// pre-translated as the run loop does (an active system dialog with no
+// CDialog navigates through its own dialog manager).
 inline void Pump(int nIdleRounds = 3) {
   for (int nIdle = 0; nIdle < nIdleRounds;) {
     MSG msg;
