@@ -48,15 +48,23 @@ inline void Send(std::vector<INPUT> in) {
   Pump();
 }
 
+inline INPUT Key(WORD vk, DWORD dwFlags) {
+  INPUT in = {INPUT_KEYBOARD};
+  in.ki.wVk = vk;
+  in.ki.wScan = (WORD)::MapVirtualKeyA(vk, MAPVK_VK_TO_VSC);
+  in.ki.dwFlags = dwFlags;
+  return in;
+}
+
 // Presses vk while the modifiers (VK_SHIFT, VK_CONTROL, VK_MENU) are held.
 inline void Press(WORD vk, std::vector<WORD> mods = {}) {
-  mods.push_back(vk);
-  std::vector<INPUT> in(2 * mods.size(), INPUT{INPUT_KEYBOARD});
-  for (size_t i = 0; i < mods.size(); i++) {
-    in[i].ki.wVk = in[in.size() - 1 - i].ki.wVk = mods[i];
-    in[i].ki.wScan = in[in.size() - 1 - i].ki.wScan = (WORD)::MapVirtualKeyA(mods[i], 0);
-    in[in.size() - 1 - i].ki.dwFlags = KEYEVENTF_KEYUP;
-  }
+  std::vector<INPUT> in;
+  for (WORD m : mods)
+    in.push_back(Key(m, 0));
+  in.push_back(Key(vk, 0));
+  in.push_back(Key(vk, KEYEVENTF_KEYUP));
+  for (auto it = mods.rbegin(); it != mods.rend(); ++it)
+    in.push_back(Key(*it, KEYEVENTF_KEYUP));
   Send(in);
 }
 
@@ -148,6 +156,13 @@ public:
   }
   static std::string Text(HWND hWnd) { return user_input::Text(hWnd); }
   static std::string Text(HWND hDlg, int nID) { return user_input::Text(hDlg, nID); }
+
+  // Input for actions, as in user_input.
+  static void Focus(HWND hDlg, int nID) { user_input::FocusItem(hDlg, nID); }
+  static void Key(WORD vk, bool bShift = false) {
+    user_input::Press(vk, bShift ? std::vector<WORD>{VK_SHIFT} : std::vector<WORD>{});
+  }
+  static void Type(const std::string& text) { user_input::Type(text); }
 
   static Action WhenShown(Action action) {
     return [action](HWND hDlg) {
