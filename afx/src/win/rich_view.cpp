@@ -4,6 +4,8 @@
 #include <afxrich.h>
 #include <limits.h>
 
+#include <exception>
+
 IMPLEMENT_DYNCREATE(CRichEditView, CCtrlView)
 
 BEGIN_MESSAGE_MAP(CRichEditView, CCtrlView)
@@ -75,19 +77,21 @@ void CRichEditView::DeleteContents() {
 // ---- Streams ---------------------------------------------------------------------------------
 
 namespace {
-// The archive a stream reads or writes, and the exception it raised (which
-// must not pass through the control's code: it is thrown again after).
+// The archive a stream reads or writes, and the exception it raised: it must
+// not pass through the control's code, so the callback stops the stream and
+// the exception is thrown again after, as the same type (a CFileException
+// stays one for its catchers; a rethrown CException* would not).
 struct StreamCookie {
   CArchive* pArchive;
-  CException* pError;
+  std::exception_ptr error;
 };
 
 DWORD CALLBACK StreamInCallback(DWORD_PTR dwCookie, LPBYTE pbBuff, LONG cb, LONG* pcb) {
   StreamCookie* pCookie = (StreamCookie*)dwCookie;
   try {
     *pcb = (LONG)pCookie->pArchive->Read(pbBuff, (UINT)cb);
-  } catch (CException* e) {
-    pCookie->pError = e;
+  } catch (...) {
+    pCookie->error = std::current_exception();
     *pcb = 0;
     return 1; // stops the stream
   }
@@ -99,8 +103,8 @@ DWORD CALLBACK StreamOutCallback(DWORD_PTR dwCookie, LPBYTE pbBuff, LONG cb, LON
   try {
     pCookie->pArchive->Write(pbBuff, (UINT)cb);
     *pcb = cb;
-  } catch (CException* e) {
-    pCookie->pError = e;
+  } catch (...) {
+    pCookie->error = std::current_exception();
     *pcb = 0;
     return 1;
   }
@@ -112,7 +116,7 @@ void CRichEditView::Stream(CArchive& ar, BOOL bSelection) {
   CRichEditDoc* pDoc = GetDocument();
   int nFormat = pDoc != NULL ? pDoc->GetStreamFormat() : SF_RTF;
   if (bSelection) nFormat |= SFF_SELECTION;
-  StreamCookie cookie = {&ar, NULL};
+  StreamCookie cookie = {&ar, nullptr};
   EDITSTREAM es;
   es.dwCookie = (DWORD_PTR)&cookie;
   es.dwError = 0;
@@ -123,7 +127,7 @@ void CRichEditView::Stream(CArchive& ar, BOOL bSelection) {
     es.pfnCallback = StreamInCallback;
     GetRichEditCtrl().StreamIn(nFormat, es);
   }
-  if (cookie.pError != NULL) throw cookie.pError;
+  if (cookie.error) std::rethrow_exception(cookie.error);
 }
 
 void CRichEditView::Serialize(CArchive& ar) { Stream(ar, FALSE); }
