@@ -57,4 +57,7 @@
 #define IDC_VRK_MSGBOX_TEXT 5050
 #define IDC_VRK_MSGBOX_ICON 5051
 
+// The keyboard map's document template: its document string and menu.
+#define IDR_VRK_KEYBOARDMAP 5800
+
 #endif // VRK_ENU_RESOURCE_H
