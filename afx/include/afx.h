@@ -1,7 +1,7 @@
 // afx.h - the core of the MFC-compatible runtime: objects and run-time
 // classes, strings, exceptions, files and archives.
-#ifndef AFX_H
-#define AFX_H
+#ifndef __AFX_H__
+#define __AFX_H__
 
 #include "afxver_.h"
 
@@ -18,4 +18,4 @@ class CString;
 #include "afxfile_.h"
 #include "afxarc_.h"
 
-#endif // AFX_H
+#endif // __AFX_H__

@@ -1,7 +1,7 @@
 // afxcmn.h - wrappers of the common controls: the spin button (up-down
 // control) and the progress bar.
-#ifndef AFXCMN_H
-#define AFXCMN_H
+#ifndef __AFXCMN_H__
+#define __AFXCMN_H__
 
 #include "afxwin.h"
 
@@ -77,4 +77,4 @@ public:
 #include "afxcmnbar_.h"
 #include "afxcmnrich_.h"
 
-#endif // AFXCMN_H
+#endif // __AFXCMN_H__

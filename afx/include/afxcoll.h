@@ -1,8 +1,8 @@
 // afxcoll.h - the non-template collection classes: arrays, lists and maps of
 // object pointers, plain pointers, integers and strings, and the block
 // allocator and shared algorithms that these and afxtempl.h's templates use.
-#ifndef AFXCOLL_H
-#define AFXCOLL_H
+#ifndef __AFXCOLL_H__
+#define __AFXCOLL_H__
 
 #include "afx.h"
 
@@ -873,4 +873,4 @@ protected:
   void Serialize(CArchive& ar);
 };
 
-#endif // AFXCOLL_H
+#endif // __AFXCOLL_H__

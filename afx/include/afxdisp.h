@@ -1,7 +1,7 @@
 // afxdisp.h - automation support: the OLE date and date-span classes
 // (declared in atlcomtime.h, as in MFC 9).
-#ifndef AFXDISP_H
-#define AFXDISP_H
+#ifndef __AFXDISP_H__
+#define __AFXDISP_H__
 
 #include "afxwin.h"
 
@@ -10,4 +10,4 @@
 
 #include "atlcomtime.h"
 
-#endif // AFXDISP_H
+#endif // __AFXDISP_H__

@@ -1,7 +1,7 @@
 // afxext.h: MFC's extension classes: control bars (CControlBar, CStatusBar,
 // CToolBar) and the framework's print information (CPrintInfo).
-#ifndef AFXEXT_H
-#define AFXEXT_H
+#ifndef __AFXEXT_H__
+#define __AFXEXT_H__
 
 #include "afxwin.h"
 #include "afxdlgs.h"
@@ -9,4 +9,4 @@
 #include "afxbar_.h"
 #include "afxprint_.h"
 
-#endif // AFXEXT_H
+#endif // __AFXEXT_H__

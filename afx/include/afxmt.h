@@ -1,7 +1,7 @@
 // afxmt.h - synchronisation objects: semaphores, mutexes, events, critical
 // sections and the lock helpers that acquire them.
-#ifndef AFXMT_H
-#define AFXMT_H
+#ifndef __AFXMT_H__
+#define __AFXMT_H__
 
 #include "afx.h"
 
@@ -131,4 +131,4 @@ private:
   void operator=(const CMultiLock&);
 };
 
-#endif // AFXMT_H
+#endif // __AFXMT_H__

@@ -3,8 +3,8 @@
 // to anyone given its interface) and COleDataObject (the receiving side over
 // any IDataObject, the clipboard's included). No OLE embedding, linking or
 // drag-and-drop is provided.
-#ifndef AFXOLE_H
-#define AFXOLE_H
+#ifndef __AFXOLE_H__
+#define __AFXOLE_H__
 
 #include "afxwin.h"
 #include "afxdisp.h"
@@ -188,4 +188,4 @@ private:
   void operator=(const COleDataObject&);
 };
 
-#endif // AFXOLE_H
+#endif // __AFXOLE_H__

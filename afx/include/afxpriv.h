@@ -1,7 +1,7 @@
 // afxpriv.h: the framework's private messages and layout record, public so
 // that control bars and frames of other modules can take part in layout.
-#ifndef AFXPRIV_H
-#define AFXPRIV_H
+#ifndef __AFXPRIV_H__
+#define __AFXPRIV_H__
 
 #include "afxwin.h"
 
@@ -29,4 +29,4 @@ struct AFX_SIZEPARENTPARAMS {
   BOOL bStretch;
 };
 
-#endif // AFXPRIV_H
+#endif // __AFXPRIV_H__

@@ -5,8 +5,8 @@
 // document) and CRichEditCntrItem a plain CObject; the document holds its
 // text in the view's control and archives it as RTF or plain text. Objects
 // embedded in the text are neither created nor kept.
-#ifndef AFXRICH_H
-#define AFXRICH_H
+#ifndef __AFXRICH_H__
+#define __AFXRICH_H__
 
 #include "afxwin.h"
 #include "afxcmn.h"
@@ -114,4 +114,4 @@ public:
   BOOL m_bRTF; // archived as RTF (TRUE) or plain text
 };
 
-#endif // AFXRICH_H
+#endif // __AFXRICH_H__

@@ -1,8 +1,8 @@
 // afxtempl.h - the collection templates CArray, CList and CMap, their element
 // helpers, and the type-safe pointer wrappers CTypedPtrArray, CTypedPtrList
 // and CTypedPtrMap over the non-template collections.
-#ifndef AFXTEMPL_H
-#define AFXTEMPL_H
+#ifndef __AFXTEMPL_H__
+#define __AFXTEMPL_H__
 
 #include "afxcoll.h"
 
@@ -524,4 +524,4 @@ public:
   }
 };
 
-#endif // AFXTEMPL_H
+#endif // __AFXTEMPL_H__

@@ -6,10 +6,37 @@
 #ifndef _MBCS
 #define _MBCS
 #endif
+// MFC code uses min and max as windows.h's macros. Microsoft's windows.h
+// defines them for C++ too, mingw-w64's only for C: afx defines them, unless
+// the application defines NOMINMAX (afx's own headers use neither). Asked
+// before windows.h, as the C++ library's configuration defines NOMINMAX
+// itself. The C++ library's headers that declare functions of those names are
+// read first, so that including them later does not meet the macros; as with
+// Microsoft's headers, code then calls (std::numeric_limits<T>::max)().
 #ifndef NOMINMAX
-#define NOMINMAX
+#define _AFX_MIN_MAX_MACROS
 #endif
 #include <windows.h>
+#ifdef _AFX_MIN_MAX_MACROS
+#ifdef __cplusplus
+#include <algorithm>
+#include <functional>
+#include <limits>
+#include <list>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <valarray>
+#include <vector>
+#endif
+#ifndef max
+#define max(a, b) (((a) > (b)) ? (a) : (b))
+#endif
+#ifndef min
+#define min(a, b) (((a) < (b)) ? (a) : (b))
+#endif
+#endif
 #include <tchar.h>
 #include <mbstring.h>
 #include <stddef.h>
