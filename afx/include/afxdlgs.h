@@ -1,6 +1,6 @@
 // afxdlgs.h: the common dialogs (CCommonDialog, CFileDialog, CPrintDialog).
-#ifndef AFXDLGS_H
-#define AFXDLGS_H
+#ifndef __AFXDLGS_H__
+#define __AFXDLGS_H__
 
 #include "afxwin.h"
 #include <commdlg.h>
@@ -118,6 +118,29 @@ protected:
   BOOL GetDialogString(UINT nMsg, CString& rString) const;
 };
 
+// ---- CColorDialog ----------------------------------------------------------------
+
+// The system's colour dialog (ChooseColor). m_cc is filled by the
+// constructor (CC_RGBINIT when clrInit is given, the custom colours shared
+// by every colour dialog of the process) and may be changed before DoModal.
+class AFX_API CColorDialog : public CCommonDialog {
+  DECLARE_DYNAMIC(CColorDialog)
+public:
+  explicit CColorDialog(COLORREF clrInit = 0, DWORD dwFlags = 0, CWnd* pParentWnd = NULL);
+  virtual ~CColorDialog();
+
+  CHOOSECOLOR m_cc;
+
+  // IDOK or IDCANCEL.
+  virtual INT_PTR DoModal();
+  // The colour chosen (or the initial one before DoModal).
+  COLORREF GetColor() const { return m_cc.rgbResult; }
+  // While the dialog is shown: selects the colour in it.
+  void SetCurrentColor(COLORREF clr);
+  // The 16 custom colours kept for the process.
+  static COLORREF* PASCAL GetSavedCustomColors();
+};
+
 // ---- CPrintDialog ----------------------------------------------------------------
 
 // The Print and Print Setup dialogs (PrintDlg). m_pd holds the choice: the
@@ -168,4 +191,4 @@ protected:
 // DEVMODE block (may be NULL); NULL when hDevNames is NULL or unusable.
 AFX_API HDC AFXAPI AfxCreateDC(HGLOBAL hDevNames, HGLOBAL hDevMode);
 
-#endif // AFXDLGS_H
+#endif // __AFXDLGS_H__

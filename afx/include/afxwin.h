@@ -1,8 +1,8 @@
 // afxwin.h - the application framework: command targets, windows, dialogs
 // and controls, threads, the application object, frames, documents and
 // views, message boxes and the module's resources.
-#ifndef AFXWIN_H
-#define AFXWIN_H
+#ifndef __AFXWIN_H__
+#define __AFXWIN_H__
 
 #include "afx.h"
 #include "afxcoll.h"
@@ -1185,6 +1185,40 @@ AFX_API CWinThread* AFXAPI AfxBeginThread(CRuntimeClass* pThreadClass,
 AFX_API void AFXAPI AfxEndThread(UINT nExitCode, BOOL bDelete = TRUE);
 AFX_API CWinThread* AFXAPI AfxGetThread();
 
+// ---- CCommandLineInfo ------------------------------------------------------
+
+// The program's command line as CWinApp::ParseCommandLine reads it: a file
+// name opens it, /p and /pt print it, /Embedding, /Automation, /Register and
+// /Unregister are noted; ProcessShellCommand carries the result out.
+class AFX_API CCommandLineInfo : public CObject {
+public:
+  CCommandLineInfo();
+  virtual ~CCommandLineInfo();
+  // One parameter, without its leading '/' or '-' when bFlag.
+  virtual void ParseParam(const TCHAR* pszParam, BOOL bFlag, BOOL bLast);
+
+  BOOL m_bShowSplash;
+  BOOL m_bRunEmbedded;
+  BOOL m_bRunAutomated;
+  enum {
+    FileNew,
+    FileOpen,
+    FilePrint,
+    FilePrintTo,
+    FileDDE,
+    AppRegister,
+    AppUnregister,
+    FileNothing = -1
+  } m_nShellCommand;
+  CString m_strFileName;
+  CString m_strPrinterName;
+  CString m_strDriverName;
+  CString m_strPortName;
+
+private:
+  int m_nPrintToParams = 0; // the printer, driver and port names after /pt
+};
+
 // ---- CWinApp ----------------------------------------------------------------
 
 class AFX_API CWinApp : public CWinThread {
@@ -1249,6 +1283,42 @@ public:
   afx_msg void OnFileNew();
   afx_msg void OnFileOpen();
   afx_msg void OnAppExit();
+  // Reads the program's arguments into rCmdInfo.
+  void ParseCommandLine(CCommandLineInfo& rCmdInfo);
+  // Does what the command line asked: a new document (the application's
+  // ID_FILE_NEW handler), the file opened (and printed for /p and /pt), or
+  // nothing; FALSE when it failed or the program should not go on.
+  BOOL ProcessShellCommand(CCommandLineInfo& rCmdInfo);
+
+  // ---- Recent files: the File menu's list (ID_FILE_MRU_FILE1...), kept in
+  // the profile's "Recent File List" section. NULL until
+  // LoadStdProfileSettings; saved by ExitInstance.
+  class CRecentFileList* m_pRecentFileList = NULL;
+  // Reads the list of nMaxMRU files (0: no list) and the print preview's
+  // page count.
+  void LoadStdProfileSettings(UINT nMaxMRU = 4);
+  void SaveStdProfileSettings();
+  virtual void AddToRecentFileList(LPCTSTR lpszPathName);
+  afx_msg void OnUpdateRecentFileMenu(CCmdUI* pCmdUI);
+  afx_msg BOOL OnOpenRecentFile(UINT nID);
+  UINT m_nNumPreviewPages = 0;
+
+  // ---- Cursors and icons: the application's resources (through the
+  // resource chain), the system's (IDC_*, IDI_*) and the OEM ones (OCR_*,
+  // OIC_*).
+  HCURSOR LoadCursor(LPCTSTR lpszResourceName) const;
+  HCURSOR LoadCursor(UINT nIDResource) const;
+  HCURSOR LoadStandardCursor(LPCTSTR lpszCursorName) const;
+  HCURSOR LoadOEMCursor(UINT nIDCursor) const;
+  HICON LoadIcon(LPCTSTR lpszResourceName) const;
+  HICON LoadIcon(UINT nIDResource) const;
+  HICON LoadStandardIcon(LPCTSTR lpszIconName) const;
+  HICON LoadOEMIcon(UINT nIDIcon) const;
+
+protected:
+  DECLARE_MESSAGE_MAP()
+
+public:
   // Deletes m_pDocManager when the application object goes.
   struct AFX_API CDocManagerDeleter {
     CWinApp* m_pApp;
@@ -1378,6 +1448,15 @@ public:
   // The control bar child with the id, or NULL.
   CControlBar* GetControlBar(UINT nID);
   void ShowControlBar(CControlBar* pBar, BOOL bShow, BOOL bDelay);
+  // Docking to the frame's edges: EnableDocking names the edges bars may
+  // take (CBRS_ALIGN_*); DockControlBar puts a bar at one, the dock bar's
+  // (AFX_IDW_DOCKBAR_TOP...) or, with 0, the first of top, bottom, left and
+  // right that both the bar and the frame allow. Left out: floating bars,
+  // dragging a bar to another edge, and several bars side by side in one row
+  // (lpRect is not used).
+  void EnableDocking(DWORD dwDockStyle);
+  void DockControlBar(CControlBar* pBar, UINT nDockBarID = 0, LPCRECT lpRect = NULL);
+  DWORD m_dwDockStyle = 0; // the edges EnableDocking allowed
   // The window that shows messages: the AFX_IDW_STATUS_BAR child, or NULL.
   virtual CWnd* GetMessageBar();
   // Writes the text to the first pane of the status bar.
@@ -1825,4 +1904,4 @@ AFX_API int AFXAPI AfxMessageBox(UINT nIDPrompt, UINT nType = MB_OK, UINT nIDHel
 
 #include "afxdll_.h"
 
-#endif // AFXWIN_H
+#endif // __AFXWIN_H__

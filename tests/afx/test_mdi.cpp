@@ -71,6 +71,8 @@ TEST_F(MdiTest, ChildrenShareTheTemplatesMenuAndAccelerators) {
   HMENU hMenuDefault = m_pMainFrame->m_hMenuDefault;
   EXPECT_EQ(hMenuDefault, ::GetMenu(*m_pMainFrame));
   EXPECT_STREQ("MDI Test", WindowText(m_pMainFrame));
+  // No icon of the application's: the standard MDI frame icon.
+  EXPECT_NE(0u, ::GetClassLongPtr(m_pMainFrame->m_hWnd, GCLP_HICON));
 
   CSheetDoc* pDoc1 = NewSheet();
   CSheetDoc* pDoc2 = NewSheet();

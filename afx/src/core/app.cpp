@@ -1,6 +1,7 @@
 // CWinApp: the application object, its names and its settings (profile)
 // functions over the registry or an INI file.
 #include <afxwin.h>
+#include <afxadv.h>
 #include <afxres.h>
 
 #include <limits.h>
@@ -40,6 +41,7 @@ CWinApp::~CWinApp() {
   free((void*)m_pszRegistryKey);
   if (m_hDevMode != NULL) ::GlobalFree(m_hDevMode);
   if (m_hDevNames != NULL) ::GlobalFree(m_hDevNames);
+  delete m_pRecentFileList;
   m_hThread = NULL; // the pseudo handle of GetCurrentThread
 }
 
@@ -126,7 +128,10 @@ BOOL AFXAPI AfxWinInit(HINSTANCE hInstance, HINSTANCE hPrevInstance, LPTSTR lpCm
 BOOL CWinApp::InitApplication() { return TRUE; }
 BOOL CWinApp::InitInstance() { return TRUE; }
 int CWinApp::Run() { return CWinThread::Run(); }
-int CWinApp::ExitInstance() { return CWinThread::ExitInstance(); }
+int CWinApp::ExitInstance() {
+  SaveStdProfileSettings();
+  return CWinThread::ExitInstance();
+}
 
 // ---- Where the settings live ------------------------------------------------
 

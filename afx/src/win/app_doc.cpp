@@ -390,7 +390,90 @@ void CWinApp::OnFileOpen() {
   if (m_pDocManager != NULL) m_pDocManager->OnFileOpen();
 }
 
+// The application's own commands; an application's map adds its File New
+// and Open (ID_FILE_NEW, ID_FILE_OPEN) to these, as with MFC.
+BEGIN_MESSAGE_MAP(CWinApp, CWinThread)
+ON_COMMAND(ID_APP_EXIT, &CWinApp::OnAppExit)
+ON_UPDATE_COMMAND_UI(ID_FILE_MRU_FILE1, &CWinApp::OnUpdateRecentFileMenu)
+ON_COMMAND_EX_RANGE(ID_FILE_MRU_FILE1, ID_FILE_MRU_FILE16, &CWinApp::OnOpenRecentFile)
+END_MESSAGE_MAP()
+
 // The same as closing the main window.
 void CWinApp::OnAppExit() {
   if (m_pMainWnd != NULL) m_pMainWnd->SendMessage(WM_CLOSE);
+}
+
+// ---- The command line ------------------------------------------------------------------------
+
+CCommandLineInfo::CCommandLineInfo()
+    : m_bShowSplash(TRUE), m_bRunEmbedded(FALSE), m_bRunAutomated(FALSE), m_nShellCommand(FileNew) {
+}
+
+CCommandLineInfo::~CCommandLineInfo() {}
+
+void CCommandLineInfo::ParseParam(const TCHAR* pszParam, BOOL bFlag, BOOL) {
+  if (bFlag) {
+    if (lstrcmpi(pszParam, "p") == 0) {
+      m_nShellCommand = FilePrint;
+    } else if (lstrcmpi(pszParam, "pt") == 0) {
+      m_nShellCommand = FilePrintTo;
+      m_nPrintToParams = 0;
+    } else if (lstrcmpi(pszParam, "dde") == 0) {
+      m_nShellCommand = FileDDE;
+    } else if (lstrcmpi(pszParam, "Embedding") == 0) {
+      m_bRunEmbedded = TRUE;
+      m_bShowSplash = FALSE;
+    } else if (lstrcmpi(pszParam, "Automation") == 0) {
+      m_bRunAutomated = TRUE;
+      m_bShowSplash = FALSE;
+    } else if (lstrcmpi(pszParam, "Register") == 0 || lstrcmpi(pszParam, "RegServer") == 0) {
+      m_nShellCommand = AppRegister;
+    } else if (lstrcmpi(pszParam, "Unregister") == 0 || lstrcmpi(pszParam, "UnregServer") == 0) {
+      m_nShellCommand = AppUnregister;
+    }
+    return;
+  }
+  // The file first; after /pt, the printer, driver and port names.
+  if (m_strFileName.IsEmpty()) {
+    m_strFileName = pszParam;
+    if (m_nShellCommand == FileNew) m_nShellCommand = FileOpen;
+    m_bShowSplash = FALSE;
+  } else if (m_nShellCommand == FilePrintTo && m_nPrintToParams < 3) {
+    CString* names[] = {&m_strPrinterName, &m_strDriverName, &m_strPortName};
+    *names[m_nPrintToParams++] = pszParam;
+  }
+}
+
+void CWinApp::ParseCommandLine(CCommandLineInfo& rCmdInfo) {
+  for (int i = 1; i < __argc; i++) {
+    LPCTSTR pszParam = __argv[i];
+    BOOL bFlag = pszParam[0] == '-' || pszParam[0] == '/';
+    if (bFlag) pszParam++;
+    rCmdInfo.ParseParam(pszParam, bFlag, i == __argc - 1);
+  }
+}
+
+BOOL CWinApp::ProcessShellCommand(CCommandLineInfo& rCmdInfo) {
+  switch (rCmdInfo.m_nShellCommand) {
+  case CCommandLineInfo::FileNew:
+    if (!OnCmdMsg(ID_FILE_NEW, CN_COMMAND, NULL, NULL)) OnFileNew();
+    return m_pMainWnd != NULL;
+  case CCommandLineInfo::FileOpen:
+    return OpenDocumentFile(rCmdInfo.m_strFileName) != NULL;
+  case CCommandLineInfo::FilePrint:
+  case CCommandLineInfo::FilePrintTo: {
+    // Printed on the default printer, then the program ends.
+    CDocument* pDoc = OpenDocumentFile(rCmdInfo.m_strFileName);
+    if (pDoc == NULL) return FALSE;
+    POSITION pos = pDoc->GetFirstViewPosition();
+    CView* pView = pos != NULL ? pDoc->GetNextView(pos) : NULL;
+    if (pView != NULL) pView->SendMessage(WM_COMMAND, ID_FILE_PRINT_DIRECT);
+    return FALSE;
+  }
+  case CCommandLineInfo::AppRegister:
+  case CCommandLineInfo::AppUnregister:
+    return FALSE; // nothing is registered: the program ends
+  default:
+    return TRUE;
+  }
 }

@@ -48,3 +48,38 @@ BOOL CWinApp::OnIdle(LONG lCount) {
   }
   return lCount < 1; // one more call (lCount 1) after the first
 }
+
+// ---- Cursors and icons ---------------------------------------------------------------------
+
+HCURSOR CWinApp::LoadCursor(LPCTSTR lpszResourceName) const {
+  return ::LoadCursor(AfxFindResourceHandle(lpszResourceName, RT_GROUP_CURSOR), lpszResourceName);
+}
+
+HCURSOR CWinApp::LoadCursor(UINT nIDResource) const {
+  return LoadCursor(MAKEINTRESOURCE(nIDResource));
+}
+
+HCURSOR CWinApp::LoadStandardCursor(LPCTSTR lpszCursorName) const {
+  return ::LoadCursor(NULL, lpszCursorName);
+}
+
+// The OEM cursors and icons (OCR_*, OIC_*) are the system's images.
+HCURSOR CWinApp::LoadOEMCursor(UINT nIDCursor) const {
+  return (HCURSOR)::LoadImage(NULL, MAKEINTRESOURCE(nIDCursor), IMAGE_CURSOR, 0, 0,
+                              LR_DEFAULTSIZE | LR_SHARED);
+}
+
+HICON CWinApp::LoadIcon(LPCTSTR lpszResourceName) const {
+  return ::LoadIcon(AfxFindResourceHandle(lpszResourceName, RT_GROUP_ICON), lpszResourceName);
+}
+
+HICON CWinApp::LoadIcon(UINT nIDResource) const { return LoadIcon(MAKEINTRESOURCE(nIDResource)); }
+
+HICON CWinApp::LoadStandardIcon(LPCTSTR lpszIconName) const {
+  return ::LoadIcon(NULL, lpszIconName);
+}
+
+HICON CWinApp::LoadOEMIcon(UINT nIDIcon) const {
+  return (HICON)::LoadImage(NULL, MAKEINTRESOURCE(nIDIcon), IMAGE_ICON, 0, 0,
+                            LR_DEFAULTSIZE | LR_SHARED);
+}

@@ -155,6 +155,38 @@ BOOL CToolBar::SetBitmap(HBITMAP hbmImageWell) {
   return TRUE;
 }
 
+// A toolbar resource in either of its two layouts. Microsoft's resource
+// compiler writes WORDs: version 1, image width, height, item count, ids.
+// GNU windres writes DWORDs: width, height, count, ids, and no version. A
+// resource is Microsoft's when it starts with 1 and a non-zero width (a
+// windres width below 65,536 has a zero high word there). The header and
+// every id must lie inside the resource; the image sides are bounded.
+static BOOL ReadToolBarResource(const BYTE* pData, DWORD cbSize, CSize& sizeImage,
+                                CDWordArray& ids) {
+  DWORD nCount;
+  const WORD* pWords = (const WORD*)pData;
+  bool bMicrosoft = cbSize >= 4 * sizeof(WORD) && pWords[0] == 1 && pWords[1] != 0;
+  if (bMicrosoft) {
+    sizeImage = CSize(pWords[1], pWords[2]);
+    nCount = pWords[3];
+    if (cbSize < (4 + nCount) * sizeof(WORD)) return FALSE;
+  } else {
+    if (cbSize < 3 * sizeof(DWORD)) return FALSE;
+    const DWORD* pDwords = (const DWORD*)pData;
+    if (pDwords[0] > (DWORD)kMaxImageSide || pDwords[1] > (DWORD)kMaxImageSide) return FALSE;
+    sizeImage = CSize((int)pDwords[0], (int)pDwords[1]);
+    nCount = pDwords[2];
+    if (nCount > cbSize / sizeof(DWORD) - 3) return FALSE;
+  }
+  if (sizeImage.cx <= 0 || sizeImage.cy <= 0 || sizeImage.cx > kMaxImageSide ||
+      sizeImage.cy > kMaxImageSide)
+    return FALSE;
+  ids.SetSize(nCount);
+  for (DWORD i = 0; i < nCount; i++)
+    ids[i] = bMicrosoft ? pWords[4 + i] : ((const DWORD*)pData)[3 + i];
+  return TRUE;
+}
+
 BOOL CToolBar::LoadToolBar(LPCTSTR lpszResourceName) {
   if (m_hWnd == NULL) return FALSE;
   HINSTANCE hInst = AfxFindResourceHandle(lpszResourceName, RT_TOOLBAR);
@@ -162,22 +194,14 @@ BOOL CToolBar::LoadToolBar(LPCTSTR lpszResourceName) {
   if (hRsrc == NULL) return FALSE;
   HGLOBAL hGlobal = ::LoadResource(hInst, hRsrc);
   DWORD cbSize = ::SizeofResource(hInst, hRsrc);
-  CToolBarData* pData = hGlobal != NULL ? (CToolBarData*)::LockResource(hGlobal) : NULL;
-  // The header and every id must lie inside the resource.
-  if (pData == NULL || cbSize < sizeof(CToolBarData) || pData->wVersion != 1 ||
-      cbSize < sizeof(CToolBarData) + pData->wItemCount * sizeof(WORD) || pData->wWidth == 0 ||
-      pData->wHeight == 0 || pData->wWidth > kMaxImageSide || pData->wHeight > kMaxImageSide)
+  const BYTE* pData = hGlobal != NULL ? (const BYTE*)::LockResource(hGlobal) : NULL;
+  CSize sizeImage;
+  CDWordArray ids;
+  if (pData == NULL || !ReadToolBarResource(pData, cbSize, sizeImage, ids)) return FALSE;
+  // UINT and DWORD are the same 32 bits.
+  if (!SetButtons(ids.GetSize() > 0 ? (const UINT*)ids.GetData() : NULL, (int)ids.GetSize()))
     return FALSE;
-
-  UINT* pItems = new (std::nothrow) UINT[pData->wItemCount + 1];
-  if (pItems == NULL) AfxThrowMemoryException();
-  for (int i = 0; i < pData->wItemCount; i++)
-    pItems[i] = pData->items()[i];
-  BOOL bResult = SetButtons(pItems, pData->wItemCount);
-  delete[] pItems;
-  if (!bResult) return FALSE;
   // Buttons are seven pixels wider and higher than their images.
-  CSize sizeImage(pData->wWidth, pData->wHeight);
   SetSizes(CSize(sizeImage.cx + 7, sizeImage.cy + 7), sizeImage);
   return LoadBitmap(lpszResourceName);
 }

@@ -38,7 +38,7 @@ void CDocument::SetTitle(LPCTSTR lpszTitle) {
   UpdateFrameCounts(); // the frames' titles show it
 }
 
-void CDocument::SetPathName(LPCTSTR lpszPathName, BOOL) {
+void CDocument::SetPathName(LPCTSTR lpszPathName, BOOL bAddToMRU) {
   // Kept fully qualified; a path too long for the system's buffer is kept
   // as given rather than cut.
   TCHAR szFullPath[MAX_PATH];
@@ -49,9 +49,10 @@ void CDocument::SetPathName(LPCTSTR lpszPathName, BOOL) {
   else
     m_strPathName = szFullPath;
   m_bEmbedded = FALSE;
-  // Decided here: the title is the file name with its extension (no most-
-  // recently-used list is kept by the application object).
+  // Decided here: the title is the file name with its extension.
   SetTitle(AfxFileNameOfPath(m_strPathName));
+  CWinApp* pApp = AfxGetApp();
+  if (bAddToMRU && pApp != NULL) pApp->AddToRecentFileList(m_strPathName);
 }
 
 // ---- Views --------------------------------------------------------------------------------

@@ -27,6 +27,10 @@ ON_UPDATE_COMMAND_UI(ID_INDICATOR_CAPS, OnUpdateKeyIndicator)
 ON_UPDATE_COMMAND_UI(ID_INDICATOR_NUM, OnUpdateKeyIndicator)
 ON_UPDATE_COMMAND_UI(ID_INDICATOR_SCRL, OnUpdateKeyIndicator)
 ON_UPDATE_COMMAND_UI(ID_INDICATOR_KANA, OnUpdateKeyIndicator)
+ON_UPDATE_COMMAND_UI(ID_VIEW_STATUS_BAR, OnUpdateControlBarMenu)
+ON_COMMAND_EX(ID_VIEW_STATUS_BAR, OnBarCheck)
+ON_UPDATE_COMMAND_UI(ID_VIEW_TOOLBAR, OnUpdateControlBarMenu)
+ON_COMMAND_EX(ID_VIEW_TOOLBAR, OnBarCheck)
 END_MESSAGE_MAP()
 
 // ---- Shared helpers ---------------------------------------------------------------
@@ -139,6 +143,12 @@ LPCTSTR AfxIconWndClass(CFrameWnd* pFrame, DWORD dwDefaultStyle, UINT nIDResourc
   if (cs.lpszClass != NULL && lstrcmp(cs.lpszClass, AFX_WNDFRAMEORVIEW) != 0) return cs.lpszClass;
   HINSTANCE hInst = AfxFindResourceHandle(MAKEINTRESOURCE(nIDResource), RT_GROUP_ICON);
   HICON hIcon = ::LoadIcon(hInst, MAKEINTRESOURCE(nIDResource));
+  // An MDI frame without an icon of its own shows the standard one (the
+  // application's copy of afxres.rc, else afx.dll's).
+  if (hIcon == NULL && pFrame->IsKindOf(RUNTIME_CLASS(CMDIFrameWnd))) {
+    LPCTSTR lpszStd = MAKEINTRESOURCE(AFX_IDI_STD_MDIFRAME);
+    hIcon = ::LoadIcon(AfxFindResourceHandle(lpszStd, RT_GROUP_ICON), lpszStd);
+  }
   if (hIcon == NULL) return NULL; // the default class
   WNDCLASS wndcls;
   HINSTANCE hInstClass = AfxGetInstanceHandle();
