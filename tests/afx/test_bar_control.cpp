@@ -159,4 +159,37 @@ TEST_F(BarLayoutTest, ControlsOnABarReachTheOwner) {
   other.DestroyWindow();
 }
 
+// Docking puts a bar at an edge both the frame and the bar allow (the first
+// of top, bottom, left, right), or at the dock bar asked for.
+TEST(BarFrame, DockControlBarTakesAnAllowedEdge) {
+  CFrameWnd* pFrame = new CFrameWnd; // deletes itself with its window
+  ASSERT_TRUE(pFrame->Create(NULL, "Docking", WS_OVERLAPPEDWINDOW, CRect(0, 0, 500, 400)));
+  CToolBar toolBar;
+  ASSERT_TRUE(toolBar.Create(pFrame));
+  const UINT buttons[] = {ID_FILE_NEW, ID_FILE_OPEN};
+  ASSERT_TRUE(toolBar.SetButtons(buttons, 2));
+  CRect rectClient;
+  pFrame->GetClientRect(&rectClient);
+
+  pFrame->EnableDocking(CBRS_ALIGN_BOTTOM | CBRS_ALIGN_RIGHT);
+  toolBar.EnableDocking(CBRS_ALIGN_ANY);
+  pFrame->DockControlBar(&toolBar);
+  EXPECT_EQ((DWORD)CBRS_ALIGN_BOTTOM, toolBar.GetBarStyle() & CBRS_ALIGN_ANY);
+  EXPECT_EQ(rectClient.bottom, RectInParent(toolBar).bottom);
+  EXPECT_EQ(rectClient.right, RectInParent(toolBar).Width());
+
+  pFrame->DockControlBar(&toolBar, AFX_IDW_DOCKBAR_LEFT);
+  EXPECT_EQ((DWORD)CBRS_ALIGN_LEFT, toolBar.GetBarStyle() & CBRS_ALIGN_ANY);
+  CRect rect = RectInParent(toolBar);
+  EXPECT_EQ(0, rect.left);
+  EXPECT_EQ(rectClient.bottom, rect.Height());
+  EXPECT_LT(rect.Width(), rect.Height());
+
+  // No edge in common: the bar stays where it is.
+  toolBar.EnableDocking(CBRS_ALIGN_TOP);
+  pFrame->DockControlBar(&toolBar);
+  EXPECT_EQ((DWORD)CBRS_ALIGN_LEFT, toolBar.GetBarStyle() & CBRS_ALIGN_ANY);
+  pFrame->DestroyWindow();
+}
+
 } // namespace

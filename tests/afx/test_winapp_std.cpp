@@ -1,0 +1,86 @@
+// The application's standard services: the command line read into
+// CCommandLineInfo, the recent-file list (order, duplicates, size, names
+// shown, the profile), and cursors and icons by resource, standard and OEM
+// names.
+#include <afxwin.h>
+#include <afxadv.h>
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "temp_dir.h"
+
+namespace {
+
+CWinApp theApp("Std Test");
+
+TEST(CommandLine, ParamsAndFlags) {
+  const struct {
+    std::vector<const char*> params; // a leading '/' is a flag
+    int nShellCommand;
+    const char* file;
+  } cases[] = {{{}, CCommandLineInfo::FileNew, ""},
+               {{"notes.txt"}, CCommandLineInfo::FileOpen, "notes.txt"},
+               {{"/p", "a.txt"}, CCommandLineInfo::FilePrint, "a.txt"},
+               {{"/Unregister"}, CCommandLineInfo::AppUnregister, ""},
+               {{"/Embedding", "b.txt"}, CCommandLineInfo::FileOpen, "b.txt"}};
+  for (const auto& c : cases) {
+    CCommandLineInfo info;
+    for (size_t i = 0; i < c.params.size(); i++)
+      info.ParseParam(c.params[i] + (c.params[i][0] == '/'), c.params[i][0] == '/',
+                      i + 1 == c.params.size());
+    EXPECT_EQ(c.nShellCommand, (int)info.m_nShellCommand) << c.file;
+    EXPECT_STREQ(c.file, info.m_strFileName);
+  }
+  // /pt: the file, then the printer, driver and port.
+  CCommandLineInfo shell;
+  for (const char* psz : {"/pt", "c.txt", "Printer", "Driver", "Port"})
+    shell.ParseParam(psz + (psz[0] == '/'), psz[0] == '/', FALSE);
+  EXPECT_EQ(CCommandLineInfo::FilePrintTo, shell.m_nShellCommand);
+  EXPECT_STREQ("Printer", shell.m_strPrinterName);
+  EXPECT_STREQ("Port", shell.m_strPortName);
+}
+
+TEST(RecentFiles, NewestFirstOnceEachAndKeptInTheProfile) {
+  TempDir dir;
+  CRecentFileList list(ID_FILE_MRU_FILE1, "Recent Test", "File%d", 3, 30);
+  for (const char* psz : {"a.txt", "b.txt", "a.txt", "c.txt", "d.txt"})
+    list.Add(dir.File(psz).c_str());
+  EXPECT_STREQ(dir.File("d.txt").c_str(), list[0]);
+  EXPECT_STREQ(dir.File("c.txt").c_str(), list[1]);
+  EXPECT_STREQ(dir.File("a.txt").c_str(), list[2]); // moved up once, b dropped
+
+  // In the current folder the name alone; elsewhere the path, cut to 30.
+  CString strName;
+  EXPECT_TRUE(list.GetDisplayName(strName, 0, dir.Path().c_str(), (int)dir.Path().size()));
+  EXPECT_STREQ("d.txt", strName);
+  EXPECT_TRUE(list.GetDisplayName(strName, 0, "C:\\elsewhere", 12));
+  EXPECT_EQ(dir.File("d.txt").size() > 30 ? 30 : (int)dir.File("d.txt").size(),
+            strName.GetLength());
+  EXPECT_NE(-1, strName.Find("d.txt"));
+  list.Remove(0);
+  EXPECT_FALSE(list.GetDisplayName(strName, 2, NULL, 0));
+
+  // Written to the profile (an INI file here) and read back.
+  free((void*)theApp.m_pszProfileName);
+  theApp.m_pszProfileName = _strdup(dir.File("std.ini").c_str());
+  list.WriteList();
+  CRecentFileList copy(ID_FILE_MRU_FILE1, "Recent Test", "File%d", 3);
+  copy.ReadList();
+  EXPECT_STREQ(list[0], copy[0]);
+  EXPECT_STREQ(list[1], copy[1]);
+  EXPECT_STREQ("", copy[2]);
+  free((void*)theApp.m_pszProfileName);
+  theApp.m_pszProfileName = NULL;
+}
+
+TEST(AppResources, CursorsAndIcons) {
+  EXPECT_EQ(::LoadCursor(NULL, IDC_ARROW), theApp.LoadStandardCursor(IDC_ARROW));
+  EXPECT_EQ(::LoadIcon(NULL, IDI_APPLICATION), theApp.LoadStandardIcon(IDI_APPLICATION));
+  EXPECT_NE(nullptr, theApp.LoadOEMCursor(32512));           // OCR_NORMAL
+  EXPECT_NE(nullptr, theApp.LoadOEMIcon(32516));             // OIC_NOTE
+  EXPECT_NE(nullptr, theApp.LoadIcon(AFX_IDI_STD_MDIFRAME)); // afx.dll's, through the chain
+  EXPECT_EQ(nullptr, theApp.LoadCursor(0x7FFF));
+}
+
+} // namespace
