@@ -3,15 +3,15 @@
 // (a TOOLBAR statement) and status bar show, the View menu hides and shows
 // them, a file opened goes to the File menu's recent files and reopens from
 // there in the next run, the colour dialog opens, and File > Exit ends it.
-#include <afx.h>
+#include <afxwin.h>
 #include <afxres.h>
 #include <gtest/gtest.h>
 #include <commctrl.h>
 
 #include <string>
 
-#include "keyboard_input.h"
 #include "temp_dir.h"
+#include "user_input.h"
 
 namespace {
 
@@ -72,7 +72,7 @@ void Start(App& app, const std::string& args) {
   ASSERT_TRUE(::CreateProcessA(NULL, &cmd[0], NULL, NULL, FALSE, 0, NULL, NULL, &si, &app.pi));
   ASSERT_TRUE(WaitFor([&] { return (app.hMain = TopWindowOf(app.pi.dwProcessId, NULL)) != NULL; }))
       << "the application showed no window";
-  FocusForInput(app.hMain);
+  user_input::Focus(app.hMain, app.hMain);
 }
 
 std::string Title(HWND hWnd) {
@@ -83,11 +83,11 @@ std::string Title(HWND hWnd) {
 
 // Alt, then each mnemonic in turn: a menu command chosen from the keyboard.
 void Menu(App& app, std::initializer_list<WORD> mnemonics) {
-  FocusForInput(app.hMain);
-  PressKeys({VK_MENU});
+  user_input::Focus(app.hMain, app.hMain);
+  user_input::Press(VK_MENU);
   for (WORD key : mnemonics) {
     ::Sleep(50);
-    PressKeys({key});
+    user_input::Press(key);
   }
 }
 
@@ -129,8 +129,8 @@ TEST(WizardApp, BarsViewMenuRecentFilesColourDialogAndExit) {
       return (hDialog = TopWindowOf(app.pi.dwProcessId, "#32770")) != NULL;
     })) << "no colour dialog";
     if (hDialog != NULL) {
-      FocusForInput(hDialog);
-      PressKeys({VK_ESCAPE});
+      user_input::Focus(hDialog, hDialog);
+      user_input::Press(VK_ESCAPE);
       EXPECT_TRUE(WaitFor([&] { return !::IsWindow(hDialog); }));
     }
 
@@ -144,9 +144,8 @@ TEST(WizardApp, BarsViewMenuRecentFilesColourDialogAndExit) {
   char szFile1[MAX_PATH] = "";
   DWORD cb = sizeof(szFile1);
   EXPECT_EQ(ERROR_SUCCESS,
-            ::RegGetValueA(HKEY_CURRENT_USER,
-                           "Software\\VRK Wizard Test\\Wizard\\Recent File List", "File1",
-                           RRF_RT_REG_SZ, NULL, szFile1, &cb));
+            ::RegGetValueA(HKEY_CURRENT_USER, "Software\\VRK Wizard Test\\Wizard\\Recent File List",
+                           "File1", RRF_RT_REG_SZ, NULL, szFile1, &cb));
   EXPECT_STRCASEEQ(path.c_str(), szFile1);
 
   // The next run lists it first in the File menu: its mnemonic reopens it.

@@ -10,8 +10,8 @@
 #include <string>
 
 #include "../../afx/frame_testing.h"
-#include "keyboard_input.h"
 #include "msgbox_catcher.h"
+#include "user_input.h"
 #include "vrk_accel.h"
 #include "vrk_keyboardmap.h"
 
@@ -81,9 +81,8 @@ protected:
 
 TEST_F(KeyboardMapTest, ListsEveryShortcutOnceReadOnlyInCourier) {
   m_pPlain->m_hAccelTable = m_pFrame->m_hAccelTable; // shared: listed once
-  FocusForInput(m_pFrame->m_hWnd);
-  ASSERT_EQ(4u, PressKeys({VK_CONTROL, 'K'}));
-  PumpAsApp();
+  user_input::Focus(m_pFrame->m_hWnd, m_pFrame->m_hWnd);
+  user_input::Press('K', {VK_CONTROL});
   VKeyboardMapView* pView = ActiveMap();
   ASSERT_NE(nullptr, pView) << "Ctrl+K opened no keyboard map";
 
@@ -112,10 +111,9 @@ TEST_F(KeyboardMapTest, ListsEveryShortcutOnceReadOnlyInCourier) {
 
   // Typing changes nothing; closing asks nothing.
   std::string before = Text(pView);
-  FocusForInput(m_pFrame->m_hWnd, pView->m_hWnd);
-  PressKeys({'X'});
-  PressKeys({VK_RETURN});
-  PumpAsApp();
+  user_input::Focus(m_pFrame->m_hWnd, pView->m_hWnd);
+  user_input::Press('X');
+  user_input::Press(VK_RETURN);
   EXPECT_EQ(before, Text(pView));
   EXPECT_FALSE(pView->GetDocument()->IsModified());
   MsgBoxCatcher catcher;
