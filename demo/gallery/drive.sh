@@ -235,6 +235,17 @@ else
   fail "the trace settings dialog did not appear"
 fi
 
+# The keyboard map: every shortcut with its description, in a window of
+# its own.
+key alt+h k
+if wait_event "keyboard map: shown" && wait_window "Keyboard Map"; then
+  shot keyboard-map
+  key alt+f c
+  wait_gone "^Keyboard Map - " || fail "File > Close did not close the keyboard map"
+else
+  fail "the keyboard map did not open"
+fi
+
 # 6. The about box, closed with its OK button.
 key alt+h a
 if wait_window "About VRK Gallery"; then

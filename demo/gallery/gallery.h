@@ -24,6 +24,7 @@
 #define ID_DIALOGS_ZOOM 0x8132
 #define ID_DIALOGS_FOLDER 0x8133
 #define ID_DIALOGS_TRACE 0x8134
+#define ID_HELP_KEYBOARDMAP 0x8140
 
 #define IDC_GALLERY_DATE 1001
 #define IDC_GALLERY_TIME 1002
@@ -39,6 +40,7 @@
 #include <afxext.h>
 #include <vrk_colorctrl.h>
 #include <vrk_combobox.h>
+#include <vrk_accel.h>
 #include <vrk_coolmenu.h>
 #include <vrk_dialogs.h>
 #include <vrk_msgbox.h>
@@ -68,6 +70,7 @@ public:
   afx_msg void OnDialogsFolder();
   afx_msg void OnDialogsTrace();
   afx_msg void OnAppAbout();
+  afx_msg void OnHelpKeyboardMap();
   DECLARE_MESSAGE_MAP()
 
 private:

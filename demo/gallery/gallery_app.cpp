@@ -32,6 +32,7 @@ ON_COMMAND(ID_DIALOGS_TRACE, &CGalleryApp::OnDialogsTrace)
 ON_COMMAND(ID_FILE_PRINT_SETUP, &CWinApp::OnFilePrintSetup)
 ON_COMMAND_RANGE(ID_PAGE_WELCOME, ID_PAGE_PRINTING, &CGalleryApp::OnPage)
 ON_COMMAND(ID_APP_ABOUT, &CGalleryApp::OnAppAbout)
+ON_COMMAND(ID_HELP_KEYBOARDMAP, &CGalleryApp::OnHelpKeyboardMap)
 END_MESSAGE_MAP()
 
 CGalleryApp::CGalleryApp() : CWinApp("VRK Gallery") {
@@ -163,6 +164,12 @@ void CGalleryApp::OnDialogsTrace() {
   VVrkTraceDlg dlg(m_pMainWnd);
   dlg.SetTraceFilters(s_categories, sizeof(s_categories) / sizeof(s_categories[0]));
   GalleryLog("dialogs: trace settings %s", dlg.DoModal() == IDOK ? "saved" : "left");
+}
+
+// Every shortcut of the frame and the pages, with its command's prompt.
+void CGalleryApp::OnHelpKeyboardMap() {
+  VrkAccelShowKeyboardMap();
+  GalleryLog("keyboard map: shown");
 }
 
 void CGalleryApp::OnAppAbout() {
