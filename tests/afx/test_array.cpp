@@ -163,7 +163,10 @@ TEST(ArrayErrors, BadIndexesAndSizesThrow) {
 
   // Sizes no address space can hold fail as memory, not as a crash (in a
   // 64-bit process, 2^61 ints are 8 EB).
-  const INT_PTR nHuge = sizeof(void*) == 4 ? (INT_PTR)0x7FFFFFFF : (INT_PTR)1 << 61;
+  // Read through a volatile: a constant would let the compiler warn about
+  // the copy loops that only run when such an allocation succeeds.
+  volatile INT_PTR nHugeSize = sizeof(void*) == 4 ? (INT_PTR)0x7FFFFFFF : (INT_PTR)1 << 61;
+  const INT_PTR nHuge = nHugeSize;
   EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { a.SetSize(nHuge); }));
   EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { a.SetAtGrow(nHuge - 1, 1); }));
   EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { a.InsertAt(1, 0, nHuge); }));
