@@ -9,86 +9,55 @@
 
 #include <vector>
 
-TEST(MsgBoxCatcher, CatchesMessageBoxAndAnswers) {
-  MsgBoxCatcher catcher;
-  catcher.Answer(IDNO);
-  int result = MessageBoxA(NULL, "Save the changes?", "Vrk Caption", MB_YESNOCANCEL);
-  EXPECT_EQ(result, IDNO);
-  ASSERT_EQ(catcher.Count(), 1u);
-  const CaughtBox& box = catcher.Last();
-  EXPECT_EQ(box.caption, "Vrk Caption");
-  EXPECT_EQ(box.text, "Save the changes?");
-  EXPECT_EQ(box.buttons, (std::vector<int>{IDCANCEL, IDYES, IDNO}));
-  EXPECT_EQ(box.answer, IDNO);
-  EXPECT_EQ(box.icon, (HICON)NULL);
-  EXPECT_EQ(box.owner, (HWND)NULL);
-}
-
-TEST(MsgBoxCatcher, QueuedAnswersThenDefault) {
+TEST(MsgBoxCatcher, RecordsEachBoxAnswersInQueueOrderAndNests) {
   MsgBoxCatcher catcher(IDCANCEL);
-  catcher.Answer(IDRETRY);
-  EXPECT_EQ(MessageBoxA(NULL, "one", "c", MB_RETRYCANCEL), IDRETRY);
+  catcher.Answer(IDNO);
+  EXPECT_EQ(MessageBoxA(NULL, "Save the changes?", "Vrk Caption", MB_YESNOCANCEL), IDNO);
   EXPECT_EQ(MessageBoxA(NULL, "two", "c", MB_RETRYCANCEL), IDCANCEL);
-  EXPECT_EQ(MessageBoxA(NULL, "three", "c", MB_OKCANCEL), IDCANCEL);
-  ASSERT_EQ(catcher.Count(), 3u);
-  EXPECT_EQ(catcher.Boxes()[0].text, "one");
-  EXPECT_EQ(catcher.Boxes()[1].text, "two");
-  EXPECT_EQ(catcher.Boxes()[1].buttons, (std::vector<int>{IDCANCEL, IDRETRY}));
-  EXPECT_EQ(catcher.Boxes()[2].buttons, (std::vector<int>{IDOK, IDCANCEL}));
-}
-
-TEST(MsgBoxCatcher, InnermostCatcherAnswersAndOuterResumes) {
-  MsgBoxCatcher outer(IDYES);
   {
-    MsgBoxCatcher inner(IDNO);
-    EXPECT_EQ(MessageBoxA(NULL, "inner", "c", MB_YESNO), IDNO);
+    MsgBoxCatcher inner(IDYES);
+    EXPECT_EQ(MessageBoxA(NULL, "inner", "c", MB_YESNO), IDYES);
     EXPECT_EQ(inner.Count(), 1u);
   }
-  EXPECT_EQ(outer.Count(), 0u);
-  EXPECT_EQ(MessageBoxA(NULL, "outer", "c", MB_YESNO), IDYES);
-  EXPECT_EQ(outer.Count(), 1u);
+  ASSERT_EQ(catcher.Count(), 2u);
+  const CaughtBox& box = catcher.Boxes()[0];
+  EXPECT_TRUE(box.caption == "Vrk Caption" && box.text == "Save the changes?" &&
+              box.answer == IDNO && box.icon == NULL && box.owner == NULL);
+  EXPECT_EQ(box.buttons, (std::vector<int>{IDCANCEL, IDYES, IDNO}));
+  EXPECT_EQ(catcher.Last().buttons, (std::vector<int>{IDCANCEL, IDRETRY}));
 }
 
-// ---- AfxMessageBox ----------------------------------------------------------
-
-TEST(AfxMessageBox, WithoutAppCaptionIsTheProgramFile) {
+TEST(AfxMessageBox, WithoutAppTheProgramFileIsTheCaptionAndTheIdFormLoadsThePrompt) {
   ASSERT_EQ(AfxGetApp(), nullptr);
   MsgBoxCatcher catcher;
-  EXPECT_EQ(AfxMessageBox("Plain text"), IDOK);
+  EXPECT_EQ(AfxMessageBox(AFX_IDP_COMMAND_FAILURE, MB_OK | MB_ICONINFORMATION), IDOK);
   char path[MAX_PATH];
   GetModuleFileNameA(NULL, path, MAX_PATH);
-  EXPECT_EQ(catcher.Last().caption, path);
-  EXPECT_EQ(catcher.Last().text, "Plain text");
+  EXPECT_TRUE(catcher.Last().caption == path && catcher.Last().text == "Command failed.");
   EXPECT_EQ(catcher.Last().buttons, (std::vector<int>{IDOK}));
-}
-
-TEST(AfxMessageBox, CaptionIsTheAppNameAndIconFollowsTheButtons) {
-  CWinApp app("Vrk Catcher Test");
-  MsgBoxCatcher catcher;
-  catcher.Answer(IDYES);
-  EXPECT_EQ(AfxMessageBox("Question?", MB_YESNO), IDYES);
-  EXPECT_EQ(catcher.Last().caption, "Vrk Catcher Test");
-  EXPECT_EQ(catcher.Last().buttons, (std::vector<int>{IDYES, IDNO}));
-  EXPECT_EQ(catcher.Last().icon, LoadIcon(NULL, IDI_QUESTION));
-
-  AfxMessageBox("Note", MB_OKCANCEL);
-  EXPECT_EQ(catcher.Last().icon, LoadIcon(NULL, IDI_EXCLAMATION));
-  AfxMessageBox("Stop", MB_OK | MB_ICONSTOP); // a given icon is kept
-  EXPECT_EQ(catcher.Last().icon, LoadIcon(NULL, IDI_HAND));
-  AfxMessageBox("Retry", MB_RETRYCANCEL); // no default icon for these
-  EXPECT_EQ(catcher.Last().icon, (HICON)NULL);
-}
-
-TEST(AfxMessageBox, IdFormLoadsThePromptFromTheChain) {
-  MsgBoxCatcher catcher;
-  EXPECT_EQ(AfxMessageBox(AFX_IDP_COMMAND_FAILURE, MB_OK | MB_ICONINFORMATION), IDOK);
-  EXPECT_EQ(catcher.Last().text, "Command failed.");
   EXPECT_EQ(catcher.Last().icon, LoadIcon(NULL, IDI_ASTERISK));
   // A missing prompt still shows the box (empty), so the caller has an answer.
   catcher.Answer(IDNO);
   EXPECT_EQ(AfxMessageBox(0x7F00, MB_YESNO), IDNO);
-  EXPECT_EQ(catcher.Count(), 2u);
-  EXPECT_EQ(catcher.Last().text, "");
+  EXPECT_TRUE(catcher.Count() == 2 && catcher.Last().text.empty());
+}
+
+TEST(AfxMessageBox, CaptionIsTheAppNameAndIconFollowsTheButtons) {
+  CWinApp app("Vrk Catcher Test");
+  MsgBoxCatcher catcher(IDYES);
+  const struct {
+    UINT nType;
+    LPCSTR pszIcon; // NULL: no icon
+  } cases[] = {{MB_YESNO, IDI_QUESTION},
+               {MB_OKCANCEL, IDI_EXCLAMATION},
+               {MB_OK | MB_ICONSTOP, IDI_HAND}, // a given icon is kept
+               {MB_RETRYCANCEL, NULL}};
+  for (auto& c : cases) {
+    AfxMessageBox("Question?", c.nType);
+    EXPECT_EQ(catcher.Last().icon, c.pszIcon ? LoadIcon(NULL, c.pszIcon) : NULL) << c.nType;
+  }
+  EXPECT_EQ(catcher.Boxes()[0].caption, "Vrk Catcher Test");
+  EXPECT_EQ(catcher.Boxes()[0].buttons, (std::vector<int>{IDYES, IDNO}));
 }
 
 // The application's DoMessageBox override sees every AfxMessageBox, with the

@@ -5,11 +5,35 @@
 #include <vrk_maskedit.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
-#include "send_keys.h"
+#include "user_input.h"
 
 namespace {
+
+using namespace user_input;
+
+// Types each character on its keys, and {BS} {DEL} {INS} {END} {LEFT} {RIGHT}.
+void TypeKeys(const char* psz) {
+  static const struct {
+    const char* pszName;
+    WORD vk;
+  } kNamed[] = {{"{BS}", VK_BACK}, {"{DEL}", VK_DELETE}, {"{INS}", VK_INSERT},
+                {"{END}", VK_END}, {"{LEFT}", VK_LEFT},  {"{RIGHT}", VK_RIGHT}};
+  while (*psz != '\0') {
+    const auto* pKey = std::find_if(std::begin(kNamed), std::end(kNamed), [&](auto& k) {
+      return strncmp(psz, k.pszName, strlen(k.pszName)) == 0;
+    });
+    if (pKey != std::end(kNamed)) {
+      Press(pKey->vk);
+      psz += strlen(pKey->pszName);
+    } else {
+      const char sz[2] = {*psz++, '\0'};
+      Type(sz);
+    }
+  }
+}
 
 class MaskEditTest : public ::testing::Test {
 protected:
@@ -21,7 +45,7 @@ protected:
   void Place(VMaskEdit& edit) {
     ASSERT_TRUE(
         edit.Create(WS_CHILD | WS_VISIBLE | ES_AUTOHSCROLL, CRect(0, 0, 300, 24), &m_host, 1));
-    FocusForTyping(m_host.m_hWnd, edit.m_hWnd);
+    Focus(m_host.m_hWnd, edit.m_hWnd);
     ASSERT_EQ(edit.m_hWnd, ::GetFocus());
   }
   static std::string Text(CWnd& wnd) {
@@ -134,7 +158,7 @@ TEST_F(MaskEditTest, SetAndPastedTextsAreThePlainEditsAndTypingStaysInTheMask) {
   edit.SendMessage(WM_PASTE);
   edit.SetSel(0, 0);
   TypeKeys("0");
-  PressKey(VK_INSERT, true); // Shift+Insert pastes in a plain edit
+  Press(VK_INSERT, {VK_SHIFT}); // Shift+Insert pastes in a plain edit
   EXPECT_EQ("0asted/ok!", Text(edit));
 }
 
