@@ -6,6 +6,9 @@
 #include "archive_bytes.h"
 #include "exception_probe.h"
 
+#include <stdlib.h>
+#include <string.h>
+
 #include <vector>
 
 namespace {
@@ -23,51 +26,36 @@ template <class Fn> bool ThrowsInvalidArg(Fn fn) {
   return ThrownClass(fn) == RUNTIME_CLASS(CInvalidArgException);
 }
 
-TEST(StringMruList, AddMovesDuplicatesToTheFrontAndDropsTheOldest) {
-  VStringMruList full(3); // starts with empty places
-  full.Add("A");
-  EXPECT_EQ(Strings({"A", "", ""}), Entries(full));
-  for (const char* s : {"C", "B", "A", "D"})
-    full.Add(s); // the duplicate "A" moves to the front, the oldest drops
-  EXPECT_EQ(Strings({"D", "A", "B"}), Entries(full));
-  full.Add("B"); // a duplicate in the last place falls off like the oldest
-  EXPECT_EQ(Strings({"B", "D", "A"}), Entries(full));
-  full.Add("b"); // case-sensitive
-  EXPECT_EQ(Strings({"b", "B", "D"}), Entries(full));
-  full.Add(NULL);
-  EXPECT_EQ(Strings({"b", "B", "D"}), Entries(full));
-  full.Add(full[2]); // an entry of the list itself
-  EXPECT_EQ(Strings({"D", "b", "B"}), Entries(full));
-}
-
-TEST(StringMruList, RemoveClosesTheGapAndSetSizeCutsOrExtends) {
-  VStringMruList list(4);
-  for (const char* s : {"D", "C", "B", "A"})
-    list.Add(s);
-  list.Remove(1);
-  EXPECT_EQ(Strings({"A", "C", "D", ""}), Entries(list));
-  list.Remove(2);
-  EXPECT_EQ(Strings({"A", "C", "", ""}), Entries(list));
-  list.Remove(0);
-  EXPECT_EQ(Strings({"C", "", "", ""}), Entries(list));
-  list.SetSize(1);
-  EXPECT_EQ(Strings({"C"}), Entries(list));
-  list.SetSize(2);
-  EXPECT_EQ(Strings({"C", ""}), Entries(list));
-}
-
-TEST(StringMruList, IndexesOutsideTheCapacityThrow) {
+// Add moves a duplicate (case-sensitive) to the front and drops the oldest;
+// Remove closes the gap; SetSize cuts or extends; indexes past the capacity throw.
+TEST(StringMruList, AddRemoveSetSizeAndIndexesOutsideTheCapacity) {
+  VStringMruList list(3); // starts with empty places
+  const struct {
+    char op; // 'A' Add, 'R' Remove, 'S' SetSize, 'I' Add of entry 2 itself
+    const char* pszArg;
+    Strings entries;
+  } steps[] = {
+      {'A', "A", {"A", "", ""}},   {'A', "C", {"C", "A", ""}},   {'A', "B", {"B", "C", "A"}},
+      {'A', "A", {"A", "B", "C"}}, {'A', "D", {"D", "A", "B"}},  {'A', "B", {"B", "D", "A"}},
+      {'A', "b", {"b", "B", "D"}}, {'A', NULL, {"b", "B", "D"}}, {'I', NULL, {"D", "b", "B"}},
+      {'R', "1", {"D", "B", ""}},  {'R', "0", {"B", "", ""}},    {'S', "1", {"B"}},
+      {'S', "2", {"B", ""}}};
+  for (const auto& s : steps) {
+    if (s.op == 'A') list.Add(s.pszArg);
+    if (s.op == 'I') list.Add(list[2]);
+    if (s.op == 'R') list.Remove(atoi(s.pszArg));
+    if (s.op == 'S') list.SetSize(atoi(s.pszArg));
+    EXPECT_EQ(s.entries, Entries(list)) << s.op << (s.pszArg ? s.pszArg : "NULL");
+  }
   VStringMruList none(0);
   EXPECT_TRUE(ThrowsInvalidArg([&] { none.Add("A"); }));
-  VStringMruList list(2);
-  EXPECT_TRUE(ThrowsInvalidArg([&] { list.Remove(2); }));
-  EXPECT_TRUE(ThrowsInvalidArg([&] { list.Remove(-1); }));
-  EXPECT_TRUE(ThrowsInvalidArg([&] { list[2]; }));
-  EXPECT_TRUE(ThrowsInvalidArg([&] { list.GetAt(2); }));
+  for (int n : {2, -1})
+    EXPECT_TRUE(ThrowsInvalidArg([&] { list.Remove(n); }) && ThrowsInvalidArg([&] { list[n]; }) &&
+                ThrowsInvalidArg([&] { list.GetAt(n); }))
+        << n;
   EXPECT_TRUE(ThrowsInvalidArg([&] { list.SetSize(-1); }));
-  EXPECT_EQ(2, list.GetSize());
   list[1] = "set";
-  EXPECT_STREQ("set", list.GetAt(1));
+  EXPECT_TRUE(list.GetSize() == 2 && strcmp("set", list.GetAt(1)) == 0);
 }
 
 TEST(StringMruListSerialize, WritesTheEntriesThenTheCapacityAndCorruptArchivesChangeNothing) {
