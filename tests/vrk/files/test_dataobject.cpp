@@ -1,7 +1,6 @@
 // OLE data transfer objects: what the caching functions put in a data
-// source, bitmaps handed over, and the test for data that offers exactly one
-// format. Objects read back through data objects meet damaged blocks in
-// test_hostileblocks.
+// source and the test for data that offers exactly one format. Objects read
+// back through data objects meet damaged blocks in test_hostileblocks.
 #include <vrk_global.h>
 #include <afxole.h>
 #include <afxwin.h>
@@ -53,26 +52,6 @@ TEST_F(DataObjectTest, ObjectsAndTextAreCachedAsTheirBlocks) {
   EXPECT_EQ(NULL, VrkGetGlobalData(&data, CF_BITMAP, RUNTIME_CLASS(CGlShape), NULL));
   EXPECT_EQ(NULL, VrkGetGlobalData(NULL, ShapeFormat(), RUNTIME_CLASS(CGlShape), NULL));
   EXPECT_FALSE(VrkGetGlobalData(NULL, str, NULL));
-}
-
-TEST_F(DataObjectTest, ABitmapIsHandedToTheSourceAndReachesTheClipboard) {
-  CBitmap bitmap, empty;
-  {
-    CWindowDC dc(NULL);
-    ASSERT_TRUE(bitmap.CreateCompatibleBitmap(&dc, 9, 4));
-  }
-  EXPECT_FALSE(VrkCacheGlobalData(&m_source, &empty, NULL));
-  COleDataSource* pSource = new COleDataSource;
-  ASSERT_TRUE(VrkCacheGlobalData(pSource, &bitmap, NULL));
-  EXPECT_EQ(NULL, bitmap.GetSafeHandle());
-  pSource->SetClipboard();
-  ASSERT_TRUE(OpenClipboard(NULL));
-  HBITMAP hbm = (HBITMAP)GetClipboardData(CF_BITMAP);
-  BITMAP bm = {};
-  const int nBytes = hbm != NULL ? GetObject(hbm, sizeof(bm), &bm) : 0;
-  CloseClipboard();
-  ASSERT_EQ((int)sizeof(bm), nBytes);
-  EXPECT_TRUE(bm.bmWidth == 9 && bm.bmHeight == 4);
 }
 
 TEST_F(DataObjectTest, OnlyFormatMeansTheFirstAndNoOther) {
