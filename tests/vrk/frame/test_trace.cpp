@@ -131,37 +131,19 @@ TEST_F(TraceTest, LinesHavePrefixAndSuffixAndOnlyCategoriesThatPassTheFilter) {
   EXPECT_EQ("[100%% %d%d\r\n", Log());
 }
 
-TEST_F(TraceTest, TimingLinesCarryTheElapsedTimeAfterTheDelimiterAndDropBit1) {
-  Configure(1 | 2);
-  SetString("Delimiter", " ms=");
-  SetString("Suffix", ":S");
-  HostRun run = Run({"fmt:0:instant", "timed:4:10:filtered out", "timed:0:250:scope %d", "state"});
-  std::vector<std::string> lines = Lines(Log(), "\r\n");
-  ASSERT_EQ(2u, lines.size()) << Log();
-  int instant = -1, scope = -1;
-  char tail[8] = "";
-  EXPECT_EQ(2, sscanf(lines[0].c_str(), "instant ms=%d%7s", &instant, tail)) << lines[0];
-  EXPECT_STREQ(":S", tail);
-  EXPECT_EQ(2, sscanf(lines[1].c_str(), "scope 42 ms=%d%7s", &scope, tail)) << lines[1];
-  EXPECT_TRUE(instant >= 0 && instant < 100 && scope >= 240 && scope < 5000) << Log();
-  EXPECT_EQ(0u, run.states.at(0).find("enabled=1 flags=2 filter=0 file="));
-  // Flag 32 keeps the format of a timing line too.
-  SetDword("Flags", 1 | 2 | 32);
-  Run({"timed:0:0:%d items"});
-  EXPECT_EQ(0u, Log().find("%d items ms=")) << Log();
-}
-
+// A timing line: the elapsed time after the delimiter, and with flag 64
 // "250, (14:03.07.120 : 14:03.07.370)": the clocks are "%H:%M.%S" plus the
 // milliseconds, local time, and their difference is the elapsed time.
-TEST_F(TraceTest, Flag64AddsStartAndEndClocksThatMatchTheElapsedTime) {
+TEST_F(TraceTest, TimingLinesCarryTheElapsedTimeAndFlag64TheClocks) {
   Configure(1 | 2 | 64);
   SetString("Prefix", "P:");
+  SetString("Delimiter", " ms=");
   SetString("Suffix", ":S");
   SYSTEMTIME before;
   GetLocalTime(&before);
-  HostRun run = Run({"timed:0:250:scope %d", "state"});
+  HostRun run = Run({"timed:4:10:filtered out", "timed:0:250:scope %d", "state"});
   int elapsed = -1, t[8];
-  ASSERT_EQ(9, sscanf(Log().c_str(), "P:scope 42\t%d, (%2d:%2d.%2d.%3d : %2d:%2d.%2d.%3d):S",
+  ASSERT_EQ(9, sscanf(Log().c_str(), "P:scope 42 ms=%d, (%2d:%2d.%2d.%3d : %2d:%2d.%2d.%3d):S",
                       &elapsed, &t[0], &t[1], &t[2], &t[3], &t[4], &t[5], &t[6], &t[7]))
       << Log();
   EXPECT_EQ("):S\r\n", Log().substr(Log().size() - 5));
