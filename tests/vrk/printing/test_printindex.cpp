@@ -76,12 +76,9 @@ TEST(PrintIndexTree, ArchiveHoldsCountAndItemsOnlyAndShortArchivesFail) {
   Load(bytes, loaded);
   EXPECT_EQ(1, g_nDestroyed);
   ASSERT_EQ(2, loaded.GetSize());
-  EXPECT_STREQ("Intro", loaded[0].m_strText);
-  EXPECT_EQ(1u, loaded[0].m_dwFlags);
-  EXPECT_EQ(3, loaded[0].m_nPage);
-  EXPECT_STREQ("Ab", loaded[1].m_strText);
-  EXPECT_EQ(0x1234, loaded[1].m_nPage);
-  EXPECT_EQ(nullptr, loaded[1].m_pChildren); // sub-trees are not persisted
+  EXPECT_TRUE(loaded[0].m_strText == "Intro" && loaded[0].m_dwFlags == 1 && loaded[0].m_nPage == 3);
+  EXPECT_TRUE(loaded[1].m_strText == "Ab" && loaded[1].m_nPage == 0x1234 &&
+              loaded[1].m_pChildren == nullptr); // sub-trees are not persisted
 
   // Every truncation, and a count of two billion with two items behind it.
   for (size_t n = 0; n < bytes.size(); n++) {
