@@ -54,10 +54,19 @@ std::string ReadLine(const std::string& bytes, int limit) {
   return buffer;
 }
 
+std::string ReadText(const std::string& bytes, CString* second = NULL) {
+  CString text("old");
+  LoadBytes(bytes, [&](CArchive& ar) {
+    EXPECT_EQ(1, VrkArReadString(ar, text));
+    if (second != NULL) VrkArReadString(ar, *second);
+  });
+  return std::string(text, text.GetLength());
+}
+
 // Only a carriage return ends a line: the byte after it is taken as the
 // line feed whatever it is, and kept only with a negative limit. The end of
 // the archive, even after that carriage return, and a NULL buffer throw.
-TEST(ArReadString, OnlyCarriageReturnEndsALineAndTheLimitCuts) {
+TEST(ArReadString, OnlyCarriageReturnEndsALineTheLimitCutsAndCStringsTakeAnyLength) {
   EXPECT_EQ("abc", ReadLine("abc\r\nnext", 10));
   EXPECT_EQ("a\nbX", ReadLine("a\nb\rX", -10));
   LoadBytes("abcdef\r\n", [](CArchive& ar) {
@@ -72,22 +81,10 @@ TEST(ArReadString, OnlyCarriageReturnEndsALineAndTheLimitCuts) {
   std::string message = InvalidDataMessage(
       [] { LoadBytes("abc\r\n", [](CArchive& ar) { VrkArReadString(ar, (char*)NULL, 10); }); });
   EXPECT_NE(std::string::npos, message.find(".\\vrk_archelpers.cpp")) << message;
-}
-
-std::string ReadText(const std::string& bytes, CString* second = NULL) {
-  CString text("old");
-  LoadBytes(bytes, [&](CArchive& ar) {
-    EXPECT_EQ(1, VrkArReadString(ar, text));
-    if (second != NULL) VrkArReadString(ar, *second);
-  });
-  return std::string(text, text.GetLength());
-}
-
-TEST(ArReadStringText, ReadsLinesOfAnyLengthWithoutTheLineEnd) {
+  // The CString form: any length (the line end inside, at the end of, or
+  // just after a 128-character chunk), without the line end.
   EXPECT_EQ("a\nb", ReadText("a\nb\r\n"));
   EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([] { ReadText("no line end"); }));
-  // Chunk boundaries: the line end falls inside, at the end of, or just
-  // after a 128-character chunk.
   for (size_t n : {0, 127, 128, 129, 300}) {
     const std::string line(n, 'a' + n % 26);
     CString second;
