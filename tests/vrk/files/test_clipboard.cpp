@@ -55,10 +55,8 @@ bool IsOuterShape(CObject* ob, const char* name = "outer") {
 }
 
 // This executable doubles as the other program: started with VRK_CLIP_CHILD
-// set, it does one job before any test runs and exits with 0 on success.
-int DoChildJob(const char* pszJob) {
-  if (strcmp(pszJob, "get") == 0)
-    return IsOuterShape(VrkClipboardGetObject(ShapeFormat(), RUNTIME_CLASS(CGlShape))) ? 0 : 10;
+// set, it puts a shape before any test runs and exits with 0 on success.
+int DoChildJob() {
   std::unique_ptr<CGlShape> shape(MakeShape());
   shape->name = "from the child";
   return VrkClipboardPutObject(ShapeFormat(), shape.get(), 0, 0, TRUE) ? 0 : 20;
@@ -68,7 +66,7 @@ struct ChildMode {
   ChildMode() {
     char szJob[16];
     if (GetEnvironmentVariableA("VRK_CLIP_CHILD", szJob, sizeof(szJob)) != 0)
-      ExitProcess((UINT)DoChildJob(szJob));
+      ExitProcess((UINT)DoChildJob());
   }
 } g_childMode;
 
@@ -198,11 +196,7 @@ TEST_F(ClipboardTest, AClipboardHeldElsewhereIsReportedNotWaitedFor) {
   EXPECT_EQ("held", ClipboardText());
 }
 
-TEST_F(ClipboardTest, ObjectsPassBetweenProcessesBothWays) {
-  CGlShape* shape = MakeShape();
-  ASSERT_TRUE(VrkClipboardPutObject(ShapeFormat(), shape, 0, 0, TRUE));
-  delete shape;
-  EXPECT_EQ(0u, RunChild("get"));
+TEST_F(ClipboardTest, AnObjectPutByAnotherProcessIsReadHere) {
   ASSERT_EQ(0u, RunChild("put"));
   EXPECT_TRUE(IsOuterShape(VrkClipboardGetObject(ShapeFormat(), RUNTIME_CLASS(CGlShape)),
                            "from the child"));
