@@ -1,15 +1,18 @@
 // Paths on disk: folder chains with their result, last error and roll-back,
-// attribute changes and temporary names.
+// shell copy and delete, attribute changes and temporary names.
 #include <vrk_path.h>
 #include <gtest/gtest.h>
 
 #include "temp_dir.h"
 
 #include <io.h>
+#include <shellapi.h>
 
 #include <string>
 
 namespace {
+
+const unsigned short kQuiet = FOF_SILENT | FOF_NOCONFIRMATION | FOF_NOERRORUI;
 
 bool Exists(const std::string& path) { return _access(path.c_str(), 0) == 0; }
 
@@ -32,6 +35,33 @@ TEST(PathCreateDirectory, CreatesTheChainAndReportsAnExistingOneAsFailure) {
   EXPECT_FALSE(VrkCreateDirectory(dir.File("new1\\new2\\bad<name>").c_str(), NULL));
   EXPECT_TRUE(GetLastError() != 0 && GetLastError() != ERROR_ALREADY_EXISTS) << GetLastError();
   EXPECT_FALSE(Exists(dir.File("new1")));
+}
+
+// Shell copies take one source or many; an over-long name fails instead of
+// being cut to some other name. Deletes take wildcards and whole trees.
+TEST(PathShell, CopiesAndDeletesFilesAndTrees) {
+  TempDir dir;
+  ASSERT_TRUE(TempDir::WriteBytes(dir.File("one.log"), "first"));
+  ASSERT_TRUE(TempDir::WriteBytes(dir.File("two.log"), "second"));
+  ASSERT_TRUE(VrkCreateDirectory(dir.File("tree\\sub").c_str(), NULL));
+  CStringArray sources;
+  sources.Add(dir.File("one.log").c_str());
+  sources.Add(dir.File("two.log").c_str());
+  EXPECT_TRUE(VrkCopyPathNameEx(&sources, dir.File("tree\\sub").c_str(), kQuiet));
+  EXPECT_EQ("second", TempDir::ReadBytes(dir.File("tree\\sub\\two.log")));
+  EXPECT_TRUE(VrkCopyPathName(dir.File("one.log").c_str(), dir.File("copy.txt").c_str(), kQuiet));
+  EXPECT_EQ("first", TempDir::ReadBytes(dir.File("copy.txt")));
+  EXPECT_FALSE(VrkCopyPathName((dir.Path() + "\\" + std::string(300, 'o')).c_str(),
+                               dir.File("z").c_str(), kQuiet));
+  CStringArray empty;
+  EXPECT_FALSE(VrkCopyPathNameEx(&empty, dir.File("tree").c_str(), kQuiet));
+
+  EXPECT_TRUE(VrkRemoveFile(dir.File("*.log").c_str(), kQuiet));
+  EXPECT_FALSE(Exists(dir.File("one.log")) || Exists(dir.File("two.log")));
+  EXPECT_FALSE(VrkRemoveDirectory(dir.File("copy.txt").c_str(), kQuiet)); // not a folder
+  EXPECT_TRUE(Exists(dir.File("copy.txt")));
+  EXPECT_TRUE(VrkRemoveDirectory(dir.File("tree").c_str(), kQuiet));
+  EXPECT_FALSE(Exists(dir.File("tree")));
 }
 
 TEST(PathAttributes, SetAndClearRecursively) {

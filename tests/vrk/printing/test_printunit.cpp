@@ -1,6 +1,6 @@
 // VPrintUnit on the test printer, read back from its output (SpoolFile):
-// parts of a line, leaders, line feeds, wrapping and page breaks; an index
-// tree 50 levels deep; and the road end to end: a report
+// parts of a line, leaders, line feeds, wrapping and page breaks; index trees
+// 50 levels deep and of 10,000 items; and the road end to end: a report
 // printed over several pages records its index and prints it on the next
 // page (kept as road.ps beside the spool file for render_pages.sh).
 #include <vrk_printunit.h>
@@ -66,18 +66,20 @@ VIndexItem Item(const char* pszText, WORD nPage) {
 
 // One job: the parts of lines on page 1; 5,000 W's wrapped anywhere, then
 // 300 words wrapped at spaces, each from a new page; then a tree 50 levels
-// deep from a new page.
+// deep and one of 10,000 items, each from a new page.
 TEST_F(PrintUnit, LinesWrapsAndTreesOnPages) {
   const std::string w5000(5000, 'W');
   std::string words;
   for (int i = 0; i < 300; i++)
     words += (i ? " word" : "word") + std::to_string(i);
-  VPrintIndexTree deep;
+  VPrintIndexTree deep, large;
   VPrintIndexTree* pLevel = &deep;
   for (int i = 0; i < 50; i++) {
     pLevel->Add(Item("Deep", (WORD)i));
     if (i < 49) pLevel = pLevel->ElementAt(0).m_pChildren = new VPrintIndexTree;
   }
+  for (int i = 0; i < 10000; i++)
+    large.Add(Item("Entry " + CString(std::to_string(i).c_str()), (WORD)(i % 500 + 1)));
   CRect area;
   int xMid = 0, xRight = 0, x12 = 0, nTreePage = 0, nPages = 0;
   std::vector<PrintedPage> pages = PrintWith([&](VPrintUnit& unit) {
@@ -100,6 +102,8 @@ TEST_F(PrintUnit, LinesWrapsAndTreesOnPages) {
     unit.NewPage();
     nTreePage = unit.GetPageNumber();
     unit.PrintTree(&deep, 0);
+    unit.NewPage();
+    unit.PrintTree(&large, 0);
     nPages = unit.GetPageNumber();
   });
   ASSERT_EQ((size_t)nPages, pages.size());
@@ -134,14 +138,19 @@ TEST_F(PrintUnit, LinesWrapsAndTreesOnPages) {
   EXPECT_EQ(w5000, w);
   EXPECT_EQ(words, spaced);
   // The deep tree's indents grow by 100, up to three quarters of the width;
-  // each entry whole (text, leader, number).
+  // the large one's entries come whole (text, leader, number) and in order.
   std::vector<int> xs;
+  int n = 0;
   for (size_t p = nTreePage - 1; p < pages.size(); p++)
     for (size_t i = 0; i + 2 < pages[p].size(); i += 3) {
-      EXPECT_TRUE(pages[p][i].text == "Deep" && pages[p][i + 2].text == std::to_string(xs.size()))
-          << pages[p][i].text << " " << pages[p][i + 2].text;
-      xs.push_back(pages[p][i].x - area.left);
+      if (pages[p][i].text == "Deep") {
+        xs.push_back(pages[p][i].x - area.left);
+        continue;
+      }
+      EXPECT_EQ("Entry " + std::to_string(n), pages[p][i].text);
+      EXPECT_EQ(std::to_string(n++ % 500 + 1), pages[p][i + 2].text);
     }
+  EXPECT_EQ(10000, n);
   ASSERT_EQ(50u, xs.size());
   EXPECT_TRUE(xs[17] == 1700 && xs[49] == area.Width() * 3 / 4) << xs[17] << " " << xs[49];
 }
