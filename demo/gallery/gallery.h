@@ -168,6 +168,7 @@ public:
 
 private:
   BOOL HitTest(CPoint point, int& nRow, int& nCol) const;
+  void MoveTo(int nRow, int nCol); // makes another cell the current one
   void BeginEdit();
   CString m_cells[nRows][nCols];
   int m_nRow = 1, m_nCol = 1;

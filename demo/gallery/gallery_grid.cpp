@@ -92,14 +92,16 @@ void CGridView::OnDraw(CDC* pDC) {
   }
 }
 
+void CGridView::MoveTo(int nRow, int nCol) {
+  InvalidateRect(CellRect(m_nRow, m_nCol));
+  m_nRow = nRow;
+  m_nCol = nCol;
+  InvalidateRect(CellRect(m_nRow, m_nCol));
+}
+
 void CGridView::OnLButtonDown(UINT nFlags, CPoint point) {
   int nRow, nCol;
-  if (HitTest(point, nRow, nCol)) {
-    InvalidateRect(CellRect(m_nRow, m_nCol));
-    m_nRow = nRow;
-    m_nCol = nCol;
-    InvalidateRect(CellRect(m_nRow, m_nCol));
-  }
+  if (HitTest(point, nRow, nCol)) MoveTo(nRow, nCol);
   CView::OnLButtonDown(nFlags, point);
 }
 
@@ -131,10 +133,7 @@ void CGridView::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags) {
     CView::OnKeyDown(nChar, nRepCnt, nFlags);
     return;
   }
-  InvalidateRect(CellRect(m_nRow, m_nCol));
-  m_nRow = nRow;
-  m_nCol = nCol;
-  InvalidateRect(CellRect(m_nRow, m_nCol));
+  MoveTo(nRow, nCol);
 }
 
 void CGridView::BeginEdit() {
