@@ -12,14 +12,11 @@
 
 namespace {
 
-int g_nDocsDeleted = 0;
-
 // The document: one string, archived in CArchive's CString form.
 class CNoteDoc : public CDocument {
   DECLARE_DYNCREATE(CNoteDoc)
 public:
   CString m_text;
-  virtual ~CNoteDoc() { g_nDocsDeleted++; }
   virtual void DeleteContents() { m_text.Empty(); }
   virtual void Serialize(CArchive& ar) {
     if (ar.IsStoring())
@@ -115,9 +112,8 @@ TEST_F(DocTest, SavePromptYesNoAndCancel) {
   ASSERT_EQ(1u, catcher.Count());
   EXPECT_EQ("Save changes to Untitled?", catcher.Last().text);
   EXPECT_EQ("Notes", catcher.Last().caption);
-  EXPECT_TRUE(catcher.Last().HasButton(IDYES));
-  EXPECT_TRUE(catcher.Last().HasButton(IDNO));
-  EXPECT_TRUE(catcher.Last().HasButton(IDCANCEL));
+  EXPECT_TRUE(catcher.Last().HasButton(IDYES) && catcher.Last().HasButton(IDNO) &&
+              catcher.Last().HasButton(IDCANCEL));
 
   // File New asks too; Cancel keeps the document as it was.
   catcher.Answer(IDCANCEL);
@@ -199,10 +195,10 @@ TEST_F(DocTest, UpdateAllViewsReachesEveryViewButTheSender) {
 
   // A view that goes leaves the document's list.
   pViews[2]->DestroyWindow();
-  nViews = 0;
-  for (POSITION pos = m_pDoc->GetFirstViewPosition(); pos != NULL; m_pDoc->GetNextView(pos))
-    nViews++;
-  EXPECT_EQ(2, nViews);
+  POSITION pos = m_pDoc->GetFirstViewPosition();
+  m_pDoc->GetNextView(pos);
+  EXPECT_EQ(pViews[1], m_pDoc->GetNextView(pos));
+  EXPECT_EQ(NULL, pos);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 // CFrameWnd on real windows: what LoadFrame takes from one resource id (the
-// title, menu, icon and accelerators), an accelerator key reaching its
-// command handler through the message pump, the status bar's messages and
+// title, menu, icon and accelerators, whose key reaches its command through
+// the message pump), the status bar's messages and
 // menu prompts, command routing through the active view, and the view's
 // layout.
 #include <afxext.h>
@@ -67,34 +67,16 @@ TEST_F(FrameTest, LoadFrameTakesTitleMenuIconAndAcceleratorsFromOneId) {
   EXPECT_STREQ("Frame Test", WindowText(pFrame)); // the first "\n" field only
   EXPECT_EQ(IDR_FRAME, pFrame->m_nIDHelp);
 
-  HMENU hMenu = ::GetMenu(pFrame->m_hWnd);
-  ASSERT_NE(nullptr, hMenu);
-  EXPECT_EQ(hMenu, pFrame->m_hMenuDefault);
-  EXPECT_EQ(2, ::GetMenuItemCount(hMenu));
-  HMENU hFile = ::GetSubMenu(hMenu, 0);
-  EXPECT_EQ((UINT)ID_REFRESH, ::GetMenuItemID(hFile, 1));
-  char szItem[64];
-  ::GetMenuString(hFile, 1, szItem, sizeof(szItem), MF_BYPOSITION);
-  EXPECT_STREQ("&Refresh\tF5", szItem);
-
+  EXPECT_EQ(::GetMenu(pFrame->m_hWnd), pFrame->m_hMenuDefault);
+  ASSERT_NE(nullptr, pFrame->m_hMenuDefault);
   // The window class carries the icon of the same id.
   HICON hIcon = ::LoadIcon(::GetModuleHandle(NULL), MAKEINTRESOURCE(IDR_FRAME));
   ASSERT_NE(nullptr, hIcon);
   EXPECT_EQ((ULONG_PTR)hIcon, ::GetClassLongPtr(pFrame->m_hWnd, GCLP_HICON));
-
-  ASSERT_NE(nullptr, pFrame->m_hAccelTable);
   EXPECT_EQ(pFrame->m_hAccelTable, pFrame->GetDefaultAccelerator());
-  ACCEL accel[4];
-  ASSERT_EQ(1, ::CopyAcceleratorTable(pFrame->m_hAccelTable, accel, 4));
-  EXPECT_EQ(VK_F5, accel[0].key);
-  EXPECT_EQ(ID_REFRESH, accel[0].cmd);
-}
-
-TEST_F(FrameTest, AcceleratorKeyRunsItsCommandThroughThePump) {
-  CTestFrame* pFrame = Load();
-  ASSERT_NE(nullptr, pFrame);
+  // Its F5 runs ID_REFRESH through the pump; a key in no table runs nothing.
   pFrame->PostMessage(WM_KEYDOWN, VK_F5, 0x003F0001);
-  pFrame->PostMessage(WM_KEYDOWN, VK_F6, 0x00400001); // in no table
+  pFrame->PostMessage(WM_KEYDOWN, VK_F6, 0x00400001);
   PumpAsApp();
   EXPECT_EQ(1, pFrame->m_nRefresh);
 }
@@ -140,16 +122,6 @@ TEST_F(FrameTest, StatusBarShowsPromptsMessagesAndTheIdleMessage) {
   EXPECT_STREQ("Reloads the sheet", WindowText(&statusBar));
   statusBar.DestroyWindow();
 }
-
-// Records the state an update handler gives an indicator.
-class CIndicatorUI : public CCmdUI {
-public:
-  virtual void Enable(BOOL bOn) {
-    m_bEnabled = bOn;
-    m_bEnableChanged = TRUE;
-  }
-  BOOL m_bEnabled = -1;
-};
 
 TEST_F(FrameTest, ViewFromTheContextFillsTheFrameAndTakesCommandsFirst) {
   CCreateContext context;

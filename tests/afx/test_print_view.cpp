@@ -1,9 +1,9 @@
 // CView's print job end to end on the test prefix's printer ("VRK
 // PostScript": Wine's PostScript driver on LPT1:, which the spooler writes to
 // a file): a two-page view printed with ID_FILE_PRINT_DIRECT and with
-// ID_FILE_PRINT through the print dialog (all pages, a page range, print to
-// a file chosen in the Save As dialog), checked in the PostScript that comes
-// out, and the hooks' order.
+// ID_FILE_PRINT through the print dialog (a page range printed to a file
+// chosen in the Save As dialog), checked in the PostScript that comes out,
+// and the hooks' order.
 #include <afxdlgs.h>
 #include <afxprint_.h>
 #include <gtest/gtest.h>
@@ -13,7 +13,6 @@
 
 #include "dlg_driver.h"
 #include "print_testing.h"
-#include "msgbox_catcher.h"
 #include "temp_dir.h"
 
 namespace {
@@ -123,26 +122,10 @@ TEST_F(ViewPrinting, DirectPrintsTwoPagesOnThePrinter) {
   EXPECT_TRUE(m_app.m_hDevNames != NULL);
 }
 
-TEST_F(ViewPrinting, PageRangeChosenInTheDialog) {
+// A page range and "Print to file" chosen in the dialog: the file asked for
+// holds only that page, and nothing goes to the printer's port.
+TEST_F(ViewPrinting, PageRangeToAFileAskedFor) {
   m_pView->m_nPages = 3;
-  DialogDriver driver;
-  driver.Then([](HWND hDlg) {
-    ::CheckRadioButton(hDlg, rad1, rad3, rad3);
-    ::SetDlgItemTextA(hDlg, edt1, "2");
-    ::SetDlgItemTextA(hDlg, edt2, "2");
-    DialogDriver::Press(hDlg, IDOK);
-  });
-  Print(ID_FILE_PRINT);
-  std::vector<std::string> expected = {"prepare 0", "begin 1", "dc 2", "dc 2", "print 2", "end 0"};
-  EXPECT_EQ(expected, m_pView->m_log);
-  PostScript ps(SpoolBytes());
-  ASSERT_EQ(1u, ps.pages.size()) << ps.text;
-  EXPECT_TRUE(ps.Has("\n%%Pages: 1"));
-  EXPECT_NE(std::string::npos, ps.pages[0].find(kDigitGlyph[2]));
-  EXPECT_EQ(std::string::npos, ps.pages[0].find(kDigitGlyph[1]));
-}
-
-TEST_F(ViewPrinting, PrintToFileAsksForTheFile) {
   TempDir dir;
   const std::string out = dir.File("report.prn");
   CString strCaption, strDefault;
@@ -151,7 +134,10 @@ TEST_F(ViewPrinting, PrintToFileAsksForTheFile) {
   std::string nameOffered;
   DialogDriver driver;
   driver.Then([](HWND hDlg) {
-    ::CheckDlgButton(hDlg, chx1, BST_CHECKED); // "Print to file"
+    ::CheckRadioButton(hDlg, rad1, rad3, rad3);
+    ::SetDlgItemTextA(hDlg, edt1, "2");
+    ::SetDlgItemTextA(hDlg, edt2, "2");
+    ::CheckDlgButton(hDlg, chx1, BST_CHECKED);
     DialogDriver::Press(hDlg, IDOK);
   });
   driver.Then([&](HWND hDlg) {
@@ -162,13 +148,16 @@ TEST_F(ViewPrinting, PrintToFileAsksForTheFile) {
     DialogDriver::Press(hDlg, IDOK);
   });
   Print(ID_FILE_PRINT);
+  std::vector<std::string> expected = {"prepare 0", "begin 1", "dc 2", "dc 2", "print 2", "end 0"};
+  EXPECT_EQ(expected, m_pView->m_log);
   ASSERT_EQ(2u, driver.Captions().size());
   EXPECT_EQ(std::string(strCaption), driver.Captions()[1]);
   EXPECT_EQ(std::string(strDefault), nameOffered);
   PostScript ps(TempDir::ReadBytes(out));
-  EXPECT_EQ(2u, ps.pages.size());
+  ASSERT_EQ(1u, ps.pages.size()) << ps.text;
   EXPECT_TRUE(ps.Has("%%Title: Quarterly Report"));
-  // Nothing went to the printer's port.
+  EXPECT_NE(std::string::npos, ps.pages[0].find(kDigitGlyph[2]));
+  EXPECT_EQ(std::string::npos, ps.pages[0].find(kDigitGlyph[1]));
   EXPECT_EQ(INVALID_FILE_ATTRIBUTES, ::GetFileAttributesA(m_strSpool.c_str()));
 }
 
