@@ -117,7 +117,7 @@ protected:
   CDC m_dc;
 };
 
-TEST_F(SplitDC, SettersChangeBothAndReturnTheAttributeValue) {
+TEST_F(SplitDC, SettersChangeBothDrawingGoesToTheOutput) {
   ::SetTextColor(m_output.Handle(), kGreen);
   ::SetTextColor(m_attrib.Handle(), kBlue);
   EXPECT_EQ(kBlue, m_dc.SetTextColor(kRed));
@@ -131,15 +131,16 @@ TEST_F(SplitDC, SettersChangeBothAndReturnTheAttributeValue) {
   ::SetBkMode(m_attrib.Handle(), TRANSPARENT);
   EXPECT_EQ(TRANSPARENT, m_dc.SetBkMode(OPAQUE));
   EXPECT_EQ(OPAQUE, ::GetBkMode(m_output.Handle()));
-}
 
-TEST_F(SplitDC, DrawingGoesToTheOutputOnly) {
+  // Drawing goes to the output only.
+  m_dc.SetMapMode(MM_TEXT);
   CPen red(PS_SOLID, 1, kRed);
   m_dc.SelectObject(&red);
   m_dc.MoveTo(1, 1);
   EXPECT_TRUE(m_dc.LineTo(9, 1));
   m_dc.FillSolidRect(CRect(0, 4, 16, 8), kBlue);
   EXPECT_EQ(8, m_output.Count(kRed, CRect(0, 1, 16, 2)));
+  EXPECT_EQ(kBlue, ::GetBkColor(m_output.Handle())); // FillSolidRect leaves its colour
   EXPECT_EQ(64, m_output.Count(kBlue));
   EXPECT_EQ(16 * 16, m_attrib.Count(kWhite));
   // The attribute DC's position follows the line.
@@ -161,14 +162,6 @@ TEST(DCMapping, SizesUseOnlyTheExtentRatio) {
   EXPECT_EQ(CSize(5, 5), size);
   dc.DPtoLP(&size);
   EXPECT_EQ(CSize(10, 10), size);
-}
-
-TEST(DCDraw, FillSolidRectFillsExactlyAndLeavesTheBackgroundColour) {
-  Canvas canvas(10, 10);
-  canvas.DC().FillSolidRect(2, 3, 4, 5, kRed);
-  EXPECT_EQ(20, canvas.Count(kRed));
-  EXPECT_EQ(20, canvas.Count(kRed, CRect(2, 3, 6, 8)));
-  EXPECT_EQ(kRed, canvas.DC().GetBkColor());
 }
 
 TEST(DCDraw, Draw3dRectGivesTheFarCornersToTheBottomRightColour) {
