@@ -1,35 +1,12 @@
-// CMemFile and CSharedFile: reads, writes and seeks past the end, caller
-// buffers and global memory handles.
+// CMemFile: reads, writes and seeks past the end, and caller buffers.
+// (CSharedFile is driven by the global-object tests: blocks written,
+// detached and read back through SetHandle.)
 #include <afx.h>
-#include <afxadv.h>
 #include <gtest/gtest.h>
 
 #include "exception_probe.h"
 
 #include <string>
-
-namespace {
-
-// Records each allocation request so that the growth rule can be checked.
-class CCountingMemFile : public CMemFile {
-public:
-  explicit CCountingMemFile(UINT nGrowBytes) : CMemFile(nGrowBytes) {}
-  ~CCountingMemFile() { Close(); }
-  SIZE_T BufferSize() const { return m_nBufferSize; }
-  SIZE_T lastRequest = 0;
-
-protected:
-  BYTE* Alloc(SIZE_T nBytes) override {
-    lastRequest = nBytes;
-    return CMemFile::Alloc(nBytes);
-  }
-  BYTE* Realloc(BYTE* p, SIZE_T nBytes) override {
-    lastRequest = nBytes;
-    return CMemFile::Realloc(p, nBytes);
-  }
-};
-
-} // namespace
 
 TEST(MemFile, ReadWriteSeekAndLength) {
   CMemFile file;
@@ -82,30 +59,4 @@ TEST(MemFile, CallerBufferFixedOrGrowing) {
   BYTE* p = growing.Detach();
   EXPECT_EQ(0, memcmp(p, "0123456789", 10));
   free(p);
-}
-
-TEST(SharedFile, WritesIntoAGlobalBlockAndHandsItOver) {
-  CSharedFile file;
-  file.Write("clipboard", 9);
-  EXPECT_EQ(9u, file.GetLength());
-  HGLOBAL h = file.Detach();
-  ASSERT_TRUE(h != NULL);
-  EXPECT_GE(GlobalSize(h), 9u);
-  EXPECT_EQ(0u, file.GetLength());
-  const char* p = (const char*)GlobalLock(h);
-  EXPECT_EQ(0, memcmp(p, "clipboard", 9));
-  GlobalUnlock(h);
-
-  // Taken back: its whole size is the file.
-  CSharedFile again;
-  again.SetHandle(h);
-  EXPECT_EQ(GlobalSize(h), again.GetLength());
-  char buf[9];
-  EXPECT_EQ(9u, again.Read(buf, 9));
-  EXPECT_EQ(0, memcmp(buf, "clipboard", 9));
-  again.SeekToEnd();
-  again.Write("+more", 5); // may grow: the block moves
-  HGLOBAL h2 = again.Detach();
-  EXPECT_GE(GlobalSize(h2), 14u);
-  GlobalFree(h2);
 }
