@@ -4,6 +4,8 @@
 #include <afxtempl.h>
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "coll_testing.h"
 
 int Counted::s_live = 0;
@@ -19,7 +21,7 @@ template <class ARR> static INT_PTR SizeWhenBlockMoves(ARR& a) {
   return -1;
 }
 
-TEST(ArrayGrowth, FirstBlockHoldsNewSizeOrGrowBy) {
+TEST(ArrayGrowth, FirstBlockNewSizeThenGrowByOrAnEighthClamped) {
   CArray<int, int> a; // grow-by 0: the first block is exactly the new size
   a.SetSize(1, 0);
   EXPECT_EQ(2, SizeWhenBlockMoves(a)); // size 1 / 8 -> step 4: block of 5
@@ -31,10 +33,9 @@ TEST(ArrayGrowth, FirstBlockHoldsNewSizeOrGrowBy) {
   b.Add(1);
   EXPECT_EQ(11, SizeWhenBlockMoves(b)); // then steps of 10: block of 20
   EXPECT_EQ(21, SizeWhenBlockMoves(b));
-}
 
-TEST(ArrayGrowth, DefaultStepIsAnEighthClampedTo4And1024) {
-  CArray<int, int> a;
+  // The default step is an eighth, clamped to 4 and 1024.
+  a.RemoveAll();
   a.SetSize(8000); // exact first block
   EXPECT_EQ(8001, SizeWhenBlockMoves(a));
   // 8000 / 8 = 1000 more slots
@@ -90,44 +91,34 @@ TEST(ArrayElements, NewElementsAreZeroAndConstructedOnce) {
   EXPECT_EQ(0, Counted::s_live);
 }
 
+static std::string Join(const CArray<int, int>& a) {
+  std::string s;
+  for (INT_PTR i = 0; i < a.GetSize(); i++)
+    s += (i ? "," : "") + std::to_string(a[i]);
+  return s;
+}
+
 TEST(ArrayEdit, InsertRemoveAppendCopy) {
-  CArray<int, int> a;
+  CArray<int, int> a, b;
   for (int i = 1; i <= 3; i++)
     a.Add(i);
   a.InsertAt(1, 9, 2);
-  ASSERT_EQ(5, a.GetSize());
-  int expected[] = {1, 9, 9, 2, 3};
-  for (int i = 0; i < 5; i++)
-    EXPECT_EQ(expected[i], a[i]);
+  EXPECT_EQ("1,9,9,2,3", Join(a));
   a.InsertAt(7, 5); // past the end: the gap is zero
-  ASSERT_EQ(8, a.GetSize());
-  EXPECT_EQ(0, a[5]);
-  EXPECT_EQ(5, a[7]);
+  EXPECT_EQ("1,9,9,2,3,0,0,5", Join(a));
   a.RemoveAt(1, 4);
-  ASSERT_EQ(4, a.GetSize());
-  EXPECT_EQ(1, a[0]);
-  EXPECT_EQ(0, a[1]);
+  EXPECT_EQ("1,0,0,5", Join(a));
   EXPECT_EQ(3, a.GetUpperBound());
-
-  CArray<int, int> b;
   b.Add(100);
   b.Add(200);
   EXPECT_EQ(4, a.Append(b));
-  EXPECT_EQ(200, a[5]);
   a.InsertAt(0, &b);
-  EXPECT_EQ(100, a[0]);
-  EXPECT_EQ(200, a[1]);
-  EXPECT_EQ(1, a[2]);
+  EXPECT_EQ("100,200,1,0,0,5,100,200", Join(a));
   b.Copy(a);
-  EXPECT_EQ(8, b.GetSize());
-  EXPECT_EQ(200, b[7]);
   b.Copy(b);
-  EXPECT_EQ(8, b.GetSize());
-
+  EXPECT_EQ(Join(a), Join(b));
   a.SetAtGrow(10, 42);
-  EXPECT_EQ(11, a.GetSize());
-  EXPECT_EQ(0, a[9]);
-  EXPECT_EQ(42, a.ElementAt(10));
+  EXPECT_EQ("100,200,1,0,0,5,100,200,0,0,42", Join(a));
 }
 
 TEST(ArrayEdit, ElementOfTheArrayAsArgumentSurvivesReallocation) {

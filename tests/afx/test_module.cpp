@@ -93,33 +93,20 @@ TEST_F(ResourceChain, ExtensionModuleJoinsWhileLoaded) {
   EXPECT_EQ(CRuntimeClass::FromName("CFixtureShape"), nullptr);
 }
 
-TEST_F(ResourceChain, ResourceHandleIsSearchedFirst) {
+TEST_F(ResourceChain, ResourceHandleFirstAndAStringNotJustItsBlock) {
   HINSTANCE hExt = AfxLoadLibrary(kExtDll);
   ResModule res;
   ASSERT_NE(res.m_h, (HINSTANCE)NULL);
+  // The extension has the block of IDS_FIXTURE_RES_ONLY, not the string.
+  EXPECT_EQ(AfxFindStringResourceHandle(IDS_FIXTURE_RES_ONLY), (HINSTANCE)NULL);
   EXPECT_EQ(LoadText(IDS_FIXTURE_SHARED), "Shared string from the extension");
   AfxSetResourceHandle(res.m_h);
   EXPECT_EQ(LoadText(IDS_FIXTURE_SHARED), "Shared string from the resource module");
   EXPECT_EQ(AfxFindResourceHandle(MAKEINTRESOURCE(IDR_FIXTURE_DATA), RT_RCDATA), res.m_h);
-  // What the resource handle lacks still comes from the chain.
-  EXPECT_EQ(LoadText(IDS_FIXTURE_EXT_ONLY), "Extension string");
+  EXPECT_EQ(AfxFindStringResourceHandle(IDS_FIXTURE_RES_ONLY), res.m_h);
+  EXPECT_EQ(LoadText(IDS_FIXTURE_EXT_ONLY), "Extension string"); // the rest from the chain
+  EXPECT_EQ(AfxFindStringResourceHandle(IDS_FIXTURE_NOWHERE), (HINSTANCE)NULL);
   AfxSetResourceHandle(m_hOldResource);
-  AfxFreeLibrary(hExt);
-}
-
-TEST_F(ResourceChain, StringMustReallyBePresentNotJustItsBlock) {
-  HINSTANCE hExt = AfxLoadLibrary(kExtDll);
-  // The extension has the block of IDS_FIXTURE_RES_ONLY, not the string.
-  EXPECT_EQ(AfxFindStringResourceHandle(IDS_FIXTURE_RES_ONLY), (HINSTANCE)NULL);
-  EXPECT_EQ(LoadText(IDS_FIXTURE_RES_ONLY), "");
-  ResModule res;
-  {
-    CDynLinkLibrary* pRes = new CDynLinkLibrary(res.m_h, res.m_h);
-    EXPECT_EQ(AfxFindStringResourceHandle(IDS_FIXTURE_RES_ONLY), res.m_h);
-    EXPECT_EQ(LoadText(IDS_FIXTURE_RES_ONLY), "Resource string");
-    EXPECT_EQ(AfxFindStringResourceHandle(IDS_FIXTURE_NOWHERE), (HINSTANCE)NULL);
-    delete pRes;
-  }
   AfxFreeLibrary(hExt);
 }
 
@@ -127,6 +114,7 @@ TEST_F(ResourceChain, NewestLibraryFirstSystemLibrariesLast) {
   HINSTANCE hExt = AfxLoadLibrary(kExtDll);
   ResModule res;
   AFX_EXTENSION_MODULE state = {FALSE, NULL, NULL, NULL, NULL};
+  EXPECT_FALSE(AfxInitExtensionModule(state, NULL));
   ASSERT_TRUE(AfxInitExtensionModule(state, res.m_h));
 
   // A system library joined after the extension still comes after it.
@@ -149,25 +137,14 @@ TEST_F(ResourceChain, NewestLibraryFirstSystemLibrariesLast) {
 
 TEST_F(ResourceChain, LoadStringTruncatesToTheBuffer) {
   HINSTANCE hExt = AfxLoadLibrary(kExtDll);
-  EXPECT_EQ(LoadText(IDS_FIXTURE_LONG), "0123456789ABCDEFGHIJ");
-  EXPECT_EQ(LoadText(IDS_FIXTURE_LONG, 6), "01234");
-  EXPECT_EQ(LoadText(IDS_FIXTURE_LONG, 21), "0123456789ABCDEFGHIJ");
-  EXPECT_EQ(LoadText(IDS_FIXTURE_LONG, 20), "0123456789ABCDEFGHI");
-  EXPECT_EQ(LoadText(IDS_FIXTURE_LONG, 1), "");
+  const std::string kLong = "0123456789ABCDEFGHIJ";
+  for (UINT nMax : {256u, 21u, 20u, 6u, 1u})
+    EXPECT_EQ(LoadText(IDS_FIXTURE_LONG, nMax), kLong.substr(0, nMax - 1)) << nMax;
   EXPECT_EQ(AfxLoadString(IDS_FIXTURE_LONG, NULL, 10), 0);
   char c = 'x';
   EXPECT_EQ(AfxLoadString(IDS_FIXTURE_LONG, &c, 0), 0);
   EXPECT_EQ(c, 'x');
   AfxFreeLibrary(hExt);
-}
-
-TEST(ExtensionModule, BadArguments) {
-  AFX_EXTENSION_MODULE state = {FALSE, NULL, NULL, NULL, NULL};
-  EXPECT_FALSE(AfxInitExtensionModule(state, NULL));
-  EXPECT_FALSE(state.bInitialized);
-  EXPECT_EQ(AfxLoadLibrary(NULL), (HINSTANCE)NULL);
-  EXPECT_EQ(AfxLoadLibrary("vrk_no_such_module.dll"), (HINSTANCE)NULL);
-  EXPECT_FALSE(AfxFreeLibrary(NULL));
 }
 
 TEST(WinApp, RegistersItselfAndTheNames) {
@@ -272,25 +249,14 @@ protected:
 };
 } // namespace
 
-TEST_F(IniProfile, IntegersAndStringsGoToTheFile) {
-  EXPECT_EQ(m_app.GetProfileInt("Window", "Left", 33), 33u);
+TEST_F(IniProfile, ValuesGoToTheFileBinaryAsLettersLowNibbleFirst) {
   EXPECT_TRUE(m_app.WriteProfileInt("Window", "Left", -5));
-  EXPECT_TRUE(m_app.WriteProfileString("Window", "Title", "Hello world"));
-  std::string text = Ini();
-  EXPECT_NE(text.find("[Window]"), std::string::npos);
-  EXPECT_NE(text.find("Left=-5"), std::string::npos);
-  EXPECT_NE(text.find("Title=Hello world"), std::string::npos);
-  EXPECT_EQ((int)m_app.GetProfileInt("Window", "Left", 0), -5);
-  EXPECT_STREQ(m_app.GetProfileString("Window", "Title"), "Hello world");
-  EXPECT_STREQ(m_app.GetProfileString("Window", "Missing", "dflt"), "dflt");
-  // Nothing went to the registry.
+  EXPECT_NE(Ini().find("Left=-5"), std::string::npos) << Ini();
   EXPECT_FALSE(ScratchRegistry::KeyExists(kAppKey + "\\Window"));
   std::string longText(6000, 'z'); // past the first 4,096-character read
   EXPECT_TRUE(m_app.WriteProfileString("S", "Long", longText.c_str()));
   EXPECT_EQ(std::string(m_app.GetProfileString("S", "Long")), longText);
-}
 
-TEST_F(IniProfile, BinaryIsWrittenAsLettersLowNibbleFirst) {
   const BYTE data[] = {0x12, 0xAB, 0x00, 0xFF};
   EXPECT_TRUE(m_app.WriteProfileBinary("Bin", "Blob", (LPBYTE)data, sizeof(data)));
   EXPECT_NE(Ini().find("Blob=CBLKAAPP"), std::string::npos) << Ini();
@@ -300,15 +266,10 @@ TEST_F(IniProfile, BinaryIsWrittenAsLettersLowNibbleFirst) {
   ASSERT_EQ(nBytes, sizeof(data));
   EXPECT_EQ(memcmp(pData, data, nBytes), 0);
   delete[] pData;
-}
-
-TEST_F(IniProfile, CorruptBinaryTextIsRefused) {
-  LPBYTE pData = NULL;
-  UINT nBytes = 0;
-  m_app.WriteProfileString("Bin", "Odd", "ABC");
-  EXPECT_FALSE(m_app.GetProfileBinary("Bin", "Odd", &pData, &nBytes));
-  m_app.WriteProfileString("Bin", "Bad", "AZ");
-  EXPECT_FALSE(m_app.GetProfileBinary("Bin", "Bad", &pData, &nBytes));
-  EXPECT_FALSE(m_app.GetProfileBinary("Bin", "Missing", &pData, &nBytes));
+  pData = NULL;
+  for (const char* pszBad : {"ABC", "AZ"}) { // odd length, not a letter A to P
+    m_app.WriteProfileString("Bin", "Bad", pszBad);
+    EXPECT_FALSE(m_app.GetProfileBinary("Bin", "Bad", &pData, &nBytes)) << pszBad;
+  }
   EXPECT_EQ(pData, nullptr);
 }

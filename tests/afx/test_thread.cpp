@@ -121,7 +121,7 @@ HANDLE CUiThread::s_hReady = NULL;
 LONG CUiThread::s_nMessages = 0;
 bool CUiThread::s_bInit = true;
 
-TEST(UiThread, RunsMessageLoopUntilQuit) {
+TEST(UiThread, RunsMessageLoopUntilQuitOrEndsAtAFailedInit) {
   CUiThread::s_hReady = CreateEvent(NULL, FALSE, FALSE, NULL);
   CUiThread::s_nMessages = 0;
   CUiThread::s_bInit = true;
@@ -137,14 +137,10 @@ TEST(UiThread, RunsMessageLoopUntilQuit) {
   EXPECT_TRUE(pThread->PostThreadMessage(WM_QUIT, 7, 0));
   EXPECT_EQ(Finish(pThread), 7u);
   EXPECT_EQ(CUiThread::s_nMessages, 2);
-  CloseHandle(CUiThread::s_hReady);
-}
 
-TEST(UiThread, FailedInitInstanceGoesToExitInstance) {
-  CUiThread::s_hReady = CreateEvent(NULL, FALSE, FALSE, NULL);
+  // A failed InitInstance goes straight to ExitInstance, whose code is the exit code.
   CUiThread::s_bInit = false;
-  CWinThread* pThread =
-      AfxBeginThread(RUNTIME_CLASS(CUiThread), THREAD_PRIORITY_NORMAL, 0, CREATE_SUSPENDED);
+  pThread = AfxBeginThread(RUNTIME_CLASS(CUiThread), THREAD_PRIORITY_NORMAL, 0, CREATE_SUSPENDED);
   ASSERT_NE(pThread, nullptr);
   pThread->m_bAutoDelete = FALSE;
   pThread->ResumeThread();
