@@ -125,7 +125,9 @@ TEST(OleDateTimeParse, DatesTimesDefaultsAndGarbage) {
     const char* psz = c.psz ? c.psz : "(null)";
     EXPECT_EQ(c.dt >= 0, dt.ParseDateTime(c.psz)) << psz;
     EXPECT_EQ(c.dt >= 0 ? COleDateTime::valid : COleDateTime::invalid, dt.GetStatus()) << psz;
-    if (c.dt >= 0) EXPECT_NEAR(c.dt, dt.m_dt, 1e-9) << psz;
+    if (c.dt >= 0) {
+      EXPECT_NEAR(c.dt, dt.m_dt, 1e-9) << psz;
+    }
   }
 }
 
