@@ -1,7 +1,4 @@
-// The combo boxes in a real dialog, driven by real keys and clicks:
-// completion as the user types, faces from the installed families with the
-// sizes kept in step, the button drawn as a combo box, the colour picker and
-// its grid (pixels read back), and the helpers for any combo box.
+// The combo boxes in a real dialog, driven by real keys and clicks.
 #include "vrk_colorctrl.h"
 #include "vrk_combobox.h"
 #include "vrk_exception.h"
@@ -88,15 +85,15 @@ TEST_F(ComboTest, HelpersAndPreconditions) {
   EXPECT_EQ((DWORD)BS_OWNERDRAW, m_dlg.m_custom.GetStyle() & BS_TYPEMASK);
   Click({5, 5}, m_dlg.m_custom);
   EXPECT_TRUE(m_dlg.m_notes.count({IDC_BUTTON, 1}));
-
   CAutoProbe probe;
   std::pair<std::function<void()>, const char*> nulls[] = {
+      // the first line of the message
       {[&] { probe.OnCtlColor(NULL, &m_dlg, 1); }, "autocombobox.cpp, line 77."},
       {[] { VAutoComboBoxEdit().SetParentComboBox(0); }, "autocombobox.cpp, line 39."},
       {[] { VrkSetComboBox(NULL, 0); }, "combobox.cpp, line 74."},
       {[] { VPopupColorCtrl(0, NULL); }, "colorctrl.cpp, line 228."}};
   for (auto& n : nulls) {
-    std::string str; // the first line of the message
+    std::string str;
     try {
       n.first();
     } catch (CException* e) {
@@ -169,7 +166,6 @@ TEST_F(ComboTest, FacesAreInstalledFamiliesAndSizesFollowThem) {
   }
   ASSERT_EQ(23, sizes.GetCount());
   EXPECT_EQ(144u, sizes.GetItemData(22));
-
   // 12 points, then another face chosen with the keyboard: the sizes are
   // refilled and 12 stays; with no size chosen the first is taken.
   sizes.SetCurSel(sizes.FindStringExact(-1, "12"));
@@ -184,7 +180,7 @@ TEST_F(ComboTest, FacesAreInstalledFamiliesAndSizesFollowThem) {
   EXPECT_EQ("4", Text(sizes));
 }
 
-TEST_F(ComboTest, ColourChosenFromThePopupGrid) {
+TEST_F(ComboTest, ColourChosenFromThePopupGridWhichOutlivesItsOwner) {
   VColorComboBox& color = m_dlg.m_color;
   CRect rc;
   color.GetClientRect(&rc);
@@ -201,7 +197,6 @@ TEST_F(ComboTest, ColourChosenFromThePopupGrid) {
   color.GetWindowRect(&rcCombo);
   ::GetWindowRect(hPopup, &rcPopup);
   EXPECT_EQ(CPoint(rcCombo.left, rcCombo.bottom + 1), rcPopup.TopLeft());
-
   POINT ptBlue = {3 + 19 + 8, 3 + 57 + 8}; // entry 13: row 3, column 1
   EXPECT_EQ(0xFF0000u, PixelOf(hPopup, ptBlue.x, ptBlue.y));
   ::ClientToScreen(hPopup, &ptBlue);
@@ -213,15 +208,12 @@ TEST_F(ComboTest, ColourChosenFromThePopupGrid) {
   EXPECT_FALSE(::IsWindow(hPopup));
   EXPECT_EQ(nullptr, ::GetCapture());
   EXPECT_EQ(0xFF0000u, PixelOf(color, 20, rc.Height() / 2)); // the swatch
-}
-
-TEST_F(ComboTest, PopupStartsOnTheColourOrBlackAndOutlivesItsOwner) {
-  VPopupColorCtrl popup(0xF0FBFF, &m_dlg.m_color); // entry 17: only 16 are searched
-  EXPECT_EQ(0, popup.GetSelectedIndex());          // black
+  VPopupColorCtrl popup(0xF0FBFF, &m_dlg.m_color);           // entry 17: only 16 are searched
+  EXPECT_EQ(0, popup.GetSelectedIndex());                    // black
   VColorComboBox* pColor = new VColorComboBox;
   ASSERT_TRUE(pColor->Create(WS_CHILD | WS_VISIBLE, CRect(230, 140, 330, 164), &m_dlg, 0x700));
   Click({94, 12}, *pColor);
-  HWND hPopup = ::FindWindowA("VPopupColorCtrl", NULL);
+  hPopup = ::FindWindowA("VPopupColorCtrl", NULL);
   ASSERT_NE(nullptr, hPopup);
   delete pColor; // gone while its grid is open: a square clicked changes nothing
   Click({10, 10}, hPopup);

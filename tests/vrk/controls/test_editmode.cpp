@@ -1,8 +1,4 @@
-// In-place editing in an MDI view and a dialog, driven by real keys and
-// clicks: edit mode announced to the view (5604), the mouse hook's queries
-// for clicks and wheel turns outside, Alt+F4 turned into an SC_CLOSE query,
-// the frames' accelerators while editing, Escape in a combo with its list
-// open, Tab and Enter in a dialog, and edits replaced or destroyed mid-edit.
+// In-place editing in an MDI view and a dialog, driven by real keys and clicks.
 #include "vrk_editmode.h"
 
 #include <afxext.h>
@@ -15,7 +11,6 @@ using namespace user_input;
 
 namespace {
 
-// An edit that records the queries it answers.
 template <class Base> class CLogging : public Base {
 public:
   std::vector<tagEndEditStruct> m_queries;
@@ -37,8 +32,6 @@ class CSheetDoc : public CDocument {
 };
 IMPLEMENT_DYNCREATE(CSheetDoc, CDocument)
 
-// A view with an in-place edit, a button and an in-place combo; it logs the
-// edit-mode messages, the clicks and the window each command was sent to.
 class CCellView : public CView {
   DECLARE_DYNCREATE(CCellView)
 public:
@@ -74,7 +67,6 @@ ON_BN_CLICKED(IDC_BUTTON, &CCellView::OnButton)
 ON_COMMAND_RANGE(ID_CHILDCMD, ID_MAINCMD, &CCellView::OnCmd)
 END_MESSAGE_MAP()
 
-// The application counts the wheel messages its run loop sees.
 class CEditModeApp : public CWinApp {
 public:
   int m_nWheels = 0;
@@ -118,7 +110,6 @@ protected:
     EXPECT_EQ(nullptr, Session().pEdit); // nothing outlives the windows
     EXPECT_EQ(nullptr, Session().hMouseHook);
   }
-  // Leaves edit mode and enters it again through the focus.
   void Reenter(HWND hEdit) {
     VEditCtrl::EndEditMode();
     m_pView->SetFocus();
@@ -127,20 +118,6 @@ protected:
   CMDIFrameWnd* m_pMain = NULL;
   CCellView* m_pView = NULL;
 };
-
-TEST_F(EditModeTest, FocusEntersEditModeAndAcceleratorsStillWork) {
-  CCellEdit& edit = m_pView->m_edit;
-  ASSERT_EQ(std::vector<LPARAM>{(LPARAM)&edit}, m_pView->m_editModes);
-  EXPECT_EQ(m_pView->m_hWnd, Session().hWndOwner);
-
-  // While editing the hook posts the commands of the child's and the main
-  // frame's keys to the view.
-  Press(VK_F7);
-  Press(VK_F8);
-  HWND hView = m_pView->m_hWnd;
-  EXPECT_EQ((std::vector<std::pair<UINT, HWND>>{{ID_CHILDCMD, hView}, {ID_MAINCMD, hView}}),
-            m_pView->m_commands);
-}
 
 TEST_F(EditModeTest, ClickWheelAndAltF4OutsideAskTheEdit) {
   struct Case {
@@ -191,7 +168,6 @@ TEST_F(EditModeTest, ComboEscapeClosesTheListFirstAndKeysComplete) {
   ASSERT_EQ(pEdit, Session().pEdit);
   Type("ab"); // each key completes (in the entry's case) before the edit takes it
   EXPECT_EQ("Ab", Text(combo));
-
   CRect rc;
   combo.GetClientRect(&rc);
   Click({rc.right - 5, rc.Height() / 2}, combo); // the arrow
@@ -204,7 +180,6 @@ TEST_F(EditModeTest, ComboEscapeClosesTheListFirstAndKeysComplete) {
   EXPECT_EQ(0x20000001u, pEdit->m_queries[0].nFlags);
   EXPECT_EQ((UINT)VK_ESCAPE, pEdit->m_queries[0].nKey);
   EXPECT_EQ(nullptr, Session().pEdit);
-
   // A choice from the list with the mouse marks the edit modified (5002).
   EXPECT_EQ(FALSE, combo.SendMessage(VWM_ISMODIFIED));
   Click({rc.right - 14, rc.Height() / 2}, combo); // not a double click
@@ -215,7 +190,14 @@ TEST_F(EditModeTest, ComboEscapeClosesTheListFirstAndKeysComplete) {
   EXPECT_EQ(TRUE, combo.SendMessage(VWM_ISMODIFIED));
 }
 
-TEST_F(EditModeTest, EditsReplacedOrDestroyedMidEditLeaveNothingBehind) {
+TEST_F(EditModeTest, AcceleratorsWorkAndEditsReplacedOrDestroyedLeaveNothing) {
+  ASSERT_EQ(std::vector<LPARAM>{(LPARAM)&m_pView->m_edit}, m_pView->m_editModes);
+  EXPECT_EQ(m_pView->m_hWnd, Session().hWndOwner);
+  Press(VK_F7); // the child's and the main frame's keys, posted to the view
+  Press(VK_F8);
+  HWND hView = m_pView->m_hWnd;
+  EXPECT_EQ((std::vector<std::pair<UINT, HWND>>{{ID_CHILDCMD, hView}, {ID_MAINCMD, hView}}),
+            m_pView->m_commands);
   HHOOK hFirst = Session().hMouseHook;
   CCellEdit* pSecond = new CCellEdit; // its focus takes edit mode over
   ASSERT_TRUE(pSecond->Create(WS_CHILD | WS_VISIBLE, CRect(10, 220, 160, 244), m_pView, 0x500));
@@ -227,7 +209,6 @@ TEST_F(EditModeTest, EditsReplacedOrDestroyedMidEditLeaveNothingBehind) {
   EXPECT_EQ(nullptr, Session().pEdit);
   EXPECT_EQ((LPARAM)0, m_pView->m_editModes.back());
   EXPECT_FALSE(::UnhookWindowsHookEx(hSecond));
-
   Reenter(m_pView->m_edit);
   size_t nEditModes = m_pView->m_editModes.size();
   m_pView->m_edit.DestroyWindow();
@@ -238,8 +219,7 @@ TEST_F(EditModeTest, EditsReplacedOrDestroyedMidEditLeaveNothingBehind) {
   EXPECT_EQ(1, m_pView->m_nClicks);
 }
 
-// WM_GETDLGCODE keeps Tab and Enter from the dialog manager; the edit
-// commits, and Tab moves on to the next tab stop.
+// WM_GETDLGCODE keeps Tab and Enter from the dialog manager.
 TEST_F(EditModeTest, TabAndEnterCommitInADialog) {
   for (WORD vk : {VK_TAB, VK_RETURN}) {
     CDialog dlg;

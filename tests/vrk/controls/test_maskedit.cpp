@@ -1,11 +1,7 @@
-// Masked edits typed into as the user types (SendInput to the focused
-// control): each mask character, the date and time ranges, separators typed
-// by the control, Backspace putting back the restore text, Insert and Delete
-// doing nothing; dates and times in and out; set, pasted and invalid texts.
+// Masked edits typed into as the user types (SendInput to the focused control).
 #include <vrk_maskedit.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <string>
 
 #include "user_input.h"
@@ -14,24 +10,15 @@ namespace {
 
 using namespace user_input;
 
-// Types each character on its keys, and {BS} {DEL} {INS} {END} {LEFT} {RIGHT}.
+// Types each character on its keys, and {B}ackspace {D}elete {I}nsert {E}nd {L}eft {R}ight.
 void TypeKeys(const char* psz) {
-  static const struct {
-    const char* pszName;
-    WORD vk;
-  } kNamed[] = {{"{BS}", VK_BACK}, {"{DEL}", VK_DELETE}, {"{INS}", VK_INSERT},
-                {"{END}", VK_END}, {"{LEFT}", VK_LEFT},  {"{RIGHT}", VK_RIGHT}};
-  while (*psz != '\0') {
-    const auto* pKey = std::find_if(std::begin(kNamed), std::end(kNamed), [&](auto& k) {
-      return strncmp(psz, k.pszName, strlen(k.pszName)) == 0;
-    });
-    if (pKey != std::end(kNamed)) {
-      Press(pKey->vk);
-      psz += strlen(pKey->pszName);
-    } else {
-      const char sz[2] = {*psz++, '\0'};
+  for (; *psz != '\0'; psz++) {
+    const char *pName = "BDIELR", sz[2] = {*psz, '\0'};
+    const WORD vks[] = {VK_BACK, VK_DELETE, VK_INSERT, VK_END, VK_LEFT, VK_RIGHT};
+    if (*psz != '{')
       Type(sz);
-    }
+    else
+      Press(vks[strchr(pName, *++psz) - pName]), psz++;
   }
 }
 
@@ -48,11 +35,6 @@ protected:
     Focus(m_host.m_hWnd, edit.m_hWnd);
     ASSERT_EQ(edit.m_hWnd, ::GetFocus());
   }
-  static std::string Text(CWnd& wnd) {
-    CString str;
-    wnd.GetWindowText(str);
-    return (LPCSTR)str;
-  }
   CWnd m_host;
 };
 
@@ -67,19 +49,17 @@ const struct {
     // clang-format off
     {"date", "00", "0"}, {"date", "132", "12/"}, {"date", "09", "09/"}, {"date", "2", ""},
     {"date", "124", "12/"}, {"date", "1232", "12/3"}, {"date", "12312010x5", "12/31/2010"},
-    {"date", "1a2/-3", "12/3"}, {"date", "12{BS}", "12/"}, {"date", "12{BS}{BS}0", "10/"},
-    {"date", "{BS}", ""}, {"date=", "0", "02/31/2010"}, {"date=", "0{BS}", "12/31/2010"},
-    {"date=", "{END}{BS}{BS}9", "12/31/2090"},
-    {"date=", "{RIGHT}{RIGHT}{RIGHT}0{BS}{BS}", "12/31/2010"},
-    {"date=", "{DEL}{INS}{END}{LEFT}{DEL}", "12/31/2010"},
-    {"date!", "{END}1{BS}{BS}", "Invalid DateTime"}, {"time", "13", "1"},
+    {"date", "1a2/-3", "12/3"}, {"date", "12{B}", "12/"}, {"date", "12{B}{B}0", "10/"},
+    {"date", "{B}", ""}, {"date=", "0", "02/31/2010"}, {"date=", "0{B}", "12/31/2010"},
+    {"date=", "{E}{B}{B}9", "12/31/2090"}, {"date=", "{R}{R}{R}0{B}{B}", "12/31/2010"},
+    {"date=", "{D}{I}{E}{L}{D}", "12/31/2010"}, {"date!", "{E}1{B}{B}", "Invalid DateTime"},
+    {"time", "13", "1"},
     {"time", "12596", "12:59:"}, {"time", "125959", "12:59:59"}, {"time", "0959", "09:59:"},
-    {"time=", "1{BS}{END}{BS}{BS}", "23:58:30"}, {"#", "x5", "5"}, {"##", "k", "k"},
+    {"time=", "1{B}{E}{B}{B}", "23:58:30"}, {"#", "x5", "5"}, {"##", "k", "k"},
     {"###", " mK", " m"}, {"&&", "%~", "%~"}, {"0", "a2", ""}, {"99", " x/", "x/"},
     {"??", "4 q", " q"}, {"AA", " Q4", "Q4"}, {"LL", "4 Qz", "Qz"}, {"aaa", "-4 z", "4 z"},
     {"Z", "4Z", ""}, {"LL||-", "-x", "-x"}, {"AAAA|(__)", "xyz", "(xy)"},
-    {"AAAA|(_)_", "xyz", "(x)y"},
-    {"AAA", "xyz{BS}{BS}q", "xqz"}, // no restore text: Backspace only moves
+    {"AAAA|(_)_", "xyz", "(x)y"}, {"AAA", "xyz{B}{B}q", "xqz"}, // no restore text: {B} only moves
     // clang-format on
 };
 
@@ -127,7 +107,7 @@ TEST_F(MaskEditTest, DatesAndTimesGoInAndOut) {
   timeEdit.SetTime(value); // before the window exists: kept for Backspace
   Place(timeEdit);
   timeEdit.SetWindowText("07:05:09");
-  TypeKeys("1{BS}");
+  TypeKeys("1{B}");
   EXPECT_EQ("07:05:09", std::string(timeEdit.GetTimeStr()));
   timeEdit.SetWindowText("23:59:");
   ASSERT_TRUE(timeEdit.GetTime(read));
@@ -142,7 +122,7 @@ TEST_F(MaskEditTest, SetAndPastedTextsAreThePlainEditsAndTypingStaysInTheMask) {
     strLong[i] = (char)(' ' + (i * 37) % 95);
   edit.SendMessage(WM_SETTEXT, 0, (LPARAM)strLong.c_str());
   edit.SetSel(2000, 2000);
-  TypeKeys("1{BS}"); // past the mask: refused; past the typed text: a beep
+  TypeKeys("1{B}"); // past the mask: refused; past the typed text: a beep
   edit.SetSel(0, 0);
   TypeKeys("1");
   EXPECT_EQ("1" + strLong.substr(1), Text(edit));

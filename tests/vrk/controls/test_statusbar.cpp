@@ -1,7 +1,4 @@
-// VStatusBar docked in a frame with the application's idle loop running:
-// pane contents read back from the control and the screen's pixels, nested
-// progress against the bar's position and the message, the lock holding off
-// the frame's idle message, the bar's place in pixels, calls out of order.
+// VStatusBar docked in a frame with the application's idle loop running.
 #include <vrk_statusbar.h>
 #include <afxpriv.h>
 #include <gtest/gtest.h>
@@ -32,14 +29,13 @@ protected:
     Idle();
   }
   void TearDown() override { m_pFrame->DestroyWindow(); }
-  // The application's loop: the queue, idle processing, what that queued.
   void Idle() {
     PumpAsApp();
     theApp.OnIdle(0);
     PumpAsApp();
   }
   std::string Shown() { return (LPCSTR)WindowText(&m_bar); }
-  // The frame's idle message, as a toolbar asks for it when the mouse leaves.
+  // As a toolbar asks for it when the mouse leaves.
   std::string ShownAfterIdleMessage() {
     m_pFrame->PostMessage(WM_POPMESSAGESTRING, AFX_IDS_IDLEMESSAGE);
     Idle();
@@ -91,7 +87,7 @@ TEST_F(StatusBarTest, PanesShowFittedTextColouredTextAndBitmaps) {
               Pixel(rect.right - 3, rect.bottom - 3) == kGreen);
 }
 
-TEST_F(StatusBarTest, NestedProgressShowsTheNewestAndLocksOutTheIdleMessage) {
+TEST_F(StatusBarTest, NestedProgressLockAndCallsOutOfOrder) {
   EXPECT_EQ("Ready", ShownAfterIdleMessage());
   POSITION posA = m_bar.StartProgress(0, 200, "Copying");
   EXPECT_EQ(0, m_bar.SetProgressPos(posA, 100));
@@ -116,13 +112,30 @@ TEST_F(StatusBarTest, NestedProgressShowsTheNewestAndLocksOutTheIdleMessage) {
   EXPECT_EQ(95, BarPos());
   m_bar.StopProgress(posA, "Done");
   EXPECT_EQ("Done", Shown());
-  EXPECT_FALSE(m_bar.GetDlgItem(1)->IsWindowVisible());
   EXPECT_EQ("Ready", ShownAfterIdleMessage());
 
   m_bar.SetWindowTextAndLock("Held");
   EXPECT_EQ("Held", ShownAfterIdleMessage());
   m_bar.SetWindowTextAndUnlock("Free");
   EXPECT_EQ("Ready", ShownAfterIdleMessage());
+  m_bar.StopProgress(NULL, "Nothing ran"); // the text, unlocked
+  EXPECT_EQ("Nothing ran", Shown());
+  EXPECT_EQ("Ready", ShownAfterIdleMessage());
+  POSITION pos = m_bar.StartProgress(7, 7, "Empty range");
+  m_bar.SetProgressPos(pos, 7); // no division by the empty range
+  EXPECT_EQ(100, BarPos());
+  m_bar.StopProgress(pos, "");
+  // A thousand nested stopped newest first; a stopped one's handle changes nothing.
+  POSITION positions[1000];
+  for (int i = 0; i < 1000; i++)
+    m_bar.SetProgressPos(positions[i] = m_bar.StartProgress(0, 1000, CString('L', i + 1)), i);
+  for (int i = 999; i > 0; i--)
+    m_bar.StopProgress(positions[i], "");
+  EXPECT_EQ("L", Shown());
+  EXPECT_EQ(0, m_bar.SetProgressPos(positions[500], 900));
+  m_bar.StopProgress(positions[0], "All done");
+  EXPECT_EQ("All done", Shown());
+  EXPECT_FALSE(m_bar.GetDlgItem(1)->IsWindowVisible());
 }
 
 TEST_F(StatusBarTest, BarSitsBesideTheTextInPixels) {
@@ -136,45 +149,14 @@ TEST_F(StatusBarTest, BarSitsBesideTheTextInPixels) {
   CRect rect;
   m_bar.GetWindowRect(&rect);
   ASSERT_EQ(CSize(1000, 20), rect.Size());
-
   m_bar.SetProgressPos(m_bar.StartProgress(0, 100, strText), 50);
   Idle();
   m_bar.GetDlgItem(1)->GetWindowRect(&rect);
   m_bar.ScreenToClient(&rect);
   EXPECT_EQ(CRect(210, 3, 397, 20), rect);
-  // Its frame from x 210 to 396 and from y 3 down in the bar's background,
-  // the left half filled.
-  COLORREF crBack = Pixel(209, 10), crFrame = Pixel(210, 10), crFill = Pixel(212, 10);
-  EXPECT_TRUE(crBack != crFrame && crBack == Pixel(397, 10) && crBack == Pixel(300, 2));
-  EXPECT_TRUE(crFrame == Pixel(396, 10) && crFrame == Pixel(300, 3));
+  COLORREF crBack = Pixel(209, 10), crFill = Pixel(212, 10); // the left half filled
+  EXPECT_TRUE(crBack != Pixel(210, 10) && crBack == Pixel(397, 10) && crBack == Pixel(300, 2));
   EXPECT_TRUE(crFill == Pixel(210 + 187 / 2 - 2, 10) && crFill != Pixel(210 + 187 / 2 + 2, 10));
-}
-
-TEST_F(StatusBarTest, ProgressCallsOutOfOrderAreHarmless) {
-  m_bar.StopProgress(NULL, "Nothing ran"); // the text, unlocked
-  EXPECT_EQ("Nothing ran", Shown());
-  EXPECT_EQ("Ready", ShownAfterIdleMessage());
-  POSITION pos = m_bar.StartProgress(7, 7, "Empty range");
-  m_bar.SetProgressPos(pos, 7); // no division by the empty range
-  EXPECT_EQ(100, BarPos());
-  m_bar.StopProgress(pos, "");
-
-  // A thousand nested operations stopped newest first; a stopped one's
-  // handle changes nothing.
-  POSITION positions[1000];
-  for (int i = 0; i < 1000; i++) {
-    CString strText;
-    strText.Format("Level %d", i);
-    positions[i] = m_bar.StartProgress(0, 1000, strText);
-    m_bar.SetProgressPos(positions[i], i);
-  }
-  for (int i = 999; i > 0; i--)
-    m_bar.StopProgress(positions[i], "");
-  EXPECT_EQ("Level 0", Shown());
-  EXPECT_EQ(0, m_bar.SetProgressPos(positions[500], 900));
-  m_bar.StopProgress(positions[0], "All done");
-  EXPECT_EQ("All done", Shown());
-  EXPECT_FALSE(m_bar.GetDlgItem(1)->IsWindowVisible());
 }
 
 } // namespace

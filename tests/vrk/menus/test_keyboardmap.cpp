@@ -1,7 +1,4 @@
-// The keyboard map in a multiple-document application: opened from the
-// frame's accelerator, a read-only Courier document in an MDI child lists
-// every shortcut of the frame and the templates, sorted, with its command's
-// description; empty and very large tables; key texts.
+// The keyboard map in a multiple-document application, opened by its shortcut.
 #include <afxext.h>
 #include <afxrich.h>
 #include <gtest/gtest.h>
@@ -47,7 +44,6 @@ std::string Text(CRichEditView* pView) {
 class KeyboardMapTest : public ::testing::Test {
 protected:
   void SetUp() override {
-    // Templates whose documents are never opened: only their tables count.
     m_pNote = new CMultiDocTemplate(IDR_NOTE, RUNTIME_CLASS(CDocument), RUNTIME_CLASS(CMDIChildWnd),
                                     RUNTIME_CLASS(CView));
     m_pPlain = new CMultiDocTemplate(IDR_PLAIN, RUNTIME_CLASS(CDocument),
@@ -67,7 +63,6 @@ protected:
     delete theApp.m_pDocManager;
     theApp.m_pDocManager = NULL;
   }
-  // The view of the active child, when it is a map.
   VKeyboardMapView* ActiveMap() {
     CMDIChildWnd* pChild = m_pFrame->MDIGetActive();
     CView* pView = pChild != NULL ? pChild->GetActiveView() : NULL;
@@ -85,7 +80,6 @@ TEST_F(KeyboardMapTest, ListsEveryShortcutOnceReadOnlyInCourier) {
   user_input::Press('K', {VK_CONTROL});
   VKeyboardMapView* pView = ActiveMap();
   ASSERT_NE(nullptr, pView) << "Ctrl+K opened no keyboard map";
-
   // Plain keys, then one modifier, then two; by key text within each; the
   // prompt's part before "\n".
   EXPECT_EQ(Line("Delete", "** No description **") + Line("F1", "Shows the help") +
@@ -94,7 +88,6 @@ TEST_F(KeyboardMapTest, ListsEveryShortcutOnceReadOnlyInCourier) {
                 Line("Ctrl+N", "Makes a new note") + Line("Shift+F3", "Finds the previous match") +
                 Line("Ctrl+Shift+S", "Saves every open document"),
             Text(pView));
-
   // Titled, in underlined Courier, margins of half an inch, caret at 0.
   CMDIChildWnd* pChild = m_pFrame->MDIGetActive();
   EXPECT_STREQ("Keyboard Map", WindowText(pChild));
@@ -108,7 +101,6 @@ TEST_F(KeyboardMapTest, ListsEveryShortcutOnceReadOnlyInCourier) {
   long nStart = -1, nEnd = -1;
   pView->GetRichEditCtrl().GetSel(nStart, nEnd);
   EXPECT_EQ(0, nStart + nEnd);
-
   // Typing changes nothing; closing asks nothing.
   std::string before = Text(pView);
   user_input::Focus(m_pFrame->m_hWnd, pView->m_hWnd);
@@ -129,7 +121,6 @@ TEST_F(KeyboardMapTest, EmptyAndThousandEntryTables) {
   VrkAccelShowKeyboardMap();
   ASSERT_NE(nullptr, ActiveMap());
   EXPECT_EQ("", Text(ActiveMap()));
-
   // 1,000 entries, every modifier set on ten keys: each listed, in order.
   ACCEL entries[1000];
   const WORD keys[] = {'A', 'Q', 'Z', '0', '7', VK_F2, VK_F11, VK_INSERT, VK_HOME, VK_SPACE};
@@ -164,12 +155,12 @@ TEST(KeyText, ModifiersThenTheKeysName) {
     BYTE fVirt;
     WORD key;
     const char* text;
-  } accels[] = {{FVIRTKEY | FCONTROL | FSHIFT, 'S', "xCtrl+Shift+S"},
-                {FVIRTKEY | FALT | FCONTROL | FSHIFT, VK_F12, "xAlt+Ctrl+Shift+F12"},
-                {FVIRTKEY | FALT, '4', "xAlt+4"},
-                {FVIRTKEY, VK_DELETE, "xDelete"}, // the navigation key, not the keypad's
-                {FVIRTKEY, VK_ESCAPE, "xEsc"},
-                {FVIRTKEY | FSHIFT, VK_TAB, "xShift+Tab"}};
+  } accels[] = {// clang-format off
+      {FVIRTKEY | FCONTROL | FSHIFT, 'S', "xCtrl+Shift+S"}, {FVIRTKEY | FALT, '4', "xAlt+4"},
+      {FVIRTKEY | FALT | FCONTROL | FSHIFT, VK_F12, "xAlt+Ctrl+Shift+F12"},
+      {FVIRTKEY, VK_DELETE, "xDelete"}, {FVIRTKEY, VK_ESCAPE, "xEsc"}, // not the keypad's Delete
+      {FVIRTKEY | FSHIFT, VK_TAB, "xShift+Tab"}};
+  // clang-format on
   for (const auto& c : accels) {
     ACCEL accel = {c.fVirt, c.key, 1};
     CString str = "x";
