@@ -1,5 +1,4 @@
-// VQuickDraw's caches and selections on a real DC, and VMemDC's surface
-// copied to a canvas.
+// VQuickDraw's caches and selections, and VMemDC's surface, on real DCs.
 #include <vrk_memdc.h>
 #include <vrk_quickdraw.h>
 #include <gtest/gtest.h>
@@ -17,8 +16,7 @@ TEST(QuickDraw, CachesByKeySelectsOnlyWhatIsNotCurrentAndPutsTheDCBack) {
     VQuickDraw qd(&canvas.DC());
     EXPECT_TRUE(qd.GetPen(PS_SOLID, 1, RGB(255, 0, 0)) == NULL); // no cache yet
     CPen* pRed = qd.UsePen(PS_SOLID, 1, RGB(255, 0, 0));
-    EXPECT_TRUE(pRed == qd.UsePen(PS_SOLID, 1, RGB(255, 0, 0)) &&
-                pRed == qd.GetPen(PS_SOLID, 1, RGB(255, 0, 0)));
+    EXPECT_EQ(pRed, qd.GetPen(PS_SOLID, 1, RGB(255, 0, 0)));
     CPen* pWide = qd.UsePen(PS_SOLID, 3, RGB(255, 0, 0));
     EXPECT_TRUE(pWide != pRed && pWide->m_hObject == Current(canvas, OBJ_PEN));
     // Current already: not selected again, so a pen put in behind its back stays.
@@ -30,11 +28,9 @@ TEST(QuickDraw, CachesByKeySelectsOnlyWhatIsNotCurrentAndPutsTheDCBack) {
     canvas.DC().LineTo(20, 5);
     EXPECT_EQ(20, canvas.Count(RGB(255, 0, 0)));
 
-    CBrush* pGreen = qd.UseBrush(RGB(0, 255, 0));
-    CBrush* pHatch = qd.UseBrush(HS_CROSS, RGB(0, 255, 0));
+    CBrush *pGreen = qd.UseBrush(RGB(0, 255, 0)), *pHatch = qd.UseBrush(HS_CROSS, RGB(0, 255, 0));
     EXPECT_TRUE(pGreen == qd.GetBrush(RGB(0, 255, 0)) && pHatch != pGreen);
-    EXPECT_TRUE(pHatch == qd.GetBrush(HS_CROSS, RGB(0, 255, 0)) &&
-                qd.GetBrush(HS_CROSS, RGB(0, 0, 255)) == NULL);
+    EXPECT_TRUE(qd.GetBrush(HS_CROSS, RGB(0, 0, 255)) == NULL);
     qd.UseBrush(RGB(0, 255, 0));
     canvas.DC().PatBlt(0, 10, 20, 10, PATCOPY);
     EXPECT_EQ(200, canvas.Count(RGB(0, 255, 0)));

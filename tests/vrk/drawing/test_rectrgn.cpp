@@ -1,6 +1,4 @@
-// Rectangle regions: the cut of one rectangle by another and its fragment
-// order, adding and removing, the row merge, the walks, and the rectangle
-// array's archive form (including truncated and absurd archives).
+// Rectangle regions and the rectangle array's archive form.
 #include <vrk_rectrgn.h>
 #include <exception_probe.h>
 #include <gtest/gtest.h>
@@ -13,23 +11,21 @@
 
 namespace {
 
-// Opens the protected cut for the tests.
 class TestRgn : public VRectRgn {
 public:
   using VRectRgn::SubtractRects;
-  std::string Rects() const {
+  std::vector<CRect> Vector() const {
     std::vector<CRect> v;
     for (int pos = GetFirstRectPosition(); pos != 0;)
       v.push_back(GetNextRect(pos));
-    return Str(v);
+    return v;
   }
+  std::string Rects() const { return Str(Vector()); }
   static std::string Str(const std::vector<CRect>& v) {
     std::string s;
-    char buf[64];
-    for (const CRect& r : v) {
-      wsprintfA(buf, "(%d,%d,%d,%d)", r.left, r.top, r.right, r.bottom);
-      s += buf;
-    }
+    for (const CRect& r : v)
+      s += "(" + std::to_string(r.left) + "," + std::to_string(r.top) + "," +
+           std::to_string(r.right) + "," + std::to_string(r.bottom) + ")";
     return s;
   }
 };
@@ -40,7 +36,6 @@ std::string Str(const VCellRectArray& a) {
 
 } // namespace
 
-// Pieces come left, right, top, bottom, appended to what the array holds.
 TEST(RectRgnCut, PiecesComeLeftRightTopBottom) {
   TestRgn rgn;
   VCellRectArray out, none;
@@ -48,7 +43,6 @@ TEST(RectRgnCut, PiecesComeLeftRightTopBottom) {
   EXPECT_EQ(1, rgn.SubtractRects(&a, &hole, out));
   EXPECT_EQ(1, rgn.SubtractRects(&a, &corner, out));
   EXPECT_EQ("(0,4,3,7)(6,4,10,7)(0,0,10,4)(0,7,10,10)(0,0,5,5)(0,5,10,10)", Str(out));
-  // Disjoint (the right edge is exclusive), covered, and null rectangles.
   const CRect touching(10, 0, 20, 10), cover(-1, -1, 11, 11);
   EXPECT_TRUE(rgn.SubtractRects(&a, &touching, none) == 0 &&
               rgn.SubtractRects(&a, &cover, none) == 1);
@@ -56,8 +50,6 @@ TEST(RectRgnCut, PiecesComeLeftRightTopBottom) {
   EXPECT_EQ(0, rgn.SubtractRects(NULL, &a, none) + rgn.SubtractRects(&a, NULL, none));
 }
 
-// Only uncovered fragments are added, each cut against every element in
-// order; removing cuts every element in place.
 TEST(RectRgnAddRemove, FragmentsInOrder) {
   TestRgn rgn;
   const CRect left(0, 0, 4, 10), right(6, 0, 10, 10), across(-2, 2, 12, 4), inside(1, 1, 2, 2);
@@ -92,9 +84,7 @@ TEST(RectRgnAddRemove, RandomAddsNeverOverlapAndCoverTheSamePoints) {
       rgn.AddRect(&r);
       direct.AddRectDirect(&r);
     }
-    std::vector<CRect> v;
-    for (int pos = rgn.GetFirstRectPosition(); pos != 0;)
-      v.push_back(rgn.GetNextRect(pos));
+    std::vector<CRect> v = rgn.Vector();
     for (size_t i = 0; i < v.size(); i++)
       for (size_t j = i + 1; j < v.size(); j++) {
         CRect x;
@@ -106,8 +96,7 @@ TEST(RectRgnAddRemove, RandomAddsNeverOverlapAndCoverTheSamePoints) {
   }
 }
 
-// Rows are sorted by top, bottom row first, and a run of rows is merged by
-// their tops only: the run keeps its first rectangle's left, right and bottom.
+// A run of rows is merged by their tops only, keeping its first rectangle's sides.
 TEST(RectRgnSimplify, RowsAreSortedAndMergedByTopOnly) {
   const struct {
     std::vector<CRect> rects;
@@ -116,11 +105,10 @@ TEST(RectRgnSimplify, RowsAreSortedAndMergedByTopOnly) {
   } cases[] = {
       {{CRect(0, 0, 10, 5), CRect(0, 5, 10, 10)}, 1, "(0,0,10,10)"},
       {{CRect(0, 0, 10, 10)}, 0, "(0,0,10,10)"},
-      {{CRect(0, 2, 4, 3), CRect(0, 5, 4, 6), CRect(0, 1, 4, 2), CRect(0, 3, 4, 4)},
-       1,
-       "(0,5,4,6)(0,1,4,4)"},
-      // Two pieces of one row are neither merged nor exchanged.
+      // clang-format off
+      {{CRect(0, 2, 4, 3), CRect(0, 5, 4, 6), CRect(0, 1, 4, 2), CRect(0, 3, 4, 4)}, 1, "(0,5,4,6)(0,1,4,4)"},
       {{CRect(0, 5, 4, 6), CRect(0, 1, 4, 2), CRect(6, 5, 8, 6)}, 0, "(0,5,4,6)(6,5,8,6)(0,1,4,2)"},
+      // clang-format on
       {{CRect(0, 9, 10, 10), CRect(3, 8, 4, 9), CRect(0, 0, 1, 1)}, 1, "(0,8,10,10)(0,0,1,1)"}};
   for (const auto& c : cases) {
     TestRgn rgn;
@@ -131,8 +119,7 @@ TEST(RectRgnSimplify, RowsAreSortedAndMergedByTopOnly) {
   }
 }
 
-// Backward walks clamp at the first element; forward walks check both ends.
-// The box ignores empty rectangles; points use exclusive edges.
+// Backward walks clamp at the first element; the box ignores empty rectangles.
 TEST(RectRgnWalk, TheAsymmetricBoundsTheBoxAndPoints) {
   TestRgn rgn;
   int pos = 0;

@@ -1,6 +1,4 @@
-// VPrinter on the test printer: records of each level with their strings in
-// the record block, failures shown or silent, copies sharing the handle;
-// VPrintInfo's copies.
+// VPrinter on the test printer, and VPrintInfo's copies.
 #include <vrk_printer.h>
 #include <gtest/gtest.h>
 
@@ -36,20 +34,17 @@ TEST(Printer, RecordsFailuresAndCopies) {
             pi2.pPrinterName + std::string("|") + pi2.pDriverName);
   EXPECT_TRUE(pi2.pPortName > pBlock && pi2.pPortName < pBlock + ::GlobalSize(printer.m_hInfo));
 
-  // A copy shares the handle and fetches its own records; once the
-  // original closes it, the copy's Get fails.
+  // A copy shares the handle; once the original closes it, the copy's Get fails.
   VPrinter copy(printer);
   EXPECT_EQ((void*)printer, (void*)copy);
   EXPECT_TRUE(copy.Get(&pi5));
   printer.Close();
-  EXPECT_EQ(NULL, (void*)printer);
-  EXPECT_EQ(NULL, printer.m_hInfo);
+  EXPECT_TRUE((void*)printer == NULL && printer.m_hInfo == NULL);
   EXPECT_EQ(0, copy.Get(&pi5));
   EXPECT_EQ(0, copy.Open("No Such Printer"));
   EXPECT_EQ(3u, catcher.Count());
   copy.SetSilent(1);
-  EXPECT_EQ(0, copy.Open("No Such Printer"));
-  EXPECT_EQ(0, copy.Get(&pi5));
+  EXPECT_TRUE(copy.Open("No Such Printer") == 0 && copy.Get(&pi5) == 0);
   EXPECT_EQ(3u, catcher.Count());
 }
 
@@ -68,8 +63,8 @@ TEST(PrintInfo, CopiesAreIndependent) {
     info.m_strPageDesc = "changed";
     for (VPrintInfo* p : {&copy, &assigned}) { // the DC stays the original's
       EXPECT_TRUE(info.m_pPD != p->m_pPD && p->m_pPD->m_pd.hDC == NULL && p->GetMaxPage() == 7);
-      EXPECT_TRUE(p->m_strPageDesc == "Page %u" && p->m_rectDraw == CRect(1, 2, 3, 4));
-      EXPECT_EQ(9, p->m_nUserValue);
+      EXPECT_TRUE(p->m_strPageDesc == "Page %u" && p->m_rectDraw == CRect(1, 2, 3, 4) &&
+                  p->m_nUserValue == 9);
     }
   }
   EXPECT_EQ((DWORD)OBJ_DC, ::GetObjectType(hDC));
