@@ -106,19 +106,16 @@ TEST_F(ComboTest, HelpersAndPreconditions) {
 
 TEST_F(ComboTest, CompletionAsCalledAndAsTyped) {
   std::string strLong(1000, 'q');
-  struct Case {
-    std::vector<std::string> entries;
-    const char* pszTyped;
-    int nFlags;
-    std::string strShown;
-    int nSel;
-  } cases[] = {
+  // clang-format off
+  struct Case { std::vector<std::string> entries; const char* pszTyped; int nFlags;
+                std::string strShown; int nSel; } cases[] = {
       {{"Abcde", "Beta"}, "ab", 2, "Abcde", 0}, // the entry's case, tail selected
       {{"Beta", "Abcde"}, "ab", 0, "Abcde", 1}, // selects only
       {{"Abcde"}, "zz", 3, "zz", -1},
       {{}, "ab", 3, "ab", -1},
       {{strLong + "end"}, "QQ", 3, "QQ" + strLong.substr(2) + "end", 0},
   };
+  // clang-format on
   VAutoComboBox& combo = m_dlg.m_auto;
   for (const Case& c : cases) {
     SCOPED_TRACE(c.pszTyped + std::to_string(c.nFlags));

@@ -120,12 +120,9 @@ protected:
 };
 
 TEST_F(EditModeTest, ClickWheelAndAltF4OutsideAskTheEdit) {
-  struct Case {
-    int nInput;             // 0 click on the button, 1 wheel over it, 2 Alt+F4
-    BOOL bModified, answer; // 0: refused
-    DWORD nFlags;
-    bool bGoesOn;
-  } cases[] = {
+  // clang-format off
+  // nInput 0: a click on the button, 1: a wheel turn over it, 2: Alt+F4; answer 0: refused.
+  struct Case { int nInput; BOOL bModified, answer; DWORD nFlags; bool bGoesOn; } cases[] = {
       {0, FALSE, TRUE, 0x10000001, true},  // ends, the click goes on
       {0, TRUE, 0x21, 0x10000002, false},  // bit 0x20 eats it
       {0, TRUE, 0x02, 0x10000002, false},  // so does a missing bit 0x01
@@ -133,6 +130,7 @@ TEST_F(EditModeTest, ClickWheelAndAltF4OutsideAskTheEdit) {
       {1, FALSE, TRUE, 0x10000001, false}, // a wheel turn is always eaten
       {2, FALSE, TRUE, 0xA0000001, false}, // never reaches the frame
   };
+  // clang-format on
   CCellEdit& edit = m_pView->m_edit;
   for (const Case& c : cases) {
     SCOPED_TRACE(testing::Message() << c.nInput << " answer " << c.answer);

@@ -41,12 +41,8 @@ protected:
 // The edit: "date" (empty), "date=" (12/31/2010 set), "date!" (an invalid
 // date set), "time" (hours up to 12), "time=" (23:58:30 set), or a mask with
 // its template and always-valid characters as "mask|template|valid".
-const struct {
-  const char* pszEdit;
-  const char* pszKeys;
-  const char* pszText;
-} kTyping[] = {
-    // clang-format off
+// clang-format off
+const struct { const char* pszEdit; const char* pszKeys; const char* pszText; } kTyping[] = {
     {"date", "00", "0"}, {"date", "132", "12/"}, {"date", "09", "09/"}, {"date", "2", ""},
     {"date", "124", "12/"}, {"date", "1232", "12/3"}, {"date", "12312010x5", "12/31/2010"},
     {"date", "1a2/-3", "12/3"}, {"date", "12{B}", "12/"}, {"date", "12{B}{B}0", "10/"},
@@ -60,8 +56,8 @@ const struct {
     {"??", "4 q", " q"}, {"AA", " Q4", "Q4"}, {"LL", "4 Qz", "Qz"}, {"aaa", "-4 z", "4 z"},
     {"Z", "4Z", ""}, {"LL||-", "-x", "-x"}, {"AAAA|(__)", "xyz", "(xy)"},
     {"AAAA|(_)_", "xyz", "(x)y"}, {"AAA", "xyz{B}{B}q", "xqz"}, // no restore text: {B} only moves
-    // clang-format on
 };
+// clang-format on
 
 TEST_F(MaskEditTest, TypedKeysGiveTheTextsTheMaskAllows) {
   for (const auto& c : kTyping) {

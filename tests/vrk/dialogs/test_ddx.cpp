@@ -10,15 +10,12 @@ TEST(CheckBitExchange, LoadsAndSavesOneBit) {
   ASSERT_TRUE(parent.CreateEx(0, "STATIC", "", WS_POPUP, CRect(0, 0, 100, 40), NULL, 0));
   HWND hBox = ::CreateWindowA("BUTTON", "Bit", WS_CHILD | WS_VISIBLE | BS_AUTO3STATE, 0, 0, 80, 20,
                               parent.m_hWnd, (HMENU)100, NULL, NULL);
-  struct Case {
-    DWORD flags, bit;
-    int loaded; // the box after loading
-    int clicks; // user clicks: checked -> grey -> unchecked -> checked
-    DWORD saved;
-  } cases[] = {{0x05, 0x04, BST_CHECKED, 0, 0x05},
-               {0x05, 0x04, BST_CHECKED, 1, 0x01},
-               {0x01, 0x04, BST_UNCHECKED, 1, 0x05},
-               {0xFF, 0x80, BST_CHECKED, 3, 0xFF}};
+  // clang-format off
+  // The box after loading; clicks go checked -> grey -> unchecked -> checked.
+  struct Case { DWORD flags, bit; int loaded, clicks; DWORD saved; } cases[] = {
+      {0x05, 0x04, BST_CHECKED, 0, 0x05}, {0x05, 0x04, BST_CHECKED, 1, 0x01},
+      {0x01, 0x04, BST_UNCHECKED, 1, 0x05}, {0xFF, 0x80, BST_CHECKED, 3, 0xFF}};
+  // clang-format on
   for (const Case& c : cases) {
     SCOPED_TRACE(::testing::Message() << c.flags << "/" << c.bit << " clicks " << c.clicks);
     DWORD flags = c.flags;

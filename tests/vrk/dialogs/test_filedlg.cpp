@@ -77,13 +77,11 @@ TEST(FolderDialog, OpensAtTheCurrentOrGivenFolder) {
   char szCurrent[MAX_PATH];
   ::GetCurrentDirectoryA(MAX_PATH, szCurrent);
   ::SetCurrentDirectoryA(dir.Path().c_str());
-  struct Case {
-    const char* initial;
-    int nTitle, button;
-    std::string selected, title;
-  } cases[] = {{NULL, 0, IDOK, dir.Path(), "Select a folder"},
-               {"sub", 5004, IDOK, dir.File("sub"), "The file could not be opened"},
-               {NULL, 0, IDCANCEL, "", "Select a folder"}};
+  // clang-format off
+  struct Case { const char* initial; int nTitle, button; std::string selected, title; } cases[] = {
+      {NULL, 0, IDOK, dir.Path(), "Select a folder"}, {NULL, 0, IDCANCEL, "", "Select a folder"},
+      {"sub", 5004, IDOK, dir.File("sub"), "The file could not be opened"}};
+  // clang-format on
   for (const Case& c : cases) {
     SCOPED_TRACE(c.title);
     VFolderDialog dlg(NULL, c.nTitle);

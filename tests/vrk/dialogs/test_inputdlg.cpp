@@ -13,13 +13,10 @@ TEST(InputDialog, RequestFieldsAndTypedText) {
   const DWORD kStyle = VIDF_STYLE, kTab = WS_TABSTOP, kMax = 0x7FFFFFFE;
   const DWORD kWhole = WS_CHILD | WS_VISIBLE | ES_UPPERCASE; // with WS_CHILD, the whole style
   // No caption or prompt given: the template's "Input" and "&Enter the text:".
-  struct Case {
-    VINPUTDLG request;
-    const char *typed, *input; // what is typed, what the caller gets back
-    int button;
-    UINT limit;
-    DWORD style; // bits the edit has
-  } cases[] = {
+  // clang-format off
+  // Typed, what the caller gets back, the button, the edit's limit and style bits.
+  struct Case { VINPUTDLG request; const char *typed, *input; int button; UINT limit; DWORD style; }
+  cases[] = {
       // Typing replaces the initial text.
       {{kPrompt | kCaption | kText, "&Name:", "Edit", "old", 0, 8}, "new", "new", IDOK, 8, kTab},
       {{kPrompt, NULL, NULL, NULL, 0, 3}, "12345", "123", IDOK, 3, kTab}, // limit without prompt
@@ -28,6 +25,7 @@ TEST(InputDialog, RequestFieldsAndTypedText) {
       {{kStyle, NULL, NULL, NULL, ES_PASSWORD}, "pin", "pin", IDOK, kMax, ES_PASSWORD | kTab},
       {{kStyle, NULL, NULL, NULL, kWhole}, "ab", "AB", IDOK, kMax, ES_UPPERCASE}, // whole style
   };
+  // clang-format on
   for (Case& c : cases) {
     SCOPED_TRACE(c.typed);
     DialogDriver driver;

@@ -38,14 +38,10 @@ protected:
 
 TEST_F(MessageBoxTest, TypeWordGivesButtonsIconDefaultAndResult) {
   const int Y = IDYES, N = IDNO, O = IDOK, C = IDCANCEL, A = IDABORT, R = IDRETRY, I = IDIGNORE;
-  struct Case {
-    UINT type;
-    std::vector<int> buttons;
-    int defID;
-    LPCSTR icon;
-    int answer; // a key, or a button to click
-    int result;
-  } cases[] = {
+  // clang-format off
+  // answer: a key, or a button to click
+  struct Case { UINT type; std::vector<int> buttons; int defID; LPCSTR icon; int answer, result; }
+  cases[] = {
       {0x24, {Y, N}, Y, IDI_QUESTION, VK_RETURN, IDYES},
       {0x24, {Y, N}, Y, IDI_QUESTION, IDNO, IDNO},
       {0x24, {Y, N}, Y, IDI_QUESTION, VK_ESCAPE, IDYES},    // no Cancel: Escape does nothing
@@ -56,6 +52,7 @@ TEST_F(MessageBoxTest, TypeWordGivesButtonsIconDefaultAndResult) {
       {0x105, {R, C}, C, IDI_EXCLAMATION, IDRETRY, IDRETRY},
       {0x30, {O}, O, IDI_EXCLAMATION, VK_RETURN, IDOK}, // an unknown icon value
   };
+  // clang-format on
   NONCLIENTMETRICSA ncm = {sizeof(ncm)};
   ASSERT_TRUE(::SystemParametersInfoA(SPI_GETNONCLIENTMETRICS, sizeof(ncm), &ncm, 0));
   for (const Case& c : cases) {

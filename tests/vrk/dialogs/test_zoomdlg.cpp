@@ -30,14 +30,11 @@ TEST(ZoomDialog, TypedAndClickedPercentages) {
   const int k200 = IDC_VRK_ZOOM_200, k100 = IDC_VRK_ZOOM_100, k75 = IDC_VRK_ZOOM_75,
             k50 = IDC_VRK_ZOOM_50, k25 = IDC_VRK_ZOOM_25, kWidth = IDC_VRK_ZOOM_PAGEWIDTH,
             kWhole = IDC_VRK_ZOOM_WHOLEPAGE, kCustom = IDC_VRK_ZOOM_CUSTOM;
-  struct Case {
-    UINT min, max, percent; // set before the dialog runs
-    BOOL fitWidth, fitWhole;
-    int initial;       // the radio checked when shown
-    const char* typed; // typed into the edit, or NULL to click the radio
-    int radio;         // checked after the input
-    UINT result;       // GetZoomPercent after OK and the edit's text; 0: OK disabled
-  } cases[] = {
+  // clang-format off
+  // Set before the run; the radio checked when shown; typed (NULL: the radio clicked); the
+  // radio checked after; GetZoomPercent after OK and the edit's text (0: OK disabled).
+  struct Case { UINT min, max, percent; BOOL fitWidth, fitWhole; int initial; const char* typed;
+                int radio; UINT result; } cases[] = {
       {10, 500, 100, 0, 0, k100, "150", kCustom, 150},
       {10, 500, 100, 0, 0, k100, "600", kCustom, 500}, // the maximum
       {10, 500, 150, 0, 0, kCustom, "75", k75, 75},
@@ -48,6 +45,7 @@ TEST(ZoomDialog, TypedAndClickedPercentages) {
       {10, 500, 0, 0, 0, kCustom, NULL, kCustom, 10}, // raised
       {600, 50, 100, 0, 0, k100, NULL, k50, 50},      // limits swapped
   };
+  // clang-format on
   for (const Case& c : cases) {
     SCOPED_TRACE(::testing::Message() << c.percent << " " << (c.typed ? c.typed : "click"));
     CPageZoom dlg(c.min, c.max);

@@ -98,18 +98,15 @@ TEST(RectRgnAddRemove, RandomAddsNeverOverlapAndCoverTheSamePoints) {
 
 // A run of rows is merged by their tops only, keeping its first rectangle's sides.
 TEST(RectRgnSimplify, RowsAreSortedAndMergedByTopOnly) {
-  const struct {
-    std::vector<CRect> rects;
-    int result;
-    const char* expected;
-  } cases[] = {
+  // clang-format off
+  const struct { std::vector<CRect> rects; int result; const char* expected; } cases[] = {
       {{CRect(0, 0, 10, 5), CRect(0, 5, 10, 10)}, 1, "(0,0,10,10)"},
       {{CRect(0, 0, 10, 10)}, 0, "(0,0,10,10)"},
-      // clang-format off
-      {{CRect(0, 2, 4, 3), CRect(0, 5, 4, 6), CRect(0, 1, 4, 2), CRect(0, 3, 4, 4)}, 1, "(0,5,4,6)(0,1,4,4)"},
+      {{CRect(0, 2, 4, 3), CRect(0, 5, 4, 6), CRect(0, 1, 4, 2), CRect(0, 3, 4, 4)}, 1,
+       "(0,5,4,6)(0,1,4,4)"},
       {{CRect(0, 5, 4, 6), CRect(0, 1, 4, 2), CRect(6, 5, 8, 6)}, 0, "(0,5,4,6)(6,5,8,6)(0,1,4,2)"},
-      // clang-format on
       {{CRect(0, 9, 10, 10), CRect(3, 8, 4, 9), CRect(0, 0, 1, 1)}, 1, "(0,8,10,10)(0,0,1,1)"}};
+  // clang-format on
   for (const auto& c : cases) {
     TestRgn rgn;
     for (const CRect& r : c.rects)

@@ -151,11 +151,8 @@ TEST_F(KeyboardMapTest, EmptyAndThousandEntryTables) {
 }
 
 TEST(KeyText, ModifiersThenTheKeysName) {
-  const struct {
-    BYTE fVirt;
-    WORD key;
-    const char* text;
-  } accels[] = {// clang-format off
+  // clang-format off
+  const struct { BYTE fVirt; WORD key; const char* text; } accels[] = {
       {FVIRTKEY | FCONTROL | FSHIFT, 'S', "xCtrl+Shift+S"}, {FVIRTKEY | FALT, '4', "xAlt+4"},
       {FVIRTKEY | FALT | FCONTROL | FSHIFT, VK_F12, "xAlt+Ctrl+Shift+F12"},
       {FVIRTKEY, VK_DELETE, "xDelete"}, {FVIRTKEY, VK_ESCAPE, "xEsc"}, // not the keypad's Delete

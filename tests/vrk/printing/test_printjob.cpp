@@ -132,21 +132,15 @@ TEST_F(PrintJob, DialogPaths) {
     D::Key(VK_RETURN);
   });
   const std::vector<std::string> k12 = {"Page 1", "Page 2"};
-  struct {
-    UINT nMin, nMax;
-    std::vector<DialogDriver::Action> keys;
-    int nResult;
-    std::string last, file;
-    std::vector<std::string> pages;
-  } cases[] = {
-      // clang-format off
+  // clang-format off
+  struct { UINT nMin, nMax; std::vector<DialogDriver::Action> keys; int nResult;
+           std::string last, file; std::vector<std::string> pages; } cases[] = {
       {1, 0xFFFF, {ok},                 0, "end printing 0", "",   k12},
       {5, 2,      {readRange},          1, "enable 1",       "",   {}}, // minimum above maximum
       {1, 2,      {page2},              0, "end printing 0", "",   {"Page 2"}},
       {1, 2,      {toFile, chooseFile}, 0, "end printing 0", file, k12},
-      {1, 2,      {toFile, cancel},     3, "enable 1",       "",   {}},
-      // clang-format on
-  };
+      {1, 2,      {toFile, cancel},     3, "enable 1",       "",   {}}};
+  // clang-format on
   for (auto& c : cases) {
     CLogJob job;
     m_pFrame->m_pJob = &job;
@@ -169,15 +163,15 @@ TEST_F(PrintJob, DialogPaths) {
 }
 
 TEST_F(PrintJob, DefaultsMarginsOneCopyAfterAndARefusedDocument) {
-  struct {
-    CRect margins, printable;
-  } cases[] = {
+  // clang-format off
+  struct { CRect margins, printable; } cases[] = {
       {CRect(0, 0, 0, 0), CRect(0, 0, 2400, 3150)},
       {CRect(150, 200, 100, 250), CRect(150, 200, 2300, 2900)},
       // Wider and taller than the page: the edges are put back in order.
       {CRect(3000, 100, 100, 100), CRect(2300, 100, 3000, 3050)},
       {CRect(0, 4000, 0, 10), CRect(0, 3140, 2400, 4000)},
   };
+  // clang-format on
   for (const auto& c : cases) {
     CLogJob job;
     job.m_bDialog = 0, job.m_nPages = 1, job.m_margins = c.margins;

@@ -41,9 +41,8 @@ std::string Describe(const std::vector<Tok>& toks) {
 
 // Each token as [text rResult fFormat lLeader nNewLine], control characters as <n>.
 TEST(PrintTextLine, TokensAndTheAttributesMarkersCarry) {
-  const struct {
-    const char *line, *tokens;
-  } cases[] = {
+  // clang-format off
+  const struct { const char *line, *tokens; } cases[] = {
       // A marker's attributes belong to the next token (\034 leader, \036 right, \037 centre).
       {"Intro\034\03612", "[Intro r2 f0 l0 n0][12 r2 f2 l1 n0]"},
       {"a\037b\036c", "[a r2 f0 l0 n0][b r2 f1 l0 n0][c r2 f2 l0 n0]"},
@@ -59,6 +58,7 @@ TEST(PrintTextLine, TokensAndTheAttributesMarkersCarry) {
       {"\034\n\n", "[ r3 f0 l0 n0][ r3 f0 l1 n1][ r2 f0 l0 n1]"},
       {"", "[ r2 f0 l0 n0]"},
   };
+  // clang-format on
   for (const auto& c : cases)
     EXPECT_EQ(c.tokens, Describe(Parse(c.line))) << Describe(Parse(c.line));
 }
