@@ -153,18 +153,18 @@ TEST(DrawBitmap, CopiesCentresShiftedByHalfTheDifferenceOrStretches) {
     CRect dest(c.dest);
     CSize size(60, 10);
     EXPECT_TRUE(VrkDrawBitmap(&canvas.DC(), &bitmap, &dest, &size, c.bCenter));
-    EXPECT_EQ(kWhite, canvas.At(c.xRed - 1, 7));
-    EXPECT_EQ(red, canvas.At(c.xRed, 7)) << c.dest.Width();
-    EXPECT_EQ(c.nBlue, canvas.Count(blue, CRect(0, 7, 130, 8))) << c.dest.Width();
+    EXPECT_TRUE(canvas.At(c.xRed - 1, 7) == kWhite && canvas.At(c.xRed, 7) == red &&
+                canvas.Count(blue, CRect(0, 7, 130, 8)) == c.nBlue)
+        << c.dest.Width();
   }
   Canvas own(70, 20); // no rectangle and no size: its own at 0,0
   EXPECT_TRUE(VrkDrawBitmap(&own.DC(), &bitmap, NULL, NULL, false));
   EXPECT_EQ(590, own.Count(blue, CRect(1, 0, 60, 10)));
-  EXPECT_FALSE(VrkDrawBitmap(&own.DC(), 0x7FFF, NULL, NULL, false)); // no such resource
-  EXPECT_EQ(NULL, VrkLoadImageBitmap(0x7FFF, 0, 0, 0));
+  EXPECT_TRUE(!VrkDrawBitmap(&own.DC(), 0x7FFF, NULL, NULL, false) &&
+              VrkLoadImageBitmap(0x7FFF, 0, 0, 0) == NULL); // no such resource
 }
 
-TEST(SelectGdiObject, SelectsIntoBothHandlesOfAPreviewDCAndRestores) {
+TEST(SelectGdiObject, SelectsIntoBothHandlesOfAPreviewDCAndSettingsAreRestored) {
   Canvas output(10, 10), attrib(10, 10);
   CDC dc; // as in print preview: output and attribute DCs apart
   dc.SetOutputDC(output.Handle());
@@ -176,40 +176,35 @@ TEST(SelectGdiObject, SelectsIntoBothHandlesOfAPreviewDCAndRestores) {
     VSelectGdiObject copy(select), inert(NULL, &pen);
     EXPECT_TRUE(penOf(output) == pen.m_hObject && penOf(attrib) == pen.m_hObject);
     VGdiSelectColor colour(&dc, RGB(9, 8, 7)), none(NULL, RGB(9, 8, 7));
-    EXPECT_EQ(RGB(9, 8, 7), ::GetTextColor(output.Handle()));
-    EXPECT_EQ(kBlack, ::GetTextColor(attrib.Handle())); // the output DC only
+    EXPECT_TRUE(::GetTextColor(output.Handle()) == RGB(9, 8, 7) &&
+                ::GetTextColor(attrib.Handle()) == kBlack); // the output DC only
   }
   HGDIOBJ hBlack = ::GetStockObject(BLACK_PEN);
-  EXPECT_TRUE(penOf(output) == hBlack && penOf(attrib) == hBlack);
-  EXPECT_EQ(kBlack, ::GetTextColor(output.Handle()));
+  EXPECT_TRUE(penOf(output) == hBlack && penOf(attrib) == hBlack &&
+              ::GetTextColor(output.Handle()) == kBlack);
   dc.ReleaseOutputDC();
   dc.ReleaseAttribDC();
-}
-
-TEST(DeviceSettings, RestoreBringsBackObjectsMapModeAndExtents) {
-  Canvas canvas(10, 10);
-  CDC& dc = canvas.DC();
-  dc.SetMapMode(MM_ANISOTROPIC);
-  dc.SetWindowExt(100, 200);
-  dc.SetViewportExt(10, 20);
+  Canvas canvas(10, 10); // device settings: objects, map mode and extents
+  CDC& dev = canvas.DC();
+  dev.SetMapMode(MM_ANISOTROPIC);
+  dev.SetWindowExt(100, 200);
+  dev.SetViewportExt(10, 20);
   const UINT kinds[] = {OBJ_FONT, OBJ_BRUSH, OBJ_PEN, OBJ_BITMAP};
   HGDIOBJ before[4];
   for (int i = 0; i < 4; i++)
     before[i] = ::GetCurrentObject(canvas.Handle(), kinds[i]);
   tagDeviceSettings saved;
-  VrkSaveDeviceSettings(&dc, &saved);
-  CPen pen(PS_SOLID, 3, RGB(1, 1, 1));
-  dc.SelectObject(&pen);
-  dc.SelectStockObject(ANSI_FIXED_FONT);
-  dc.SelectStockObject(GRAY_BRUSH);
-  dc.SetMapMode(MM_TEXT); // which resets the extents too
-  VrkRestoreDeviceSettings(&dc, &saved);
-  EXPECT_EQ(MM_ANISOTROPIC, dc.GetMapMode());
-  EXPECT_EQ(CSize(100, 200), dc.GetWindowExt());
-  EXPECT_EQ(CSize(10, 20), dc.GetViewportExt());
+  VrkSaveDeviceSettings(&dev, &saved);
+  dev.SelectObject(&pen);
+  dev.SelectStockObject(ANSI_FIXED_FONT);
+  dev.SelectStockObject(GRAY_BRUSH);
+  dev.SetMapMode(MM_TEXT); // which resets the extents too
+  VrkRestoreDeviceSettings(&dev, &saved);
+  EXPECT_TRUE(dev.GetMapMode() == MM_ANISOTROPIC && dev.GetWindowExt() == CSize(100, 200) &&
+              dev.GetViewportExt() == CSize(10, 20));
   for (int i = 0; i < 4; i++)
     EXPECT_EQ(before[i], ::GetCurrentObject(canvas.Handle(), kinds[i])) << kinds[i];
-  dc.SetMapMode(MM_TEXT);
+  dev.SetMapMode(MM_TEXT);
 }
 
 TEST(StockObjects, NumberedObjectsAndTheirPatterns) {
