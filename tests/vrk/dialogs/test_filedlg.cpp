@@ -1,6 +1,5 @@
-// The file dialog that keeps its folder in the application's profile, over
-// two runs of a host, and the shell's folder browser: each shown by the
-// system and answered through its real controls.
+// The file dialog keeping its folder in the profile, and the folder browser, answered
+// through their real controls.
 #include <afxwin.h>
 #include <dlgs.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,4 @@
-// The input box: the request's fields on the shown dialog, text typed into
-// its edit as a user would, OK and Cancel.
+// The input box, typed into as a user would.
 #include <gtest/gtest.h>
 
 #include "user_input.h"

@@ -1,7 +1,4 @@
-// VPopupWindow with real mouse input: the capture taken at creation, presses
-// inside and outside (the right and bottom edges are outside), a release in
-// a derived handler closing the window once, afterwards, and a second pop-up
-// or another window taking the capture.
+// VPopupWindow with real mouse input.
 #include "vrk_popupwnd.h"
 
 #include <gtest/gtest.h>
@@ -12,8 +9,7 @@ using namespace user_input;
 
 namespace {
 
-// Counts its closes; a button release inside gives up the capture from the
-// handler, as a pop-up does once a choice is made.
+// A release inside gives up the capture from the handler, as once a choice is made.
 class CTestPopup : public VPopupWindow {
 public:
   int m_nCloses = 0;
@@ -22,10 +18,7 @@ public:
     return CreateEx(0, AfxRegisterWndClass(0), "", WS_POPUP | WS_BORDER | WS_VISIBLE, x, 50, 60, 40,
                     pOwner->GetSafeHwnd(), NULL);
   }
-  afx_msg void OnClose() {
-    ++m_nCloses;
-    DestroyWindow();
-  }
+  afx_msg void OnClose() { ++m_nCloses, DestroyWindow(); }
   afx_msg void OnLButtonUp(UINT nFlags, CPoint point) {
     if (OnLButtonDownCheck(nFlags, point)) return;
     ::ReleaseCapture();
