@@ -122,28 +122,23 @@ TEST_F(ComboTest, CompletionAsCalledAndAsTyped) {
     Fill(combo, c.entries);
     combo.SetWindowText(c.pszTyped);
     VrkComboBoxDoQuickenAction(&combo, c.nFlags);
-    EXPECT_EQ(c.strShown, Text(combo));
-    EXPECT_EQ(c.nSel, combo.GetCurSel());
-    if ((c.nFlags & 2) && c.nSel >= 0) {
-      EXPECT_EQ(MAKELONG(2, c.strShown.size()), (LONG)combo.GetEditSel());
-    }
+    EXPECT_TRUE(c.strShown == Text(combo) && c.nSel == combo.GetCurSel());
+    EXPECT_TRUE(!(c.nFlags & 2) || c.nSel < 0 ||
+                combo.GetEditSel() == MAKELONG(2, c.strShown.size()));
   }
   // Typed: the same step with the typed case kept.
   Fill(combo, {"Beta", "Abcde", "Gamma"});
   Focus(m_dlg, VrkComboBoxGetChildEditCtrl(&combo));
   Type("ab");
-  EXPECT_EQ("abcde", Text(combo));
-  EXPECT_EQ(1, combo.GetCurSel());
-  EXPECT_EQ(MAKELONG(2, 5), (LONG)combo.GetEditSel());
+  EXPECT_TRUE(Text(combo) == "abcde" && combo.GetCurSel() == 1 &&
+              combo.GetEditSel() == MAKELONG(2, 5));
   Press(VK_BACK); // removes the tail and completes nothing
   Type("x");
   EXPECT_EQ("abx", Text(combo));
   CString str;
-  EXPECT_EQ(-1, VrkComboBoxGetSafeText(&combo, str)); // typed: the edit's text
-  EXPECT_STREQ("abx", str);
+  EXPECT_TRUE(VrkComboBoxGetSafeText(&combo, str) == -1 && str == "abx"); // typed: the edit's
   combo.SetCurSel(0);
-  EXPECT_EQ(0, VrkComboBoxGetSafeText(&combo, str));
-  EXPECT_STREQ("Beta", str);
+  EXPECT_TRUE(VrkComboBoxGetSafeText(&combo, str) == 0 && str == "Beta");
 }
 
 TEST_F(ComboTest, FacesAreInstalledFamiliesAndSizesFollowThem) {
@@ -161,16 +156,14 @@ TEST_F(ComboTest, FacesAreInstalledFamiliesAndSizesFollowThem) {
     dc.SelectObject(pOld);
     EXPECT_STREQ(strFace, strMade);
   }
-  ASSERT_EQ(23, sizes.GetCount());
-  EXPECT_EQ(144u, sizes.GetItemData(22));
+  ASSERT_TRUE(sizes.GetCount() == 23 && sizes.GetItemData(22) == 144);
   // 12 points, then another face chosen with the keyboard: the sizes are
   // refilled and 12 stays; with no size chosen the first is taken.
   sizes.SetCurSel(sizes.FindStringExact(-1, "12"));
   faces.SetCurSel(0);
   Focus(m_dlg, faces);
   Press(VK_DOWN);
-  EXPECT_EQ(1, faces.GetCurSel());
-  EXPECT_EQ("12", Text(sizes));
+  EXPECT_TRUE(faces.GetCurSel() == 1 && Text(sizes) == "12");
   EXPECT_TRUE(m_dlg.m_notes.count({IDC_FACES, CBN_SELCHANGE}));
   sizes.SetCurSel(-1);
   Press(VK_DOWN);
@@ -200,10 +193,8 @@ TEST_F(ComboTest, ColourChosenFromThePopupGridWhichOutlivesItsOwner) {
   MoveTo(ptBlue);
   EXPECT_EQ(13, pPopup->GetHotIndex());
   Click(ptBlue);
-  EXPECT_EQ(0xFF0000u, color.GetColor());
-  EXPECT_TRUE(m_dlg.m_notes.count({IDC_COLOR, CBN_SELCHANGE}));
-  EXPECT_FALSE(::IsWindow(hPopup));
-  EXPECT_EQ(nullptr, ::GetCapture());
+  EXPECT_TRUE(color.GetColor() == 0xFF0000 && m_dlg.m_notes.count({IDC_COLOR, CBN_SELCHANGE}));
+  EXPECT_TRUE(!::IsWindow(hPopup) && ::GetCapture() == NULL);
   EXPECT_EQ(0xFF0000u, PixelOf(color, 20, rc.Height() / 2)); // the swatch
   VPopupColorCtrl popup(0xF0FBFF, &m_dlg.m_color);           // entry 17: only 16 are searched
   EXPECT_EQ(0, popup.GetSelectedIndex());                    // black
@@ -214,8 +205,7 @@ TEST_F(ComboTest, ColourChosenFromThePopupGridWhichOutlivesItsOwner) {
   ASSERT_NE(nullptr, hPopup);
   delete pColor; // gone while its grid is open: a square clicked changes nothing
   Click({10, 10}, hPopup);
-  EXPECT_FALSE(::IsWindow(hPopup));
-  EXPECT_EQ(nullptr, ::GetCapture());
+  EXPECT_TRUE(!::IsWindow(hPopup) && ::GetCapture() == NULL);
 }
 
 } // namespace

@@ -148,14 +148,13 @@ TEST_F(EditModeTest, ClickWheelAndAltF4OutsideAskTheEdit) {
     EXPECT_EQ(c.nFlags, q.nFlags);
     EXPECT_EQ(c.nInput == 2 ? CPoint(0, 0) : CPoint(pt), CPoint(q.x, q.y));
     EXPECT_EQ(c.nInput == 2 ? (UINT)SC_CLOSE : 0u, q.nKey);
-    EXPECT_EQ(c.answer ? nullptr : &edit, Session().pEdit);
-    EXPECT_EQ(c.answer ? (LPARAM)0 : (LPARAM)&edit, m_pView->m_editModes.back());
+    EXPECT_TRUE(Session().pEdit == (c.answer ? nullptr : &edit) &&
+                m_pView->m_editModes.back() == (c.answer ? (LPARAM)0 : (LPARAM)&edit));
     EXPECT_EQ(c.bGoesOn, m_pView->m_nClicks > nClicks);
     EXPECT_EQ(c.bGoesOn ? m_pView->m_button.m_hWnd : edit.m_hWnd, ::GetFocus());
   }
-  EXPECT_TRUE(::IsWindow(*m_pMain));  // no close reached the frame
-  EXPECT_EQ(0, theApp.m_nWheels);     // nor a wheel the run loop
-  Wheel(CentreOf(m_pView->m_button)); // outside edit mode it arrives
+  EXPECT_TRUE(::IsWindow(*m_pMain) && theApp.m_nWheels == 0); // no close, no wheel reached the app
+  Wheel(CentreOf(m_pView->m_button));                         // outside edit mode it arrives
   EXPECT_EQ(1, theApp.m_nWheels);
 }
 
@@ -171,12 +170,10 @@ TEST_F(EditModeTest, ComboEscapeClosesTheListFirstAndKeysComplete) {
   Click({rc.right - 5, rc.Height() / 2}, combo); // the arrow
   ASSERT_TRUE(combo.GetDroppedState());
   Press(VK_ESCAPE);
-  EXPECT_FALSE(combo.GetDroppedState());
-  EXPECT_TRUE(pEdit->m_queries.empty());
+  EXPECT_TRUE(!combo.GetDroppedState() && pEdit->m_queries.empty());
   Press(VK_ESCAPE);
   ASSERT_EQ(1u, pEdit->m_queries.size());
-  EXPECT_EQ(0x20000001u, pEdit->m_queries[0].nFlags);
-  EXPECT_EQ((UINT)VK_ESCAPE, pEdit->m_queries[0].nKey);
+  EXPECT_TRUE(pEdit->m_queries[0].nFlags == 0x20000001 && pEdit->m_queries[0].nKey == VK_ESCAPE);
   EXPECT_EQ(nullptr, Session().pEdit);
   // A choice from the list with the mouse marks the edit modified (5002).
   EXPECT_EQ(FALSE, combo.SendMessage(VWM_ISMODIFIED));
@@ -184,8 +181,7 @@ TEST_F(EditModeTest, ComboEscapeClosesTheListFirstAndKeysComplete) {
   COMBOBOXINFO info = {sizeof(info)};
   ::GetComboBoxInfo(combo, &info);
   Click({5, combo.GetItemHeight(0) * 3 / 2}, info.hwndList);
-  EXPECT_EQ(1, combo.GetCurSel());
-  EXPECT_EQ(TRUE, combo.SendMessage(VWM_ISMODIFIED));
+  EXPECT_TRUE(combo.GetCurSel() == 1 && combo.SendMessage(VWM_ISMODIFIED) == TRUE);
 }
 
 TEST_F(EditModeTest, AcceleratorsWorkAndEditsReplacedOrDestroyedLeaveNothing) {
@@ -204,15 +200,13 @@ TEST_F(EditModeTest, AcceleratorsWorkAndEditsReplacedOrDestroyedLeaveNothing) {
   EXPECT_FALSE(::UnhookWindowsHookEx(hFirst)); // already removed
   HHOOK hSecond = Session().hMouseHook;
   delete pSecond;
-  EXPECT_EQ(nullptr, Session().pEdit);
-  EXPECT_EQ((LPARAM)0, m_pView->m_editModes.back());
+  EXPECT_TRUE(Session().pEdit == nullptr && m_pView->m_editModes.back() == 0);
   EXPECT_FALSE(::UnhookWindowsHookEx(hSecond));
   Reenter(m_pView->m_edit);
   size_t nEditModes = m_pView->m_editModes.size();
   m_pView->m_edit.DestroyWindow();
-  EXPECT_EQ(nullptr, Session().pEdit);
-  EXPECT_EQ(nullptr, Session().hKeyboardHook);
-  EXPECT_EQ(nEditModes + 1, m_pView->m_editModes.size());
+  EXPECT_TRUE(Session().pEdit == nullptr && Session().hKeyboardHook == nullptr &&
+              m_pView->m_editModes.size() == nEditModes + 1);
   Click(CentreOf(m_pView->m_button)); // input goes on normally
   EXPECT_EQ(1, m_pView->m_nClicks);
 }
@@ -229,11 +223,9 @@ TEST_F(EditModeTest, TabAndEnterCommitInADialog) {
     EXPECT_EQ(dlg.m_hWnd, Session().hWndOwner);
     Press(vk);
     ASSERT_EQ(1u, edit.m_queries.size());
-    EXPECT_EQ(0x20000002u, edit.m_queries[0].nFlags);
-    EXPECT_EQ((UINT)vk, edit.m_queries[0].nKey);
-    EXPECT_EQ(nullptr, Session().pEdit);
+    EXPECT_TRUE(edit.m_queries[0].nFlags == 0x20000002 && edit.m_queries[0].nKey == vk);
     EXPECT_EQ(::GetDlgItem(dlg, vk == VK_TAB ? IDC_SECOND : IDC_FIRST), ::GetFocus());
-    EXPECT_TRUE(::IsWindow(dlg)); // Enter did not reach the dialog
+    EXPECT_TRUE(Session().pEdit == nullptr && ::IsWindow(dlg)); // Enter did not reach the dialog
     dlg.DestroyWindow();
   }
 }
