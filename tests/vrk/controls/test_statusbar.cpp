@@ -66,10 +66,9 @@ TEST_F(StatusBarTest, PanesShowFittedTextColouredTextAndBitmaps) {
   }
   strExpected.Format("4001000/20 0/%d 4000100/0 1000/40 ", dc.GetTextExtent("Ln 12").cx);
   EXPECT_EQ(strExpected, strInfo);
-  EXPECT_EQ("Ln 12", m_bar.GetStatusBarCtrl().GetText(1));
-  EXPECT_TRUE(m_bar.IsBitmapInPane(0) && !m_bar.IsBitmapInPane(3));
+  EXPECT_TRUE(m_bar.GetStatusBarCtrl().GetText(1) == "Ln 12" && m_bar.IsBitmapInPane(0) &&
+              !m_bar.IsBitmapInPane(3));
   EXPECT_EQ(RUNTIME_CLASS(CInvalidArgException), ThrownClass([&] { m_bar.IsBitmapInPane(4); }));
-
   // The bitmap from the pane's corner, unscaled: 12 red pixels, then blue
   // to the pane's edge. The coloured pane: all green behind its text.
   m_bar.UpdateWindow();
@@ -80,8 +79,7 @@ TEST_F(StatusBarTest, PanesShowFittedTextColouredTextAndBitmaps) {
     x++;
   for (xBlue = x; xBlue < rect.right && Pixel(xBlue, y) == kRed;)
     xBlue++;
-  EXPECT_EQ(12, xBlue - x);
-  EXPECT_TRUE(Pixel(xBlue, y) == kBlue && Pixel(rect.right - 3, y) == kBlue);
+  EXPECT_TRUE(xBlue - x == 12 && Pixel(xBlue, y) == kBlue && Pixel(rect.right - 3, y) == kBlue);
   m_bar.GetItemRect(3, &rect);
   EXPECT_TRUE(Pixel(rect.left + 3, rect.top + 3) == kGreen &&
               Pixel(rect.right - 3, rect.bottom - 3) == kGreen);
@@ -90,30 +88,25 @@ TEST_F(StatusBarTest, PanesShowFittedTextColouredTextAndBitmaps) {
 TEST_F(StatusBarTest, NestedProgressLockAndCallsOutOfOrder) {
   EXPECT_EQ("Ready", ShownAfterIdleMessage());
   POSITION posA = m_bar.StartProgress(0, 200, "Copying");
-  EXPECT_EQ(0, m_bar.SetProgressPos(posA, 100));
-  EXPECT_EQ(50, BarPos());
+  EXPECT_TRUE(m_bar.SetProgressPos(posA, 100) == 0 && BarPos() == 50);
   EXPECT_EQ("Copying", ShownAfterIdleMessage());
   POSITION posB = m_bar.StartProgress(50, 150, "Packing");
   m_bar.SetProgressPos(posB, 100); // 100 % of 50..150: the lower bound is not subtracted
   EXPECT_EQ(100, BarPos());
   EXPECT_EQ(100, m_bar.SetProgressPos(posA, 150)); // the older one: the bar stays
-  EXPECT_EQ(150, m_bar.StepIt(posA));
-  EXPECT_EQ(100, BarPos());
+  EXPECT_TRUE(m_bar.StepIt(posA) == 150 && BarPos() == 100);
   EXPECT_EQ("Packing", ShownAfterIdleMessage());
 
   m_bar.StopProgress(posB, "unused");
-  EXPECT_EQ("Copying", Shown());
-  EXPECT_EQ(80, BarPos()); // A at 160 of 200
+  EXPECT_TRUE(Shown() == "Copying" && BarPos() == 80); // A at 160 of 200
   EXPECT_EQ("Copying", ShownAfterIdleMessage());
-  EXPECT_EQ(160, m_bar.StepIt(posA)); // the bar's step: 10 of 200 is 5 %
-  EXPECT_EQ(85, BarPos());
-  EXPECT_EQ(10, m_bar.SetStep(posA, 20)); // 10 % of 0..200 from now on
+  EXPECT_TRUE(m_bar.StepIt(posA) == 160 && BarPos() == 85); // the bar's step: 10 of 200 is 5 %
+  EXPECT_EQ(10, m_bar.SetStep(posA, 20));                   // 10 % of 0..200 from now on
   m_bar.StepIt(posA);
   EXPECT_EQ(95, BarPos());
   m_bar.StopProgress(posA, "Done");
   EXPECT_EQ("Done", Shown());
   EXPECT_EQ("Ready", ShownAfterIdleMessage());
-
   m_bar.SetWindowTextAndLock("Held");
   EXPECT_EQ("Held", ShownAfterIdleMessage());
   m_bar.SetWindowTextAndUnlock("Free");
