@@ -76,8 +76,8 @@ TEST(MemDC, FillsCopiesAndReleasesItsSurface) {
   ASSERT_TRUE(mem.GetPaintStruct() && CRect(mem.GetPaintStruct()->rcPaint) == CRect(1, 2, 3, 4));
   mem.FillSolidRect(0, 0, 5, 10, red); // a red left band
   ASSERT_EQ(1, mem.Copy(&target.DC(), CRect(10, 10, 30, 20)));
-  EXPECT_TRUE(target.Count(red, CRect(10, 10, 15, 20)) == 50 && target.Count(red) == 50);
-  EXPECT_TRUE(target.Count(blue, CRect(15, 10, 30, 20)) == 150 && target.Count(blue) == 150);
+  EXPECT_TRUE(target.Count(red, CRect(10, 10, 15, 20)) == 50 && target.Count(red) == 50 &&
+              target.Count(blue, CRect(15, 10, 30, 20)) == 150 && target.Count(blue) == 150);
   POINT ptSrc = {5, 0}; // the blue part only
   ASSERT_EQ(1, mem.Copy(&target.DC(), CRect(30, 25, 45, 35), &ptSrc));
   EXPECT_EQ(150, target.Count(blue, CRect(30, 25, 45, 35)));
