@@ -48,25 +48,20 @@ TEST(PopupWindow, PressOutsideReleaseInsideOrAnotherCaptureClosesOnce) {
     ::ClientToScreen(hWnd, &pt);
     MoveTo(pt);
     Mouse(MOUSEEVENTF_LEFTDOWN);
-    EXPECT_EQ(bOutside ? NULL : hWnd, ::GetCapture());
-    EXPECT_EQ(bOutside, !::IsWindow(hWnd));
+    EXPECT_TRUE(::GetCapture() == (bOutside ? NULL : hWnd) && bOutside == !::IsWindow(hWnd));
     Mouse(MOUSEEVENTF_LEFTUP);
     EXPECT_EQ(bOutside ? -1 : 1, popup.m_bAliveAfterRelease); // closed after the handler
-    EXPECT_FALSE(::IsWindow(hWnd));
-    EXPECT_EQ(1, popup.m_nCloses);
+    EXPECT_TRUE(!::IsWindow(hWnd) && popup.m_nCloses == 1);
   }
 
   CTestPopup first, second;
   ASSERT_TRUE(first.Open(&owner, 50));
   ASSERT_TRUE(second.Open(&owner, 150));
   Pump();
-  EXPECT_FALSE(::IsWindow(first.m_hWnd));
-  EXPECT_EQ(1, first.m_nCloses);
-  EXPECT_EQ(second.m_hWnd, ::GetCapture());
+  EXPECT_TRUE(!::IsWindow(first.m_hWnd) && first.m_nCloses == 1 && ::GetCapture() == second);
   owner.SetCapture();
   Pump();
-  EXPECT_FALSE(::IsWindow(second.m_hWnd));
-  EXPECT_EQ(1, second.m_nCloses);
+  EXPECT_TRUE(!::IsWindow(second.m_hWnd) && second.m_nCloses == 1);
   ::ReleaseCapture();
   owner.DestroyWindow();
 }
