@@ -69,6 +69,7 @@ TEST(PrintIndexTree, ArchiveHoldsCountAndItemsOnlyAndShortArchivesFail) {
   EXPECT_EQ(bytes, ArchiveBytes([&](CArchive& ar) { loaded.Serialize(ar); }));
   EXPECT_TRUE(loaded[1].m_pChildren == nullptr); // sub-trees are not persisted
 
+  // Every truncation, and a count of two billion with two items behind it.
   for (size_t n = 0; n < bytes.size(); n++) {
     VPrintIndexTree t;
     EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([&] { Load(bytes.substr(0, n), t); }))

@@ -228,7 +228,8 @@ TEST_F(PrintJob, NoPrinterInstalled) {
     EXPECT_EQ("create dc", job.m_log.back());
   }
   EXPECT_LT(BusyHeapBytes(), nBusy + 1024); // nothing of 200 jobs stays
-  MsgBoxCatcher catcher;                    // no dialog to offer: a cancel
+  // With the dialog: the system has none to offer, which is a cancel.
+  MsgBoxCatcher catcher;
   CLogJob job;
   EXPECT_EQ(1, PrintCaught(job));
   EXPECT_TRUE(m_pFrame->IsWindowEnabled());
