@@ -124,7 +124,7 @@ TEST_F(ComboTest, CompletionAsCalledAndAsTyped) {
     VrkComboBoxDoQuickenAction(&combo, c.nFlags);
     EXPECT_TRUE(c.strShown == Text(combo) && c.nSel == combo.GetCurSel());
     EXPECT_TRUE(!(c.nFlags & 2) || c.nSel < 0 ||
-                combo.GetEditSel() == MAKELONG(2, c.strShown.size()));
+                combo.GetEditSel() == (DWORD)MAKELONG(2, c.strShown.size()));
   }
   // Typed: the same step with the typed case kept.
   Fill(combo, {"Beta", "Abcde", "Gamma"});

@@ -33,7 +33,8 @@ TEST(InputDialog, RequestFieldsAndTypedText) {
       EXPECT_EQ(c.request.pszCaption ? c.request.pszCaption : "Input", Text(hDlg));
       EXPECT_EQ(c.request.pszPrompt ? c.request.pszPrompt : "&Enter the text:",
                 Text(hDlg, IDC_VRK_INPUT_PROMPT));
-      EXPECT_TRUE(::GetFocus() == hEdit && ::SendMessageA(hEdit, EM_GETLIMITTEXT, 0, 0) == c.limit);
+      EXPECT_TRUE(::GetFocus() == hEdit &&
+                  (UINT)::SendMessageA(hEdit, EM_GETLIMITTEXT, 0, 0) == c.limit);
       EXPECT_EQ(c.style,
                 ::GetWindowLongA(hEdit, GWL_STYLE) & (WS_TABSTOP | ES_PASSWORD | ES_UPPERCASE));
       Type(c.typed);
