@@ -32,7 +32,7 @@ def line(img, x0, y0, x1, y1, c):
 
 BLACK, WHITE, GREY = (0, 0, 0), (255, 255, 255), (128, 128, 128)
 NAVY, BLUE, YELLOW = (0, 0, 128), (0, 0, 255), (255, 255, 0)
-OLIVE, RED, GREEN, TEAL = (128, 128, 0), (255, 0, 0), (0, 128, 0), (0, 128, 128)
+OLIVE, RED, GREEN = (128, 128, 0), (255, 0, 0), (0, 128, 0)
 
 
 def page():
@@ -131,41 +131,6 @@ def grid():
     for y in (5, 9):
         line(i, 1, y, 14, y, GREY)
     rect(i, 5, 5, 10, 9, RED)
-    return i
-
-
-def colours():
-    i = blank()
-    for n, c in enumerate((RED, GREEN, BLUE, YELLOW)):
-        x, y = 1 + (n % 2) * 7, 1 + (n // 2) * 7
-        rect(i, x, y, x + 5, y + 5, BLACK, c)
-    return i
-
-
-def dialog():
-    i = blank()
-    rect(i, 1, 2, 14, 13, BLACK, (192, 192, 192))
-    rect(i, 1, 2, 14, 4, BLACK, NAVY)
-    rect(i, 8, 9, 12, 11, BLACK, WHITE)
-    return i
-
-
-def keyboard():
-    i = blank()
-    rect(i, 0, 4, 15, 12, BLACK, WHITE)
-    for y in (6, 8):
-        for x in range(2, 14, 2):
-            i[y][x] = BLACK
-    line(i, 4, 10, 11, 10, BLACK)
-    return i
-
-
-def index():
-    i = blank()
-    rect(i, 2, 1, 13, 14, BLACK, WHITE)
-    for y, w in ((3, 9), (6, 7), (9, 8), (12, 6)):
-        line(i, 4, y, 4 + w - 4, y, NAVY)
-        i[y][11] = BLACK
     return i
 
 

@@ -13,10 +13,7 @@
 #define ID_PAGE_WELCOME 0x8100
 #define ID_PAGE_CONTROLS 0x8101
 #define ID_PAGE_GRID 0x8102
-#define ID_PAGE_COLOURS 0x8103
-#define ID_PAGE_DIALOGS 0x8104
-#define ID_PAGE_KEYMAP 0x8105
-#define ID_PAGE_PRINTING 0x8106
+#define ID_PAGE_PRINTING 0x8103
 #define ID_VIEW_PAGES_BAR 0x8110
 #define ID_TOOLS_PROGRESS 0x8120
 #define ID_DIALOGS_MESSAGE 0x8130
@@ -106,8 +103,6 @@ private:
 // Every page is a document of its own; its title names the page.
 class CPageDoc : public CDocument {
   DECLARE_DYNCREATE(CPageDoc)
-public:
-  virtual BOOL OnNewDocument();
 };
 
 // The first page: what the library is, and what the gallery shows.

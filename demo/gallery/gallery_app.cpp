@@ -221,8 +221,6 @@ void CMainFrame::OnUpdateViewPagesBar(CCmdUI* pCmdUI) {
 
 IMPLEMENT_DYNCREATE(CPageDoc, CDocument)
 
-BOOL CPageDoc::OnNewDocument() { return CDocument::OnNewDocument(); }
-
 void CMainFrame::OnToolsProgress() {
   m_posJob = m_wndStatusBar.StartProgress(0, nDocuments, "Printing 3 documents");
   m_nDocument = 0;
