@@ -180,6 +180,19 @@ __declspec(noreturn) AFX_API void AFXAPI
 __declspec(noreturn) AFX_API void AFXAPI
     AfxThrowArchiveException(int cause, LPCTSTR lpszArchiveName = NULL);
 
+// Checks an argument or state: asserts in a debug build and, in every build,
+// throws CInvalidArgException when the condition is false.
+#define ENSURE_THROW(cond, exception)                                                              \
+  do {                                                                                             \
+    int _afx_ensured = !!(cond);                                                                   \
+    ASSERT(_afx_ensured);                                                                          \
+    if (!_afx_ensured) exception;                                                                  \
+  } while (0)
+#define ENSURE(cond) ENSURE_THROW(cond, ::AfxThrowInvalidArgException())
+#define ENSURE_ARG(cond) ENSURE(cond)
+// Throws when the pointer is NULL.
+#define ENSURE_VALID(pOb) ENSURE((pOb) != NULL)
+
 // ---- TRY / CATCH -----------------------------------------------------------
 
 // One per TRY block, chained per thread: when the block is left, the caught

@@ -119,6 +119,22 @@ enum AfxSig {
    AfxSig_vv,                                                                                      \
    (AFX_PMSG)(AFX_PMSGW)(static_cast<void (AFX_MSG_CALL CWnd::*)(void)>(                           \
        &ThisClass::OnSysColorChange))},
+#define ON_WM_PALETTECHANGED()                                                                     \
+  {WM_PALETTECHANGED,                                                                              \
+   0,                                                                                              \
+   0,                                                                                              \
+   0,                                                                                              \
+   AfxSig_vW,                                                                                      \
+   (AFX_PMSG)(AFX_PMSGW)(static_cast<void (AFX_MSG_CALL CWnd::*)(CWnd*)>(                          \
+       &ThisClass::OnPaletteChanged))},
+#define ON_WM_QUERYNEWPALETTE()                                                                    \
+  {WM_QUERYNEWPALETTE,                                                                             \
+   0,                                                                                              \
+   0,                                                                                              \
+   0,                                                                                              \
+   AfxSig_bv,                                                                                      \
+   (AFX_PMSG)(AFX_PMSGW)(static_cast<BOOL (AFX_MSG_CALL CWnd::*)(void)>(                           \
+       &ThisClass::OnQueryNewPalette))},
 #define ON_WM_CANCELMODE()                                                                         \
   {WM_CANCELMODE,                                                                                  \
    0,                                                                                              \

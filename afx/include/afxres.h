@@ -32,6 +32,7 @@
 #define AFX_IDS_SCRESTORE 0xEF12
 #define AFX_IDS_SCTASKLIST 0xEF13
 #define AFX_IDS_MDICHILD 0xEF1F
+#define AFX_IDS_DESKACCESSORY 0xEFDA
 
 // Standard icons: the frames' when the application gives none.
 #define AFX_IDI_STD_MDIFRAME 31233

@@ -89,6 +89,8 @@
 #define UNUSED(x) (void)(x)
 #define UNUSED_ALWAYS(x) (void)(x)
 #define DEBUG_NEW new
+// A 16-bit code-segment qualifier; Win32 has one flat address space.
+#define BASED_CODE
 #define THIS_FILE __FILE__
 
 #ifndef _countof

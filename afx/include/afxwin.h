@@ -111,6 +111,9 @@ public:
   // pHandlerInfo, only reports whether a handler exists.
   virtual BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo);
 
+  // The hourglass while a long job runs: Begin and End nest (through the
+  // application's DoWaitCursor); Restore shows it again after something,
+  // such as a message box, changed the cursor.
   void BeginWaitCursor();
   void EndWaitCursor();
   void RestoreWaitCursor();
@@ -290,6 +293,11 @@ public:
   BOOL SetWindowPlacement(const WINDOWPLACEMENT* lpwndpl) {
     return ::SetWindowPlacement(m_hWnd, lpwndpl);
   }
+
+  // ---- Clipboard and shell
+  BOOL OpenClipboard() { return ::OpenClipboard(m_hWnd); }
+  // Whether files dropped from the shell arrive as WM_DROPFILES.
+  void DragAcceptFiles(BOOL bAccept = TRUE) { ::DragAcceptFiles(m_hWnd, bAccept); }
 
   // ---- State
   BOOL ShowWindow(int nCmdShow) { return ::ShowWindow(m_hWnd, nCmdShow); }
@@ -489,6 +497,8 @@ public:
   afx_msg void OnDeleteItem(int nIDCtl, LPDELETEITEMSTRUCT lpDeleteItemStruct);
   afx_msg int OnCompareItem(int nIDCtl, LPCOMPAREITEMSTRUCT lpCompareItemStruct);
   afx_msg void OnSysColorChange();
+  afx_msg void OnPaletteChanged(CWnd* pFocusWnd);
+  afx_msg BOOL OnQueryNewPalette();
   afx_msg void OnSettingChange(UINT uFlags, LPCTSTR lpszSection);
   afx_msg void OnCancelMode();
   afx_msg UINT OnGetDlgCode();
@@ -1302,6 +1312,13 @@ public:
   afx_msg void OnUpdateRecentFileMenu(CCmdUI* pCmdUI);
   afx_msg BOOL OnOpenRecentFile(UINT nID);
   UINT m_nNumPreviewPages = 0;
+
+  // ---- The wait cursor: nCode 1 shows it (nesting), -1 ends one level and
+  // puts back the cursor seen before the first level, 0 shows it again while
+  // a level is open.
+  virtual void DoWaitCursor(int nCode);
+  int m_nWaitCursorCount = 0;
+  HCURSOR m_hcurWaitCursorRestore = NULL;
 
   // ---- Cursors and icons: the application's resources (through the
   // resource chain), the system's (IDC_*, IDI_*) and the OEM ones (OCR_*,

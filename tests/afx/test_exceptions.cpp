@@ -141,6 +141,13 @@ TEST(ExceptionMacros, AndCatchAndCatchAllPickTheRightHandler) {
   EXPECT_EQ(1, CCountedException::s_nDestroyed);
 }
 
+TEST(ExceptionMacros, EnsureThrowsAnInvalidArgumentOnlyWhenFalse) {
+  static const int BASED_CODE values[] = {1, 0}; // BASED_CODE is nothing on Win32
+  ENSURE(values[0] == 1);
+  EXPECT_THROW(ENSURE(values[1] == 1), CInvalidArgException*);
+  EXPECT_THROW(ENSURE_VALID((int*)NULL), CInvalidArgException*);
+}
+
 TEST(ExceptionReport, ShowsTheDescriptionOrAFallback) {
   MsgBoxCatcher catcher(IDOK);
   CFileException e(CFileException::accessDenied, 5, "C:\\locked.txt");

@@ -84,3 +84,15 @@ TEST(AppResources, CursorsAndIcons) {
 }
 
 } // namespace
+
+TEST(AppWaitCursor, NestsAndPutsBackTheCursorSeenBefore) {
+  HCURSOR hcurArrow = ::LoadCursor(NULL, IDC_ARROW);
+  ::SetCursor(hcurArrow);
+  CCmdTarget target;
+  target.BeginWaitCursor();
+  target.BeginWaitCursor();
+  target.EndWaitCursor();
+  EXPECT_EQ(::LoadCursor(NULL, IDC_WAIT), ::GetCursor()); // one level still open
+  target.EndWaitCursor();
+  EXPECT_EQ(hcurArrow, ::GetCursor());
+}

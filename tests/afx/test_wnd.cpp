@@ -50,12 +50,17 @@ public:
     log.push_back("L2.LButtonDown " + std::to_string(nFlags) + " " + std::to_string(point.x) + " " +
                   std::to_string(point.y));
   }
+  afx_msg BOOL OnQueryNewPalette() {
+    log.push_back("L2.QueryNewPalette");
+    return TRUE;
+  }
   DECLARE_MESSAGE_MAP()
 };
 BEGIN_MESSAGE_MAP(CLevel2, CLevel1)
 ON_MESSAGE(WM_OVERRIDDEN, &CLevel2::OnOverridden2)
 ON_WM_SIZE()
 ON_WM_LBUTTONDOWN()
+ON_WM_QUERYNEWPALETTE()
 END_MESSAGE_MAP()
 
 class CLevel3 : public CLevel2 {
@@ -225,6 +230,8 @@ TEST(WndDispatch, HandlersAreFoundThroughBaseClassMaps) {
                                        "L1.BaseOnly",       "L2.Overridden",
                                        "L2.Size 2 640 480", "L2.LButtonDown 5 -5 -7"};
   EXPECT_EQ(expected, wnd.log);
+  EXPECT_EQ(TRUE, wnd.SendMessage(WM_QUERYNEWPALETTE));
+  EXPECT_EQ("L2.QueryNewPalette", wnd.log.back());
 
   // A base-class object has its own map: the same message reaches L1's handler.
   CLevel1 base;
@@ -232,6 +239,12 @@ TEST(WndDispatch, HandlersAreFoundThroughBaseClassMaps) {
   EXPECT_EQ(1, base.SendMessage(WM_OVERRIDDEN));
   EXPECT_EQ(std::vector<std::string>{"L1.Overridden"}, base.log);
   base.DestroyWindow();
+
+  wnd.DragAcceptFiles();
+  EXPECT_TRUE(wnd.GetExStyle() & WS_EX_ACCEPTFILES);
+  ASSERT_TRUE(wnd.OpenClipboard());
+  EXPECT_EQ(wnd.m_hWnd, ::GetOpenClipboardWindow());
+  ::CloseClipboard();
   wnd.DestroyWindow();
 }
 

@@ -59,6 +59,23 @@ HCURSOR CWinApp::LoadCursor(UINT nIDResource) const {
   return LoadCursor(MAKEINTRESOURCE(nIDResource));
 }
 
+void CWinApp::DoWaitCursor(int nCode) {
+  HCURSOR hcurWait = ::LoadCursor(NULL, IDC_WAIT);
+  if (nCode == 0) {
+    if (m_nWaitCursorCount > 0) ::SetCursor(hcurWait);
+    return;
+  }
+  m_nWaitCursorCount += nCode > 0 ? 1 : -1;
+  if (m_nWaitCursorCount > 0) {
+    HCURSOR hcurPrev = ::SetCursor(hcurWait);
+    if (nCode > 0 && m_nWaitCursorCount == 1) m_hcurWaitCursorRestore = hcurPrev;
+  } else {
+    // An unmatched End does not go below zero.
+    m_nWaitCursorCount = 0;
+    ::SetCursor(m_hcurWaitCursorRestore);
+  }
+}
+
 HCURSOR CWinApp::LoadStandardCursor(LPCTSTR lpszCursorName) const {
   return ::LoadCursor(NULL, lpszCursorName);
 }

@@ -30,6 +30,8 @@ void CWnd::OnClose() { Default(); }
 void CWnd::OnPaint() { Default(); }
 BOOL CWnd::OnEraseBkgnd(CDC*) { return (BOOL)Default(); }
 void CWnd::OnSysColorChange() { Default(); }
+void CWnd::OnPaletteChanged(CWnd*) { Default(); }
+BOOL CWnd::OnQueryNewPalette() { return (BOOL)Default(); }
 void CWnd::OnSettingChange(UINT, LPCTSTR) { Default(); }
 void CWnd::OnCancelMode() { Default(); }
 UINT CWnd::OnGetDlgCode() { return (UINT)Default(); }
