@@ -7,6 +7,24 @@
 
 #include "vrk_coolmenu_priv.h"
 
+namespace {
+
+// Item i's information with its text in szText (kCoolMenuTextMax bytes);
+// longer texts are cut to the buffer by the system.
+BOOL GetItemWithText(CMenu* pMenu, int i, UINT fMask, MENUITEMINFO& mii, char* szText) {
+  szText[0] = 0;
+  memset(&mii, 0, sizeof(mii));
+  mii.cbSize = sizeof(mii);
+  mii.fMask = fMask | MIIM_TYPE;
+  mii.dwTypeData = szText;
+  mii.cch = kCoolMenuTextMax;
+  if (!pMenu->GetMenuItemInfo(i, &mii, TRUE)) return FALSE;
+  szText[kCoolMenuTextMax - 1] = 0;
+  return TRUE;
+}
+
+} // namespace
+
 IMPLEMENT_DYNAMIC(VCoolMenuManager, VCoolMenuSubclassWnd)
 
 int VCoolMenuManager::bTRACE = 0;
@@ -138,17 +156,9 @@ void VCoolMenuManager::ConvertMenu(CMenu* pMenu, UINT, BOOL bSysMenu, BOOL bShow
   if (pMenu == NULL || pMenu->m_hMenu == NULL) return;
   int nCount = (int)pMenu->GetMenuItemCount();
   for (int i = 0; i < nCount; i++) {
-    // Longer texts are cut to the buffer by the system.
     char szText[kCoolMenuTextMax];
-    szText[0] = 0;
     MENUITEMINFO mii;
-    memset(&mii, 0, sizeof(mii));
-    mii.cbSize = sizeof(mii);
-    mii.fMask = MIIM_ID | MIIM_SUBMENU | MIIM_TYPE | MIIM_DATA;
-    mii.dwTypeData = szText;
-    mii.cch = sizeof(szText);
-    if (!pMenu->GetMenuItemInfo(i, &mii, TRUE)) continue;
-    szText[sizeof(szText) - 1] = 0;
+    if (!GetItemWithText(pMenu, i, MIIM_ID | MIIM_SUBMENU | MIIM_DATA, mii, szText)) continue;
     if (bSysMenu || (mii.fType & MFT_SEPARATOR) || (mii.wID >= 0xF000 && mii.wID <= 0xF180))
       continue;
     tagCoolMenuItemData* pData = ItemData((WORD)mii.wID);
@@ -181,12 +191,7 @@ LRESULT VCoolMenuManager::OnMenuChar(UINT nChar, UINT, CMenu* pMenu) {
   for (int i = 0; i < nCount; i++) {
     char szText[kCoolMenuTextMax];
     MENUITEMINFO mii;
-    memset(&mii, 0, sizeof(mii));
-    mii.cbSize = sizeof(mii);
-    mii.fMask = MIIM_STATE | MIIM_ID | MIIM_TYPE | MIIM_DATA;
-    mii.dwTypeData = szText;
-    mii.cch = sizeof(szText);
-    if (!pMenu->GetMenuItemInfo(i, &mii, TRUE)) continue;
+    if (!GetItemWithText(pMenu, i, MIIM_STATE | MIIM_ID | MIIM_DATA, mii, szText)) continue;
     tagCoolMenuItemData* pData =
         (mii.fType & MFT_OWNERDRAW) && mii.wID != 0 ? GetButtonInfo((WORD)mii.wID) : NULL;
     if (pData != NULL) {
