@@ -80,7 +80,12 @@ void VrkComboBoxDoQuickenAction(CComboBox* pCombo, int nFlags) {
   int nEntry = strEntry.GetLength();
   if ((nFlags & VRK_COMBO_KEEPTYPED) && nTyped <= nEntry)
     strEntry = strTyped + strEntry.Right(nEntry - nTyped);
-  pCombo->SetWindowText(strEntry);
+  // Selecting the entry has already put its text into a drop-down's edit;
+  // setting the same text again would only lay the edit out a second time,
+  // the dearest part of the step.
+  CString strShown;
+  pCombo->GetWindowText(strShown);
+  if (strShown != strEntry) pCombo->SetWindowText(strEntry);
   if (nTyped <= nEntry) pCombo->SetEditSel(nTyped, -1);
 }
 
