@@ -54,6 +54,16 @@ inline std::vector<PrintedPage> ReadSpoolPages() {
   return ReadPages(TempDir::ReadBytes(SpoolFile()));
 }
 
+inline VIndexItem Item(const char* pszText, WORD nPage, DWORD dwFlags = 0,
+                       VPrintIndexTree* pChildren = NULL) {
+  VIndexItem item;
+  item.m_strText = pszText;
+  item.m_nPage = nPage;
+  item.m_dwFlags = dwFlags;
+  item.m_pChildren = pChildren;
+  return item;
+}
+
 // Each page's runs joined by '|'.
 inline std::vector<std::string> PageTexts(const std::vector<PrintedPage>& pages) {
   std::vector<std::string> texts;

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "archive_bytes.h"
+#include "printing_testing.h"
 
 #include <string>
 
@@ -14,15 +15,6 @@ class CountedTree : public VPrintIndexTree {
 public:
   ~CountedTree() { g_nDestroyed++; }
 };
-
-VIndexItem Item(const char* text, WORD page, DWORD flags = 0, VPrintIndexTree* children = NULL) {
-  VIndexItem item;
-  item.m_strText = text;
-  item.m_nPage = page;
-  item.m_dwFlags = flags;
-  item.m_pChildren = children;
-  return item;
-}
 
 void Load(const std::string& bytes, VPrintIndexTree& tree) {
   LoadBytes(bytes, [&](CArchive& ar) { tree.Serialize(ar); });

@@ -22,13 +22,7 @@ int Width(VPrintUnit& unit, const char* psz) {
   return cx;
 }
 
-VIndexItem Item(const char* pszText, WORD nPage) {
-  VIndexItem item;
-  item.m_strText = pszText;
-  item.m_dwFlags = VIndexItem::flagLeader | VIndexItem::flagPage;
-  item.m_nPage = nPage;
-  return item;
-}
+const DWORD kLeaderAndPage = VIndexItem::flagLeader | VIndexItem::flagPage;
 
 // One job: parts of lines; 5,000 W's, then 300 words, wrapped; trees 50 deep and of 10,000 items.
 TEST_F(PrintUnit, LinesWrapsAndTreesOnPages) {
@@ -39,11 +33,12 @@ TEST_F(PrintUnit, LinesWrapsAndTreesOnPages) {
   VPrintIndexTree deep, large;
   VPrintIndexTree* pLevel = &deep;
   for (int i = 0; i < 50; i++) {
-    pLevel->Add(Item("Deep", (WORD)i));
+    pLevel->Add(Item("Deep", (WORD)i, kLeaderAndPage));
     if (i < 49) pLevel = pLevel->ElementAt(0).m_pChildren = new VPrintIndexTree;
   }
   for (int i = 0; i < 10000; i++)
-    large.Add(Item("Entry " + CString(std::to_string(i).c_str()), (WORD)(i % 500 + 1)));
+    large.Add(
+        Item("Entry " + CString(std::to_string(i).c_str()), (WORD)(i % 500 + 1), kLeaderAndPage));
   CRect area;
   int xMid = 0, xRight = 0, x12 = 0, nTreePage = 0, nPages = 0;
   std::vector<PrintedPage> pages = PrintWith([&](VPrintUnit& unit) {
@@ -151,9 +146,7 @@ void PrintReport(VPrintUnit& unit, int& nIndexPage) {
         }
       }
     }
-    VIndexItem note;
-    note.m_strText = "Notes (unnumbered)";
-    note.m_dwFlags = VIndexItem::flagLeader; // no page number
+    VIndexItem note = Item("Notes (unnumbered)", 0, VIndexItem::flagLeader); // no page number
     unit.AddIndexItem(&note);
   }
   unit.NewPage();
