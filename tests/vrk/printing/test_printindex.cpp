@@ -46,10 +46,7 @@ TEST(PrintIndexTree, ArchiveHoldsCountAndItemsOnlyAndShortArchivesFail) {
   tree.Add(Item("Intro", 3, 1));
   tree.Add(Item("Ab", 0x1234, 2, new VPrintIndexTree));
   const std::string bytes = ArchiveBytes([&](CArchive& ar) { tree.Serialize(ar); });
-  const char want[] = "\x02\x00"
-                      "\x05Intro\x01\x00\x00\x00\x03\x00"
-                      "\x02"
-                      "Ab\x02\x00\x00\x00\x34\x12";
+  const char want[] = "\2\0\5Intro\1\0\0\0\3\0\2Ab\2\0\0\0\x34\x12"; // count, items
   EXPECT_EQ(std::string(want, sizeof(want) - 1), bytes);
 
   g_nDestroyed = 0;

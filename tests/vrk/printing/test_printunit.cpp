@@ -46,14 +46,10 @@ TEST_F(PrintUnit, LinesWrapsAndTreesOnPages) {
     xMid = area.left + (area.Width() - Width(unit, "Mid")) / 2;
     xRight = area.right - Width(unit, "Right");
     x12 = area.right - Width(unit, "12");
-    unit.PrintTextLine("Left\x1FMid\x1ERight");
-    unit.PrintTextLine("Intro\x1C\x1E"
-                       "12");
+    unit.PrintTextLine("Left\037Mid\036Right");
+    unit.PrintTextLine("Intro\034\03612");
     unit.PrintTextLine("x\ny");
-    unit.PrintTextLine("A\x1C\x1C"
-                       "B\x1E\x1E"
-                       "C",
-                       300); // doubled: literal
+    unit.PrintTextLine("A\034\034B\036\036C", 300); // doubled: literal
     unit.NewPage();
     unit.PrintTextLine(w5000.c_str());
     unit.NewPage();
