@@ -13,9 +13,10 @@ TEST(InputDialog, RequestFieldsAndTypedText) {
   const DWORD kWhole = WS_CHILD | WS_VISIBLE | ES_UPPERCASE; // with WS_CHILD, the whole style
   // No caption or prompt given: the template's "Input" and "&Enter the text:".
   // clang-format off
-  // Typed, what the caller gets back, the button, the edit's limit and style bits.
-  struct Case { VINPUTDLG request; const char *typed, *input; int button; UINT limit; DWORD style; }
-  cases[] = {
+  // Typed, what the caller gets back, the button, the edit's limit and style bits; whether the
+  // request's fields go through the argument form instead (which makes the mask itself).
+  struct Case { VINPUTDLG request; const char *typed, *input; int button; UINT limit; DWORD style;
+                bool byArguments = false; } cases[] = {
       // Typing replaces the initial text.
       {{kPrompt | kCaption | kText, "&Name:", "Edit", "old", 0, 8}, "new", "new", IDOK, 8, kTab},
       {{kPrompt, NULL, NULL, NULL, 0, 3}, "12345", "123", IDOK, 3, kTab}, // limit without prompt
@@ -23,6 +24,7 @@ TEST(InputDialog, RequestFieldsAndTypedText) {
       {{kPrompt, "Big", NULL, NULL, 0, 100000}, "ok", "ok", IDOK, 100000, kTab},
       {{kStyle, NULL, NULL, NULL, ES_PASSWORD}, "pin", "pin", IDOK, kMax, ES_PASSWORD | kTab},
       {{kStyle, NULL, NULL, NULL, kWhole}, "ab", "AB", IDOK, kMax, ES_UPPERCASE}, // whole style
+      {{0, "PIN:", "Log in", NULL, 0, 2}, "abc", "ab", IDOK, 2, kTab, true},
   };
   // clang-format on
   for (Case& c : cases) {
@@ -40,24 +42,15 @@ TEST(InputDialog, RequestFieldsAndTypedText) {
       Type(c.typed);
       EXPECT_EQ(c.style & ES_PASSWORD ? '*' : 0,
                 (char)::SendMessageA(hEdit, EM_GETPASSWORDCHAR, 0, 0));
-      ClickItem(hDlg, c.button);
+      c.button == IDOK ? Press(VK_RETURN) : ClickItem(hDlg, c.button); // OK is the default
     }));
     VInputDialog dlg;
-    EXPECT_EQ(c.button == IDOK, dlg.DoModal(c.request));
+    const VINPUTDLG& r = c.request;
+    EXPECT_EQ(c.button == IDOK,
+              c.byArguments ? dlg.DoModal(r.pszPrompt, r.pszCaption, r.pszText, r.dwStyle, r.nLimit)
+                            : dlg.DoModal(c.request));
     CString strInput;
     dlg.GetInput(strInput);
     EXPECT_STREQ(c.input, strInput);
   }
-  // The argument form: a prompt and a limit make a request of both.
-  DialogDriver driver;
-  driver.Then(DialogDriver::WhenShown([](HWND hDlg) {
-    EXPECT_EQ("Log in", Text(hDlg));
-    Type("abc");
-    Press(VK_RETURN);
-  }));
-  VInputDialog dlg;
-  EXPECT_TRUE(dlg.DoModal("PIN:", "Log in", NULL, 0, 2));
-  CString strInput;
-  dlg.GetInput(strInput);
-  EXPECT_STREQ("ab", strInput);
 }
