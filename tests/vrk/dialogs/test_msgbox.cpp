@@ -48,7 +48,6 @@ TEST_F(MessageBoxTest, TypeWordGivesButtonsIconDefaultAndResult) {
       {0x112, {A, R, I}, R, IDI_HAND, VK_RETURN, IDRETRY},
       {0x243, {Y, N, C}, C, IDI_INFORMATION, VK_ESCAPE, IDCANCEL},
       {0x105, {R, C}, C, IDI_EXCLAMATION, IDRETRY, IDRETRY},
-      {0x30, {O}, O, IDI_EXCLAMATION, VK_RETURN, IDOK}, // an unknown icon value
   };
   // clang-format on
   NONCLIENTMETRICSA ncm = {sizeof(ncm)};
