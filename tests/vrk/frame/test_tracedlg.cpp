@@ -17,7 +17,6 @@ namespace {
 const char kKey[] = "Software\\Tamrix\\PELVrk Profiler";
 
 bool Enabled(HWND hDlg, int nID) { return ::IsWindowEnabled(::GetDlgItem(hDlg, nID)) != FALSE; }
-bool Checked(HWND hDlg, int nID) { return ::IsDlgButtonChecked(hDlg, nID) == BST_CHECKED; }
 DWORD Dword(const char* pszName) {
   DWORD dw = 0xDEAD;
   ScratchRegistry::ReadDword(kKey, pszName, &dw);
@@ -78,7 +77,21 @@ TEST_F(TraceDialogTest, ShowsTheKeyAndWritesWhatTheUserChanged) {
   EXPECT_EQ("", String("Delimiter"));
 }
 
-TEST_F(TraceDialogTest, NoKeyNoCategoriesAndBrowse) {
+// Values of the wrong type read as none, and a cancel writes nothing; then no key at all.
+TEST_F(TraceDialogTest, WrongTypesCancelledThenNoKeyAndBrowse) {
+  ScratchRegistry::WriteString(kKey, "Flags", "17");
+  ScratchRegistry::WriteDword(kKey, "FileName", 7);
+  ScratchRegistry::WriteBinary(kKey, "Prefix", std::vector<BYTE>(300, 'x')); // no terminator
+  VVrkTraceDlg wrong;
+  wrong.SetTraceFilters(m_filters, 3);
+  m_driver.Then(DialogDriver::WhenShown([](HWND hDlg) {
+    EXPECT_FALSE(::IsDlgButtonChecked(hDlg, IDC_VRK_TRACE_ENABLE));
+    EXPECT_EQ("|", Text(hDlg, IDC_VRK_TRACE_FILENAME) + "|" + Text(hDlg, IDC_VRK_TRACE_PREFIX));
+    ClickItem(hDlg, IDCANCEL);
+  }));
+  EXPECT_EQ(IDCANCEL, wrong.DoModal());
+  EXPECT_TRUE(ScratchRegistry::ValueType(kKey, "Flags") == REG_SZ && Dword("FileName") == 7);
+  ScratchRegistry::DeleteTree(kKey);
   VVrkTraceDlg dlg; // no key, no table: all but the enabling check is off
   m_driver.Then(DialogDriver::WhenShown([](HWND hDlg) {
     for (int id = IDC_VRK_TRACE_FILENAME; id <= IDC_VRK_TRACE_CATEGORIES; id++)
@@ -100,23 +113,6 @@ TEST_F(TraceDialogTest, NoKeyNoCategoriesAndBrowse) {
   EXPECT_EQ(0u, Dword("Filter"));
   EXPECT_EQ(0u, Dword("MaxLength")); // an empty length
   EXPECT_EQ("C:\\new\\run.log", String("FileName"));
-}
-
-TEST_F(TraceDialogTest, WrongTypesReadAsDefaultsAndCancelWritesNothing) {
-  ScratchRegistry::WriteString(kKey, "Flags", "17");
-  ScratchRegistry::WriteDword(kKey, "FileName", 7);
-  ScratchRegistry::WriteBinary(kKey, "Prefix", std::vector<BYTE>(300, 'x')); // no terminator
-  VVrkTraceDlg dlg;
-  dlg.SetTraceFilters(m_filters, 3);
-  m_driver.Then(DialogDriver::WhenShown([](HWND hDlg) {
-    EXPECT_FALSE(Checked(hDlg, IDC_VRK_TRACE_ENABLE));
-    EXPECT_EQ("", Text(hDlg, IDC_VRK_TRACE_FILENAME));
-    EXPECT_EQ("", Text(hDlg, IDC_VRK_TRACE_PREFIX));
-    ClickItem(hDlg, IDCANCEL);
-  }));
-  EXPECT_EQ(IDCANCEL, dlg.DoModal());
-  EXPECT_EQ((DWORD)REG_SZ, ScratchRegistry::ValueType(kKey, "Flags"));
-  EXPECT_EQ(7u, Dword("FileName"));
 }
 
 } // namespace
