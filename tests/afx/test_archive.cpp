@@ -158,41 +158,39 @@ TEST(ArchiveString, LengthPrefixForEachSize) {
   }
 }
 
-TEST(ArchiveString, WideStringsConvertToAnsi) {
+TEST(ArchiveString, WideFormsLoadAndAbsurdLengthsFailWithoutAllocating) {
   // 0xFF 0xFFFE marks UTF-16 characters; then the usual length prefix.
-  Loading shortWide(std::string("\xFF\xFE\xFF\x03"
-                                "a\0b\0c\0",
-                                10));
-  CString s;
-  shortWide.ar >> s;
-  EXPECT_STREQ("abc", s);
-
   std::string longWide("\xFF\xFE\xFF\xFF\x2C\x01", 6); // 300 characters
   for (int i = 0; i < 300; ++i)
     longWide += std::string(i == 299 ? "z\0" : "w\0", 2);
-  Loading in(longWide);
-  in.ar >> s;
-  ASSERT_EQ(300, s.GetLength());
-  EXPECT_EQ('w', s[0]);
-  EXPECT_EQ('z', s[299]);
-}
-
-TEST(ArchiveString, AbsurdLengthsFailWithoutAllocating) {
-  // 0xFFFFFFFE characters claimed by a 20-byte file.
-  std::string huge("\xFF\xFF\xFF\xFE\xFF\xFF\xFF"
+  const int eof = CArchiveException::endOfFile;
+  const struct {
+    std::string bytes;
+    int cause; // -1: loads
+    std::string text;
+  } cases[] = {
+      {std::string("\xFF\xFE\xFF\x03"
+                   "a\0b\0c\0",
+                   10),
+       -1, "abc"},
+      {longWide, -1, std::string(299, 'w') + "z"},
+      // 0xFFFFFFFE characters claimed by a 20-byte file, 2 G wide ones, and
+      // a string cut short.
+      {std::string("\xFF\xFF\xFF\xFE\xFF\xFF\xFF"
                    "0123456789abc",
-                   20);
-  Loading in(huge);
-  CString s;
-  EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([&] { in.ar >> s; }));
-  EXPECT_TRUE(s.IsEmpty());
-
-  // A wide length of 2 G characters, and a string cut short.
-  Loading wide(std::string("\xFF\xFE\xFF\xFF\xFF\xFF\xFF\xFF\xFF\x7Fxyz", 13));
-  EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([&] { wide.ar >> s; }));
-  Loading cut(std::string("\x05"
-                          "abc"));
-  EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([&] { cut.ar >> s; }));
+                   20),
+       eof, ""},
+      {std::string("\xFF\xFE\xFF\xFF\xFF\xFF\xFF\xFF\xFF\x7Fxyz", 13), eof, ""},
+      {"\x05"
+       "abc",
+       eof, ""},
+  };
+  for (const auto& c : cases) {
+    Loading in(c.bytes);
+    CString s;
+    EXPECT_EQ(c.cause, ArchiveCause([&] { in.ar >> s; })) << Hex(c.bytes);
+    EXPECT_EQ(c.text, std::string((LPCTSTR)s)) << Hex(c.bytes);
+  }
 }
 
 TEST(ArchiveText, WriteStringAndReadLines) {
@@ -336,7 +334,7 @@ TEST(ArchiveErrors, EachCause) {
   EXPECT_EQ(badIndex, ArchiveCause([&] { objectId.ar.ReadClass(); }));
 }
 
-TEST(ArchiveFile, FlushOnCloseAndOnDestructionUnlessTold) {
+TEST(ArchiveFile, FlushRulesAndWhereALoadLeavesTheFile) {
   CMemFile file;
   {
     CArchive ar(&file, CArchive::store);
@@ -351,27 +349,26 @@ TEST(ArchiveFile, FlushOnCloseAndOnDestructionUnlessTold) {
     ar << (DWORD)1;
   }
   EXPECT_EQ(0u, kept.GetLength());
-}
 
-TEST(ArchiveFile, LoadingLeavesTheFileAfterWhatWasRead) {
+  // Loading leaves the file just after what was read.
   std::string bytes("ABCDEFGHIJ");
-  CMemFile file((BYTE*)&bytes[0], (UINT)bytes.size());
+  CMemFile source((BYTE*)&bytes[0], (UINT)bytes.size());
   {
-    CArchive ar(&file, CArchive::load);
+    CArchive ar(&source, CArchive::load);
     EXPECT_TRUE(ar.m_bDirectBuffer);
     WORD w;
     ar >> w;
     ar.Close();
   }
-  EXPECT_EQ(2u, file.GetPosition());
+  EXPECT_EQ(2u, source.GetPosition());
 
   BYTE buf[16];
-  CArchive ar(&file, CArchive::load, sizeof(buf), buf);
+  CArchive ar(&source, CArchive::load, sizeof(buf), buf);
   BYTE by;
   ar >> by;
   EXPECT_EQ('C', by);
   ar.Close();
-  EXPECT_EQ(3u, file.GetPosition());
+  EXPECT_EQ(3u, source.GetPosition());
 }
 
 TEST(ArchiveFile, BufferEdgesLargeBlocksAndFixedFiles) {
