@@ -1,7 +1,7 @@
 // The application's standard services: the command line read into
 // CCommandLineInfo, the recent-file list (order, duplicates, size, names
-// shown, the profile), and cursors and icons by resource, standard and OEM
-// names.
+// shown; the wizard application's test keeps it in the profile across
+// runs), resources through the chain and the wait cursor.
 #include <afxwin.h>
 #include <afxadv.h>
 #include <gtest/gtest.h>
@@ -41,7 +41,7 @@ TEST(CommandLine, ParamsAndFlags) {
   EXPECT_STREQ("Port", shell.m_strPortName);
 }
 
-TEST(RecentFiles, NewestFirstOnceEachAndKeptInTheProfile) {
+TEST(RecentFiles, NewestFirstOnceEachNamesCut) {
   TempDir dir;
   CRecentFileList list(ID_FILE_MRU_FILE1, "Recent Test", "File%d", 3, 30);
   for (const char* psz : {"a.txt", "b.txt", "a.txt", "c.txt", "d.txt"})
@@ -60,32 +60,15 @@ TEST(RecentFiles, NewestFirstOnceEachAndKeptInTheProfile) {
   EXPECT_NE(-1, strName.Find("d.txt"));
   list.Remove(0);
   EXPECT_FALSE(list.GetDisplayName(strName, 2, NULL, 0));
-
-  // Written to the profile (an INI file here) and read back.
-  free((void*)theApp.m_pszProfileName);
-  theApp.m_pszProfileName = _strdup(dir.File("std.ini").c_str());
-  list.WriteList();
-  CRecentFileList copy(ID_FILE_MRU_FILE1, "Recent Test", "File%d", 3);
-  copy.ReadList();
-  EXPECT_STREQ(list[0], copy[0]);
-  EXPECT_STREQ(list[1], copy[1]);
-  EXPECT_STREQ("", copy[2]);
-  free((void*)theApp.m_pszProfileName);
-  theApp.m_pszProfileName = NULL;
-}
-
-TEST(AppResources, CursorsAndIcons) {
-  EXPECT_EQ(::LoadCursor(NULL, IDC_ARROW), theApp.LoadStandardCursor(IDC_ARROW));
-  EXPECT_EQ(::LoadIcon(NULL, IDI_APPLICATION), theApp.LoadStandardIcon(IDI_APPLICATION));
-  EXPECT_NE(nullptr, theApp.LoadOEMCursor(32512));           // OCR_NORMAL
-  EXPECT_NE(nullptr, theApp.LoadOEMIcon(32516));             // OIC_NOTE
-  EXPECT_NE(nullptr, theApp.LoadIcon(AFX_IDI_STD_MDIFRAME)); // afx.dll's, through the chain
-  EXPECT_EQ(nullptr, theApp.LoadCursor(0x7FFF));
 }
 
 } // namespace
 
-TEST(AppWaitCursor, NestsAndPutsBackTheCursorSeenBefore) {
+// Resources by id come through the resource chain; the wait cursor nests
+// and puts back the cursor seen before.
+TEST(AppResources, IconsThroughTheChainAndTheWaitCursor) {
+  EXPECT_NE(nullptr, theApp.LoadIcon(AFX_IDI_STD_MDIFRAME)); // afx.dll's
+  EXPECT_EQ(nullptr, theApp.LoadCursor(0x7FFF));
   HCURSOR hcurArrow = ::LoadCursor(NULL, IDC_ARROW);
   ::SetCursor(hcurArrow);
   CCmdTarget target;
