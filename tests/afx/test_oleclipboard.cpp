@@ -141,34 +141,31 @@ protected:
   }
 };
 
-std::vector<CLIPFORMAT> Formats(COleDataObject& data) {
-  std::vector<CLIPFORMAT> formats;
-  data.BeginEnumFormats();
-  FORMATETC fmt;
-  while (data.GetNextFormat(&fmt)) {
-    formats.push_back(fmt.cfFormat);
-    CoTaskMemFree(fmt.ptd);
-  }
-  return formats;
-}
-
 } // namespace
 
-TEST_F(OleClipboardTest, ReadBackThroughAttachClipboard) {
+TEST_F(OleClipboardTest, ReadBackThenFlushedForEveryReader) {
   CFlagSource* pSource = MakeSource(&g_bDeleted);
   pSource->SetClipboard();
   EXPECT_EQ(pSource, COleDataSource::GetClipboardOwner());
   COleDataObject data;
   ASSERT_TRUE(data.AttachClipboard());
   EXPECT_EQ((std::vector<CLIPFORMAT>{CF_TEXT, BlobFormat()}), Formats(data));
-  HGLOBAL h = data.GetGlobalData(CF_TEXT);
-  EXPECT_STREQ(kText, BlockBytes(h).c_str());
+  HGLOBAL h = data.GetGlobalData(BlobFormat());
+  EXPECT_EQ(std::string(kBlob, kBlobSize), BlockBytes(h));
   GlobalFree(h);
   const CLIPFORMAT cfMissing = (CLIPFORMAT)RegisterClipboardFormatA("VRK afx ole not there");
   EXPECT_FALSE(data.IsDataAvailable(cfMissing));
   EXPECT_EQ((HGLOBAL)NULL, data.GetGlobalData(cfMissing));
   data.Release();
   EXPECT_FALSE(g_bDeleted); // still on the clipboard
+
+  // Flushing renders everything and lets the source go; the data stays for
+  // every reader.
+  COleDataSource::FlushClipboard();
+  EXPECT_TRUE(g_bDeleted);
+  EXPECT_EQ((COleDataSource*)NULL, COleDataSource::GetClipboardOwner());
+  EXPECT_EQ(kText, Win32ClipboardBytes(CF_TEXT, true));
+  EXPECT_EQ(std::string(kBlob, kBlobSize), Win32ClipboardBytes(BlobFormat(), false));
 }
 
 TEST_F(OleClipboardTest, AnotherProcessReadsTheData) {
@@ -193,21 +190,6 @@ TEST_F(OleClipboardTest, ABitmapCachedAsGlobalDataReachesTheClipboard) {
   EXPECT_EQ((int)sizeof(bm), nGot);
   EXPECT_EQ(9, bm.bmWidth);
   EXPECT_EQ(4, bm.bmHeight);
-}
-
-TEST_F(OleClipboardTest, FlushingRendersEverythingAndLetsTheSourceGo) {
-  MakeSource(&g_bDeleted)->SetClipboard();
-  COleDataSource::FlushClipboard();
-  EXPECT_TRUE(g_bDeleted);
-  EXPECT_EQ((COleDataSource*)NULL, COleDataSource::GetClipboardOwner());
-  // The data stays for every reader, with no source behind it.
-  EXPECT_EQ(kText, Win32ClipboardBytes(CF_TEXT, true));
-  EXPECT_EQ(std::string(kBlob, kBlobSize), Win32ClipboardBytes(BlobFormat(), false));
-  COleDataObject data;
-  ASSERT_TRUE(data.AttachClipboard());
-  HGLOBAL h = data.GetGlobalData(BlobFormat());
-  EXPECT_EQ(std::string(kBlob, kBlobSize), BlockBytes(h));
-  GlobalFree(h);
 }
 
 TEST_F(OleClipboardTest, DataOutlivesTheProcessThatPutIt) {

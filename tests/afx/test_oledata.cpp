@@ -1,7 +1,6 @@
 // COleDataSource and COleDataObject joined directly (no clipboard): the
-// formats offered and their order, copies handed out, delayed rendering,
-// streams and the source's reference count. (GDI media: the OLE clipboard
-// test's bitmap.)
+// formats offered and their order, copies handed out, delayed rendering and
+// streams. (GDI media and the source's life: the OLE clipboard test.)
 #include <afxole.h>
 
 #include <gtest/gtest.h>
@@ -20,13 +19,9 @@ struct OleEnv : ::testing::Environment {
 
 CLIPFORMAT TestFormat() { return (CLIPFORMAT)RegisterClipboardFormatA("VRK afx ole data test"); }
 
-// A source that says when it dies and renders two formats on request.
+// A source that renders two formats on request.
 class CTestSource : public COleDataSource {
 public:
-  explicit CTestSource(bool* pDeleted = NULL) : m_pDeleted(pDeleted) {}
-  ~CTestSource() override {
-    if (m_pDeleted != NULL) *m_pDeleted = true;
-  }
   BOOL OnRenderGlobalData(LPFORMATETC lpFormatEtc, HGLOBAL* phGlobal) override {
     m_nRenders++;
     if (lpFormatEtc->cfFormat != CF_TEXT) return FALSE;
@@ -46,21 +41,7 @@ public:
   }
 
   int m_nRenders = 0;
-
-private:
-  bool* m_pDeleted;
 };
-
-std::vector<CLIPFORMAT> Formats(COleDataObject& data) {
-  std::vector<CLIPFORMAT> formats;
-  data.BeginEnumFormats();
-  FORMATETC fmt;
-  while (data.GetNextFormat(&fmt)) {
-    formats.push_back(fmt.cfFormat);
-    CoTaskMemFree(fmt.ptd);
-  }
-  return formats;
-}
 
 } // namespace
 
@@ -188,22 +169,4 @@ TEST(OleDataDelayed, FileRenderingAsABlockOrAStream) {
   medium.pstm->Stat(&stat, STATFLAG_NONAME);
   EXPECT_EQ(10u, stat.cbSize.QuadPart); // exactly what was written
   ReleaseStgMedium(&medium);
-}
-
-TEST(OleDataRefs, TheLastReleaseDeletesTheSource) {
-  bool bDeleted = false;
-  CTestSource* pSource = new CTestSource(&bDeleted);
-  IDataObject* pData = NULL;
-  ASSERT_EQ(S_OK, ((IUnknown*)pSource->GetInterface(&IID_IUnknown))
-                      ->QueryInterface(IID_IDataObject, (void**)&pData));
-  {
-    COleDataObject data;
-    data.Attach(pData, TRUE); // takes the reference QueryInterface made
-  }
-  EXPECT_FALSE(bDeleted);
-  IEnumFORMATETC* pEnum = NULL;
-  EXPECT_EQ(E_NOINTERFACE, ((IUnknown*)pSource->GetInterface(&IID_IUnknown))
-                               ->QueryInterface(IID_IEnumFORMATETC, (void**)&pEnum));
-  EXPECT_EQ(0u, pSource->InternalRelease()); // the creator's reference
-  EXPECT_TRUE(bDeleted);
 }
