@@ -45,8 +45,9 @@ TEST(StringSharing, CopiesShareUntilOneIsWritten) {
 }
 
 // The MAKEINTRESOURCE form loads through the resource chain, which ends in
-// afx.dll; bad arguments fail cleanly.
-TEST(StringConstruct, ResourceIdLoadsAndBadArgumentsFailCleanly) {
+// afx.dll; bad arguments and indexes fail cleanly, the terminator is
+// readable.
+TEST(StringArguments, ResourceIdLoadsBadArgumentsAndIndexesFailCleanly) {
   EXPECT_STREQ("Out of memory.", CString(MAKEINTRESOURCEA(AFX_IDS_MEMORY_EXCEPTION)));
   CString s("keep");
   EXPECT_EQ(kArg, ThrownClass([&] { s.SetString(NULL, 3); }));
@@ -54,25 +55,17 @@ TEST(StringConstruct, ResourceIdLoadsAndBadArgumentsFailCleanly) {
   EXPECT_EQ(kArg, ThrownClass([&] { CString t("abc", -5); }));
   EXPECT_EQ(kMemory, ThrownClass([&] { s.GetBuffer(0x7FFFFFF0); }));
   EXPECT_EQ(kMemory, ThrownClass([&] { s.Preallocate(0x50000000); }));
-  EXPECT_STREQ("keep", s);
+  EXPECT_EQ(kArg, ThrownClass([&] { s.GetAt(5); }));
+  EXPECT_EQ(kArg, ThrownClass([&] { s.GetAt(-1); }));
+  EXPECT_EQ(kArg, ThrownClass([&] { s.SetAt(4, 'x'); }));
+  EXPECT_EQ(kArg, ThrownClass([&] { s.SetAt(-1, 'x'); }));
+  EXPECT_EQ('\0', s.GetAt(4));
   s.Append(NULL); // a null string appends nothing
   s += (LPCSTR)NULL;
-  EXPECT_STREQ("keep", s);
+  s.SetAt(3, 'n');
+  EXPECT_STREQ("keen", s);
   EXPECT_EQ(-1, s.Find((LPCSTR)NULL));
   EXPECT_EQ(0, CString("").Compare(NULL));
-}
-
-TEST(StringAccess, IndexesAreCheckedAndTheTerminatorIsReadable) {
-  CString s("abc");
-  EXPECT_EQ('b', s[1]);
-  EXPECT_EQ('c', s.GetAt(2));
-  EXPECT_EQ('\0', s.GetAt(3));
-  EXPECT_EQ(kArg, ThrownClass([&] { s.GetAt(4); }));
-  EXPECT_EQ(kArg, ThrownClass([&] { s.GetAt(-1); }));
-  EXPECT_EQ(kArg, ThrownClass([&] { s.SetAt(3, 'x'); }));
-  EXPECT_EQ(kArg, ThrownClass([&] { s.SetAt(-1, 'x'); }));
-  s.SetAt(2, 'Z');
-  EXPECT_STREQ("abZ", s);
 }
 
 TEST(StringConcat, AppendingItsOwnTextWorks) {
@@ -143,41 +136,38 @@ TEST(StringSearch, FindForms) {
 }
 
 TEST(StringChange, ReplaceRemoveInsertDeleteCountAndClamp) {
-  CString s("a-b-c-d");
-  EXPECT_EQ(3, s.Replace('-', '+'));
-  EXPECT_EQ(0, s.Replace('+', '+'));
-  EXPECT_EQ(3, s.Replace("+", "<->"));
-  EXPECT_STREQ("a<->b<->c<->d", s);
-  EXPECT_EQ(3, s.Replace("<->", ""));
-  EXPECT_EQ(0, s.Replace("", "x"));
-  EXPECT_EQ(1, s.Replace("bc", NULL));
-  EXPECT_STREQ("ad", s);
-  CString t("banana");
-  EXPECT_EQ(1, t.Replace("ana", "[ana]")); // matches do not overlap
-  EXPECT_STREQ("b[ana]na", t);
-  CString u("aaa");
-  CString shared = u;
-  EXPECT_EQ(3, u.Replace(u.Left(1), u)); // arguments from the string itself
-  EXPECT_STREQ("aaaaaaaaa", u);
-  EXPECT_STREQ("aaa", shared);
-  CString r("mississippi");
-  EXPECT_EQ(4, r.Remove('s'));
-  EXPECT_STREQ("miiippi", r);
-
-  CString i("SoccerBest");
-  EXPECT_EQ(13, i.Insert(6, "is "));
-  EXPECT_EQ(14, i.Insert(55, '!'));
-  EXPECT_EQ(15, i.Insert(-5, '>'));
-  EXPECT_STREQ(">Socceris Best!", i);
-  EXPECT_EQ(18, i.Insert(1, i.Left(3))); // its own text
-  EXPECT_STREQ(">>SoSocceris Best!", i);
-  CString d("Soccer is best");
-  EXPECT_EQ(11, d.Delete(6, 3));
-  EXPECT_EQ(6, d.Delete(6, 100));
-  EXPECT_EQ(6, d.Delete(10, 2));
-  EXPECT_EQ(5, d.Delete(-3));
-  EXPECT_EQ(5, d.Delete(1, -2));
-  EXPECT_STREQ("occer", d);
+  CString s("a-b-c-d"), t("banana"), u("aaa"), shared = u, r("mississippi");
+  CString i("SoccerBest"), d("Soccer is best");
+  // The counts and lengths returned, in order (a braced list is evaluated
+  // left to right).
+  const int got[] = {s.Replace('-', '+'),
+                     s.Replace('+', '+'),
+                     s.Replace("+", "<->"),
+                     s.Replace("<->", ""),
+                     s.Replace("", "x"),
+                     s.Replace("bc", NULL),
+                     t.Replace("ana", "[ana]"), // matches do not overlap
+                     u.Replace(u.Left(1), u),   // arguments from the string itself
+                     r.Remove('s'),
+                     i.Insert(6, "is "),
+                     i.Insert(55, '!'),
+                     i.Insert(-5, '>'),
+                     i.Insert(1, i.Left(3)),
+                     d.Delete(6, 3),
+                     d.Delete(6, 100),
+                     d.Delete(10, 2),
+                     d.Delete(-3),
+                     d.Delete(1, -2)};
+  const int expected[] = {3, 0, 3, 3, 0, 1, 1, 3, 4, 13, 14, 15, 18, 11, 6, 6, 5, 5};
+  for (size_t n = 0; n < sizeof(got) / sizeof(got[0]); n++)
+    EXPECT_EQ(expected[n], got[n]) << "case " << n;
+  ExpectAll({{s, "ad"},
+             {t, "b[ana]na"},
+             {u, "aaaaaaaaa"},
+             {shared, "aaa"},
+             {r, "miiippi"},
+             {i, ">>SoSocceris Best!"},
+             {d, "occer"}});
 }
 
 TEST(StringFormat, LongResultsAndOwnTextAsArgument) {
@@ -192,12 +182,10 @@ TEST(StringFormat, LongResultsAndOwnTextAsArgument) {
   EXPECT_EQ(kArg, ThrownClass([&] { s.Format((LPCSTR)NULL); }));
 }
 
-TEST(StringBuffer, GetAndReleaseBuffer) {
+TEST(StringBuffer, GetAndReleaseBufferBoundedByTheAllocation) {
   CString s("abc");
   strcpy(s.GetBuffer(20), "hello world");
   EXPECT_GE(s.GetAllocLength(), 20);
-  s.ReleaseBuffer();
-  EXPECT_EQ(11, s.GetLength());
   s.GetBuffer()[5] = '\0';
   s.ReleaseBuffer();
   EXPECT_STREQ("hello", s);
@@ -207,10 +195,8 @@ TEST(StringBuffer, GetAndReleaseBuffer) {
   EXPECT_STREQ("Je", s);
   s.Truncate(1);
   EXPECT_STREQ("J", s);
-}
 
-TEST(StringBuffer, ReleaseWithoutTerminatorOrTooLongIsBounded) {
-  CString s;
+  // Released without a terminator or too long: bounded by the allocation.
   char* p = s.GetBufferSetLength(4);
   memset(p, 'x', s.GetAllocLength() + 1); // overwrites the terminator too
   s.ReleaseBuffer();
@@ -234,29 +220,19 @@ protected:
 
 TEST_F(StringMbcs, SearchesAndEditsNeverSplitACharacter) {
   CString s("a\x83\x5C"
-            "b\\");
-  EXPECT_EQ(4, s.Find('\\'));
-  EXPECT_EQ(4, s.ReverseFind('\\'));
-  EXPECT_EQ(4, s.FindOneOf("\\"));
-  EXPECT_EQ(1, s.Find("\x83\x5C"));
-  CString t("\x83\x5C");
-  EXPECT_EQ(-1, t.Find('\\'));
-  EXPECT_EQ(-1, t.ReverseFind('\\'));
-  // Edits keep characters whole.
-  CString p("\x83\x5C\\");
-  EXPECT_EQ(1, p.Replace('\\', '/'));
-  EXPECT_STREQ("\x83\x5C/", p);
-  CString r("\x83\x5C\\\\");
-  EXPECT_EQ(2, r.Remove('\\'));
-  EXPECT_STREQ("\x83\x5C", r);
-  CString x("x\x83\x5C\\");
-  EXPECT_STREQ("x\x83\x5C", x.TrimRight('\\'));
-  CString v("\x83\x5C");
-  EXPECT_STREQ("\x83\x5C", v.TrimRight("\\"));
-  CString w("ab\x83\x5C");
-  EXPECT_STREQ("\x83\x5C"
-               "ba",
-               w.MakeReverse());
-  CString u("\x82\x61z");
-  EXPECT_STREQ("\x82\x61Z", u.MakeUpper()); // the trail byte 'a' stays
+            "b\\"),
+      t("\x83\x5C"), p("\x83\x5C\\"), r("\x83\x5C\\\\"), x("x\x83\x5C\\"), v("\x83\x5C"),
+      w("ab\x83\x5C"), u("\x82\x61z");
+  const int found[] = {s.Find('\\'), s.ReverseFind('\\'), s.FindOneOf("\\"),    s.Find("\x83\x5C"),
+                       t.Find('\\'), t.ReverseFind('\\'), p.Replace('\\', '/'), r.Remove('\\')};
+  const int expected[] = {4, 4, 4, 1, -1, -1, 1, 2};
+  for (size_t n = 0; n < sizeof(found) / sizeof(found[0]); n++)
+    EXPECT_EQ(expected[n], found[n]) << "case " << n;
+  ExpectAll({{p, "\x83\x5C/"},
+             {r, "\x83\x5C"},
+             {x.TrimRight('\\'), "x\x83\x5C"},
+             {v.TrimRight("\\"), "\x83\x5C"},
+             {w.MakeReverse(), "\x83\x5C"
+                               "ba"},
+             {u.MakeUpper(), "\x82\x61Z"}}); // the trail byte 'a' stays
 }
