@@ -179,24 +179,19 @@ TEST_F(DocTest, UpdateAllViewsReachesEveryViewButTheSender) {
                                 AFX_IDW_PANE_FIRST + 1, &context));
   ASSERT_TRUE(pViews[2]->Create(NULL, NULL, AFX_WS_DEFAULT_VIEW, CRect(0, 0, 10, 10), m_pFrame,
                                 AFX_IDW_PANE_FIRST + 2, &context));
-  int nViews = 0;
-  for (POSITION pos = m_pDoc->GetFirstViewPosition(); pos != NULL; nViews++)
-    EXPECT_EQ(pViews[nViews], m_pDoc->GetNextView(pos));
-  EXPECT_EQ(3, nViews);
-  int nBefore[3];
-  for (int i = 0; i < 3; i++)
-    nBefore[i] = pViews[i]->m_nUpdates;
+  for (CNoteView* pView : pViews)
+    pView->m_nUpdates = 0;
   m_pDoc->UpdateAllViews(pViews[1], 7);
-  EXPECT_EQ(nBefore[0] + 1, pViews[0]->m_nUpdates);
-  EXPECT_EQ(nBefore[1], pViews[1]->m_nUpdates);
-  EXPECT_EQ(nBefore[2] + 1, pViews[2]->m_nUpdates);
+  EXPECT_EQ(1, pViews[0]->m_nUpdates);
+  EXPECT_EQ(0, pViews[1]->m_nUpdates);
+  EXPECT_EQ(1, pViews[2]->m_nUpdates);
   EXPECT_EQ(pViews[1], pViews[2]->m_pLastSender);
   EXPECT_EQ(7, pViews[2]->m_lLastHint);
 
-  // A view that goes leaves the document's list.
+  // The views in the order they joined; one that goes leaves the list.
   pViews[2]->DestroyWindow();
   POSITION pos = m_pDoc->GetFirstViewPosition();
-  m_pDoc->GetNextView(pos);
+  EXPECT_EQ(pViews[0], m_pDoc->GetNextView(pos));
   EXPECT_EQ(pViews[1], m_pDoc->GetNextView(pos));
   EXPECT_EQ(NULL, pos);
 }
