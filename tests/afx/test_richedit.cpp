@@ -37,36 +37,14 @@ IMPLEMENT_DYNCREATE(CKeysDoc, CRichEditDoc)
 
 CKeysItem::CKeysItem(REOBJECT* preo, CKeysDoc* pDoc) : CRichEditCntrItem(preo, pDoc) {}
 
-// As the library's keyboard map sets itself up when s_bKeyboardMap is set;
-// otherwise a plain writable view. Prints what it holds.
+// A plain writable view that prints what it holds.
 class CKeysView : public CRichEditView {
   DECLARE_DYNCREATE(CKeysView)
 public:
-  static bool s_bKeyboardMap;
-
-  virtual void OnInitialUpdate() {
-    CRichEditView::OnInitialUpdate();
-    if (!s_bKeyboardMap) return;
-    CHARFORMAT cf;
-    memset(&cf, 0, sizeof(cf));
-    cf.cbSize = 60;
-    cf.dwMask = CFM_SIZE | CFM_FACE | CFM_UNDERLINE | CFM_BOLD;
-    cf.dwEffects = CFE_UNDERLINE;
-    cf.yHeight = 10;
-    strcpy(cf.szFaceName, "Courier");
-    SendMessage(EM_SETCHARFORMAT, SCF_DEFAULT, (LPARAM)&cf);
-    SendMessage(EM_REPLACESEL, FALSE, (LPARAM)kMapText);
-    SendMessage(EM_SETREADONLY, TRUE, 0);
-    SendMessage(EM_SETMODIFY, FALSE, 0);
-    SendMessage(EM_SETSEL, 0, 0);
-    GetDocument()->SetTitle("Keyboard Map");
-    SetMargins(CRect(720, 720, 720, 720));
-  }
   virtual BOOL OnPreparePrinting(CPrintInfo* pInfo) { return DoPreparePrinting(pInfo); }
 
   DECLARE_MESSAGE_MAP()
 };
-bool CKeysView::s_bKeyboardMap = false;
 IMPLEMENT_DYNCREATE(CKeysView, CRichEditView)
 BEGIN_MESSAGE_MAP(CKeysView, CRichEditView)
 ON_COMMAND(ID_FILE_PRINT_DIRECT, &CView::OnFilePrint)
@@ -100,7 +78,6 @@ protected:
     PumpAsApp();
   }
   void TearDown() override {
-    CKeysView::s_bKeyboardMap = false;
     POSITION pos = m_pTemplate->GetFirstDocPosition();
     while (pos != NULL)
       m_pTemplate->GetNextDoc(pos)->SetModifiedFlag(FALSE);
@@ -109,8 +86,7 @@ protected:
     delete theApp.m_pDocManager;
     theApp.m_pDocManager = NULL;
   }
-  CKeysDoc* Open(bool bKeyboardMap) {
-    CKeysView::s_bKeyboardMap = bKeyboardMap;
+  CKeysDoc* Open() {
     CKeysDoc* pDoc = (CKeysDoc*)m_pTemplate->OpenDocumentFile(NULL, TRUE);
     PumpAsApp();
     return pDoc;
@@ -129,12 +105,19 @@ protected:
 };
 
 TEST_F(RichEditTest, SerializeWritesAndReadsPlainTextAndRtf) {
-  CKeysDoc* pMap = Open(true);
-  CKeysDoc* pCopy = Open(false);
+  CKeysDoc* pMap = Open();
+  CKeysDoc* pCopy = Open();
   ASSERT_NE(nullptr, pMap);
   ASSERT_NE(nullptr, pCopy);
   CKeysView* pCopyView = ViewOf(pCopy);
-  EXPECT_EQ(CRect(720, 720, 11520, 15120), ViewOf(pMap)->GetPrintRect()); // letter, its margins
+  CHARFORMAT cf;
+  memset(&cf, 0, sizeof(cf));
+  cf.cbSize = sizeof(cf);
+  cf.dwMask = CFM_FACE | CFM_UNDERLINE;
+  cf.dwEffects = CFE_UNDERLINE;
+  strcpy(cf.szFaceName, "Courier");
+  ViewOf(pMap)->GetRichEditCtrl().SetDefaultCharFormat(cf);
+  ViewOf(pMap)->GetRichEditCtrl().SetWindowText(kMapText);
 
   // Plain text: the archive holds the text and nothing else.
   pMap->m_bRTF = pCopy->m_bRTF = FALSE;
@@ -154,7 +137,6 @@ TEST_F(RichEditTest, SerializeWritesAndReadsPlainTextAndRtf) {
   pCopy->DeleteContents();
   LoadBytes(rtf, [&](CArchive& ar) { pCopy->Serialize(ar); });
   EXPECT_STREQ(kMapShown, Text(pCopyView));
-  CHARFORMAT cf;
   memset(&cf, 0, sizeof(cf));
   pCopyView->GetRichEditCtrl().SetSel(8, 8);
   pCopyView->GetRichEditCtrl().GetSelectionCharFormat(cf);
@@ -162,8 +144,8 @@ TEST_F(RichEditTest, SerializeWritesAndReadsPlainTextAndRtf) {
   EXPECT_TRUE(cf.dwEffects & CFE_UNDERLINE);
 }
 
-TEST_F(RichEditTest, BadRtfLoadsWithoutACrash) {
-  CKeysDoc* pDoc = Open(false);
+TEST_F(RichEditTest, BadRtfLoadsAndAFailingFilesExceptionComesOutOfSerialize) {
+  CKeysDoc* pDoc = Open();
   ASSERT_NE(nullptr, pDoc);
   CKeysView* pView = ViewOf(pDoc);
 
@@ -177,14 +159,9 @@ TEST_F(RichEditTest, BadRtfLoadsWithoutACrash) {
     LoadBytes(psz, [&](CArchive& ar) { pDoc->Serialize(ar); });
     EXPECT_LE(0, pView->GetTextLength()) << psz;
   }
-}
 
-// A file that fails: its exception comes out of Serialize, loading and
-// storing (text longer than the archive's buffer reaches the file).
-TEST_F(RichEditTest, AFailingFilesExceptionComesOutOfSerialize) {
-  CKeysDoc* pDoc = Open(false);
-  ASSERT_NE(nullptr, pDoc);
-  CKeysView* pView = ViewOf(pDoc);
+  // A file that fails: its exception comes out of Serialize, loading and
+  // storing (text longer than the archive's buffer reaches the file).
   CFailingFile broken;
   {
     CArchive ar(&broken, CArchive::load);
@@ -208,7 +185,7 @@ TEST_F(RichEditTest, AFailingFilesExceptionComesOutOfSerialize) {
 TEST_F(RichEditTest, PrintsPageByPageOnThePrinter) {
   std::string spool = SpoolFile();
   ASSERT_FALSE(spool.empty()) << "the test prefix has no printer output file";
-  CKeysDoc* pDoc = Open(false);
+  CKeysDoc* pDoc = Open();
   ASSERT_NE(nullptr, pDoc);
   pDoc->SetTitle("Key Listing");
   CKeysView* pView = ViewOf(pDoc);
@@ -220,6 +197,7 @@ TEST_F(RichEditTest, PrintsPageByPageOnThePrinter) {
   strcpy(cf.szFaceName, "Courier New");
   ctrl.SetDefaultCharFormat(cf);
   pView->SetMargins(CRect(720, 720, 720, 720));
+  EXPECT_EQ(CRect(720, 720, 11520, 15120), pView->GetPrintRect()); // letter, its margins
 
   // Pages are laid out by the control (EM_FORMATRANGE), which some Wine
   // versions leave unimplemented: it then measures nothing and answers 0.
