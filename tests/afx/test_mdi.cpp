@@ -5,7 +5,7 @@
 #include <afxext.h>
 #include <gtest/gtest.h>
 
-#include "frame_testing.h"
+#include "mdi_testing.h"
 
 namespace {
 
@@ -31,32 +31,13 @@ public:
 };
 CMdiApp theApp;
 
-class MdiTest : public ::testing::Test {
+class MdiTest : public MdiAppTest {
 protected:
-  void SetUp() override {
-    m_pTemplate = new CMultiDocTemplate(IDR_SHEET, RUNTIME_CLASS(CSheetDoc),
-                                        RUNTIME_CLASS(CMDIChildWnd), RUNTIME_CLASS(CSheetView));
-    theApp.AddDocTemplate(m_pTemplate);
-    m_pMainFrame = new CMDIFrameWnd;
-    ASSERT_TRUE(m_pMainFrame->LoadFrame(IDR_MAINFRAME));
-    theApp.m_pMainWnd = m_pMainFrame;
-    m_pMainFrame->ShowWindow(SW_SHOW);
-    PumpAsApp();
-  }
-  void TearDown() override {
-    if (theApp.m_pMainWnd != NULL) theApp.m_pMainWnd->DestroyWindow();
-    PumpAsApp();
-    // The template goes with the application; this one only for the test.
-    delete theApp.m_pDocManager;
-    theApp.m_pDocManager = NULL;
-  }
+  MdiTest() : MdiAppTest(IDR_SHEET, RUNTIME_CLASS(CSheetDoc), RUNTIME_CLASS(CSheetView)) {}
   CSheetDoc* NewSheet() { return (CSheetDoc*)m_pTemplate->OpenDocumentFile(NULL); }
   static CMDIChildWnd* FrameOf(CDocument* pDoc) {
-    POSITION pos = pDoc->GetFirstViewPosition();
-    return (CMDIChildWnd*)pDoc->GetNextView(pos)->GetParentFrame();
+    return (CMDIChildWnd*)FirstView(pDoc)->GetParentFrame();
   }
-  CMultiDocTemplate* m_pTemplate = NULL;
-  CMDIFrameWnd* m_pMainFrame = NULL;
 };
 
 TEST_F(MdiTest, ChildrenShareTheTemplatesMenuAndAccelerators) {
@@ -135,7 +116,6 @@ TEST_F(MdiTest, WindowNewShowsTheDocumentInANumberedSecondFrame) {
   pActive->SendMessage(WM_CLOSE);
   EXPECT_EQ(nDeleted, g_nSheetsDeleted);
   EXPECT_STREQ("Sheet1", WindowText(FrameOf(pDoc)));
-  pDoc->SetModifiedFlag(FALSE);
 }
 
 } // namespace

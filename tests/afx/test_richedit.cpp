@@ -9,7 +9,7 @@
 
 #include "archive_bytes.h"
 #include "exception_probe.h"
-#include "frame_testing.h"
+#include "mdi_testing.h"
 #include "print_testing.h"
 #include "temp_dir.h"
 
@@ -65,43 +65,20 @@ public:
   virtual void Write(const void*, UINT) { AfxThrowFileException(CFileException::diskFull); }
 };
 
-class RichEditTest : public ::testing::Test {
+class RichEditTest : public MdiAppTest {
 protected:
-  void SetUp() override {
-    m_pTemplate = new CMultiDocTemplate(IDR_RICHDOC, RUNTIME_CLASS(CKeysDoc),
-                                        RUNTIME_CLASS(CMDIChildWnd), RUNTIME_CLASS(CKeysView));
-    theApp.AddDocTemplate(m_pTemplate);
-    m_pMainFrame = new CMDIFrameWnd;
-    ASSERT_TRUE(m_pMainFrame->LoadFrame(IDR_MAINFRAME));
-    theApp.m_pMainWnd = m_pMainFrame;
-    m_pMainFrame->ShowWindow(SW_SHOW);
-    PumpAsApp();
-  }
-  void TearDown() override {
-    POSITION pos = m_pTemplate->GetFirstDocPosition();
-    while (pos != NULL)
-      m_pTemplate->GetNextDoc(pos)->SetModifiedFlag(FALSE);
-    if (theApp.m_pMainWnd != NULL) theApp.m_pMainWnd->DestroyWindow();
-    PumpAsApp();
-    delete theApp.m_pDocManager;
-    theApp.m_pDocManager = NULL;
-  }
+  RichEditTest() : MdiAppTest(IDR_RICHDOC, RUNTIME_CLASS(CKeysDoc), RUNTIME_CLASS(CKeysView)) {}
   CKeysDoc* Open() {
     CKeysDoc* pDoc = (CKeysDoc*)m_pTemplate->OpenDocumentFile(NULL, TRUE);
     PumpAsApp();
     return pDoc;
   }
-  static CKeysView* ViewOf(CDocument* pDoc) {
-    POSITION pos = pDoc->GetFirstViewPosition();
-    return (CKeysView*)pDoc->GetNextView(pos);
-  }
+  static CKeysView* ViewOf(CDocument* pDoc) { return (CKeysView*)FirstView(pDoc); }
   static CString Text(CRichEditView* pView) {
     CString str;
     pView->GetRichEditCtrl().GetTextRange(0, -1, str);
     return str;
   }
-  CMultiDocTemplate* m_pTemplate = NULL;
-  CMDIFrameWnd* m_pMainFrame = NULL;
 };
 
 TEST_F(RichEditTest, SerializeWritesAndReadsPlainTextAndRtf) {
