@@ -29,10 +29,6 @@ void OnOtherThread(std::function<void()> fn) {
 
 } // namespace
 
-TEST(Semaphore, BadCountsRaiseResourceException) {
-  EXPECT_EQ(ThrownClass([] { CSemaphore sem(5, 1); }), RUNTIME_CLASS(CResourceException));
-}
-
 TEST(SingleLock, LocksUnlocksAndReleasesOnDestruction) {
   CMutex mutex;
   {
@@ -54,20 +50,19 @@ TEST(SingleLock, LocksUnlocksAndReleasesOnDestruction) {
   EXPECT_TRUE(otherGotIt);
 }
 
-TEST(MultiLock, WaitAnyReportsWhichObject) {
+// Waiting for any reports which object; all mutexes held are released,
+// also past the objects the lock keeps inline.
+TEST(MultiLock, WaitAnyReportsWhichObjectAndHeldMutexesAreReleased) {
   CEvent a, b, c;
-  CSyncObject* objects[] = {&a, &b, &c};
-  CMultiLock lock(objects, 3);
-  EXPECT_EQ(lock.Lock(0, FALSE), (DWORD)WAIT_TIMEOUT);
+  CSyncObject* events[] = {&a, &b, &c};
+  CMultiLock any(events, 3);
+  EXPECT_EQ(any.Lock(0, FALSE), (DWORD)WAIT_TIMEOUT);
   c.SetEvent();
-  EXPECT_EQ(lock.Lock(0, FALSE), (DWORD)(WAIT_OBJECT_0 + 2));
-  EXPECT_FALSE(lock.IsLocked(0));
-  EXPECT_TRUE(lock.IsLocked(2));
-  EXPECT_FALSE(lock.IsLocked(3)); // out of range
-}
+  EXPECT_EQ(any.Lock(0, FALSE), (DWORD)(WAIT_OBJECT_0 + 2));
+  EXPECT_FALSE(any.IsLocked(0));
+  EXPECT_TRUE(any.IsLocked(2));
+  EXPECT_FALSE(any.IsLocked(3)); // out of range
 
-TEST(MultiLock, ReleasesMutexesAndManyObjects) {
-  // More objects than the lock keeps inline.
   CMutex mutexes[10];
   CSyncObject* objects[10];
   for (int i = 0; i < 10; i++)
@@ -90,7 +85,8 @@ TEST(MultiLock, ReleasesMutexesAndManyObjects) {
   EXPECT_TRUE(otherGotAll);
 }
 
-TEST(MultiLock, BadArgumentsRaiseInvalidArg) {
+TEST(MultiLock, BadArgumentsRaiseInvalidArgBadCountsAResourceException) {
+  EXPECT_EQ(ThrownClass([] { CSemaphore sem(5, 1); }), RUNTIME_CLASS(CResourceException));
   CEvent a;
   CSyncObject* objects[] = {&a, NULL};
   EXPECT_EQ(ThrownClass([&] { CMultiLock lock(NULL, 1); }), RUNTIME_CLASS(CInvalidArgException));
