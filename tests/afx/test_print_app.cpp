@@ -5,21 +5,11 @@
 #include <afxprint_.h>
 #include <gtest/gtest.h>
 
-#include <string>
-
-#include "dlg_driver.h"
 #include "print_testing.h"
 
 namespace {
 
 bool IsFreed(HGLOBAL h) { return ::GlobalFlags(h) == GMEM_INVALID_HANDLE; }
-
-int DevModeCopies(HGLOBAL hDevMode) {
-  const DEVMODE* p = (const DEVMODE*)::GlobalLock(hDevMode);
-  int n = p->dmCopies;
-  ::GlobalUnlock(hDevMode);
-  return n;
-}
 
 class AppPrinter : public ::testing::Test {
 protected:
@@ -80,8 +70,8 @@ public:
     m_hNamesIn = m_pd.hDevNames;
     m_hModeIn = m_pd.hDevMode;
     if (m_hModeIn != NULL) {
-      m_nCopiesIn = DevModeCopies(m_hModeIn);
       DEVMODE* p = (DEVMODE*)::GlobalLock(m_pd.hDevMode);
+      m_nCopiesIn = p->dmCopies;
       p->dmCopies = m_nCopiesChosen;
       ::GlobalUnlock(m_pd.hDevMode);
     }
