@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include "bar_testing.h"
-#include "exception_probe.h"
 
 namespace {
 

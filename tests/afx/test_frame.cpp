@@ -5,8 +5,6 @@
 #include <afxext.h>
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "frame_testing.h"
 
 namespace {

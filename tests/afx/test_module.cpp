@@ -1,7 +1,6 @@
 // The module state and the resource chain with real extension modules, and
 // the application object with its settings in the registry and in INI files.
 #include <afxwin.h>
-#include <afxres.h>
 #include <gtest/gtest.h>
 
 #include "fixture_ids.h"
