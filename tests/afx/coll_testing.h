@@ -24,8 +24,8 @@ template <class E, class F> bool ThrowsMfc(F f) {
 
 // Counts live instances; copies and assignments keep the value.
 struct Counted {
-  static int s_live;
-  static int s_constructed;
+  inline static int s_live = 0;
+  inline static int s_constructed = 0;
   int value;
   Counted() : value(-1) { ++s_live, ++s_constructed; }
   Counted(int v) : value(v) { ++s_live, ++s_constructed; }

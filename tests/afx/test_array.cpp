@@ -8,9 +8,6 @@
 
 #include "coll_testing.h"
 
-int Counted::s_live = 0;
-int Counted::s_constructed = 0;
-
 // Adds elements until the block moves; returns the size at which it moved.
 template <class ARR> static INT_PTR SizeWhenBlockMoves(ARR& a) {
   const void* p = a.GetData();

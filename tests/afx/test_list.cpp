@@ -7,9 +7,6 @@
 
 #include "coll_testing.h"
 
-int Counted::s_live = 0;
-int Counted::s_constructed = 0;
-
 // The list's elements head to tail, and tail to head reversed, joined by ','.
 template <class LIST> static std::string Forward(const LIST& l) {
   std::string s;
