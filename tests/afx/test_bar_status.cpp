@@ -94,7 +94,9 @@ TEST_F(StatusBarTest, IndicatorsShowTheirStringsInPanesSizedToThem) {
   EXPECT_EQ(600, rights[3]);
 }
 
-TEST_F(StatusBarTest, MissingStringOrTooManyPanesKeepTheOldIndicators) {
+// A missing string or too many panes keep the old indicators; an index
+// outside the panes is an invalid argument.
+TEST_F(StatusBarTest, BadIndicatorsAndIndexesAreRefused) {
   CStatusBar bar;
   Place(bar);
   const UINT bad[] = {ID_SEPARATOR, IDS_MISSING};
@@ -109,11 +111,6 @@ TEST_F(StatusBarTest, MissingStringOrTooManyPanesKeepTheOldIndicators) {
   ASSERT_TRUE(early.SetIndicators(kIndicators, 4));
   ASSERT_TRUE(early.Create(&m_parent));
   EXPECT_EQ("NUM", Shown(early, 2));
-}
-
-TEST_F(StatusBarTest, IndexOutsideThePanesIsAnInvalidArgument) {
-  CStatusBar bar;
-  Place(bar);
   EXPECT_EQ(RUNTIME_CLASS(CInvalidArgException), ThrownClass([&] { bar.GetPaneText(4); }));
   EXPECT_EQ(RUNTIME_CLASS(CInvalidArgException), ThrownClass([&] { bar.SetPaneText(-1, "x"); }));
   EXPECT_EQ(RUNTIME_CLASS(CInvalidArgException),
