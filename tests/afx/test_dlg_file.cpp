@@ -13,33 +13,11 @@
 
 namespace {
 
-// The filter as the system sees it: the bytes up to the double '\0'.
-std::string FilterBytes(LPCTSTR pszFilter) {
-  std::string bytes;
-  const char* p = pszFilter;
-  while (*p != '\0') {
-    bytes.append(p, strlen(p) + 1);
-    p += strlen(p) + 1;
-  }
-  return bytes + '\0';
-}
-
-// Types a name into the dialog's file name box and presses OK.
-DialogDriver::Action TypeAndOK(const std::string& name) {
-  return [name](HWND hDlg) {
-    // The explorer-style dialog's name box is a combo box (cmb13); older
-    // forms have an edit (edt1).
-    HWND hName = ::GetDlgItem(hDlg, cmb13);
-    if (hName == NULL) hName = ::GetDlgItem(hDlg, edt1);
-    ::SetWindowTextA(hName, name.c_str());
-    DialogDriver::Press(hDlg, IDOK);
-  };
-}
-
+// The filter as the system sees it, up to the double '\0'.
 TEST(FileDialog, FilterAndInitialNameInTheStructure) {
   CFileDialog dlg(TRUE, NULL, NULL, 0, "Text (*.txt)|*.txt|All files (*.*)|*.*||");
   EXPECT_EQ(std::string("Text (*.txt)\0*.txt\0All files (*.*)\0*.*\0\0", 40),
-            FilterBytes(dlg.m_ofn.lpstrFilter));
+            std::string(dlg.m_ofn.lpstrFilter, 40));
   // Without the closing bars the list still ends with two '\0's.
   CFileDialog open(TRUE, NULL, NULL, 0, "Bitmaps|*.bmp");
   EXPECT_EQ(std::string("Bitmaps\0*.bmp\0\0", 15), std::string(open.m_ofn.lpstrFilter, 15));
@@ -48,12 +26,6 @@ TEST(FileDialog, FilterAndInitialNameInTheStructure) {
   CFileDialog longName(TRUE, NULL, name.c_str());
   EXPECT_EQ((size_t)_MAX_PATH - 1, strlen(longName.m_ofn.lpstrFile));
 }
-
-class FileDialogDriven : public ::testing::Test {
-protected:
-  TempDir m_dir;
-  DialogDriver m_driver;
-};
 
 // Records what the hook-based virtuals saw while the dialog was shown, and
 // refuses the first name it is offered.
@@ -81,11 +53,16 @@ public:
   }
 };
 
-TEST_F(FileDialogDriven, VirtualsSeeTheShownDialogAndCanRefuseAName) {
+TEST(FileDialog, VirtualsSeeTheShownDialogAndCanRefuseAName) {
+  TempDir dir;
+  DialogDriver driver;
   CCheckingFileDialog dlg;
-  dlg.m_ofn.lpstrInitialDir = m_dir.Path().c_str();
-  m_driver.Then([](HWND hDlg) {
-    TypeAndOK("first")(hDlg);
+  dlg.m_ofn.lpstrInitialDir = dir.Path().c_str();
+  driver.Then([](HWND hDlg) {
+    // The explorer-style dialog's name box is a combo box (cmb13); older
+    // forms have an edit (edt1).
+    ::SetDlgItemTextA(hDlg, ::GetDlgItem(hDlg, cmb13) ? cmb13 : edt1, "first");
+    DialogDriver::Press(hDlg, IDOK);
     // Still open after the refusal: the second press is accepted.
     DialogDriver::Press(hDlg, IDOK);
   });
@@ -96,10 +73,10 @@ TEST_F(FileDialogDriven, VirtualsSeeTheShownDialogAndCanRefuseAName) {
   EXPECT_EQ(2, dlg.m_nFileOK);
   // While shown, the dialog's own text (the default extension may not be
   // added yet).
-  EXPECT_EQ(0, dlg.m_strPathSeen.Find(m_dir.File("first").c_str()));
-  EXPECT_EQ(CString(m_dir.Path().c_str()), dlg.m_strFolderSeen);
+  EXPECT_EQ(0, dlg.m_strPathSeen.Find(dir.File("first").c_str()));
+  EXPECT_EQ(CString(dir.Path().c_str()), dlg.m_strFolderSeen);
   EXPECT_EQ(0, dlg.m_strNameSeen.Find("first"));
-  EXPECT_EQ(CString(m_dir.File("first.log").c_str()), dlg.GetPathName());
+  EXPECT_EQ(CString(dir.File("first.log").c_str()), dlg.GetPathName());
   EXPECT_EQ(CString("first.log"), dlg.GetFileName());
   EXPECT_EQ(CString("log"), dlg.GetFileExt());
   EXPECT_EQ(CString("first"), dlg.GetFileTitle());
