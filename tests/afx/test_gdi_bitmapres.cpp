@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "gdi_canvas.h"
 #include "temp_dir.h"
 
 namespace {
@@ -74,25 +75,6 @@ private:
   HMODULE m_hModule;
 };
 
-// The bitmap's pixels as 0x00RRGGBB, top row first.
-std::vector<COLORREF> Pixels(HBITMAP hBitmap, int nWidth, int nHeight) {
-  BITMAPINFO bmi;
-  memset(&bmi, 0, sizeof(bmi));
-  bmi.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
-  bmi.bmiHeader.biWidth = nWidth;
-  bmi.bmiHeader.biHeight = -nHeight;
-  bmi.bmiHeader.biPlanes = 1;
-  bmi.bmiHeader.biBitCount = 32;
-  std::vector<DWORD> raw(nWidth * nHeight);
-  HDC hDC = ::GetDC(NULL);
-  ::GetDIBits(hDC, hBitmap, 0, nHeight, raw.data(), &bmi, DIB_RGB_COLORS);
-  ::ReleaseDC(NULL, hDC);
-  std::vector<COLORREF> pixels;
-  for (DWORD v : raw)
-    pixels.push_back(RGB((v >> 16) & 0xFF, (v >> 8) & 0xFF, v & 0xFF));
-  return pixels;
-}
-
 // Five colours: the four standard ones and a red that no rule maps.
 const std::vector<RGBQUAD> kColors = {Quad(0, 0, 0), Quad(0x80, 0x80, 0x80), Quad(0xC0, 0xC0, 0xC0),
                                       Quad(0xFF, 0xFF, 0xFF), Quad(0xFF, 0, 0)};
@@ -107,18 +89,22 @@ TEST(SysColorBitmap, StandardColoursBecomeSystemColours) {
   module.Add(1, MakeDib(5, 1, 4, kColors, kRow, 5));
   ASSERT_TRUE(module.Load() != NULL);
 
-  HBITMAP hBitmap = module.LoadSysColor(1);
-  ASSERT_TRUE(hBitmap != NULL);
-  std::vector<COLORREF> pixels = Pixels(hBitmap, 5, 1);
+  CBitmap bitmap;
+  ASSERT_TRUE(bitmap.Attach(module.LoadSysColor(1)));
+  Canvas pixels(5, 1); // the bitmap copied onto a canvas read from memory
+  CDC dc;
+  dc.CreateCompatibleDC(NULL);
+  CBitmap* pOld = dc.SelectObject(&bitmap);
+  pixels.DC().BitBlt(0, 0, 5, 1, &dc, 0, 0, SRCCOPY);
+  dc.SelectObject(pOld);
   // The system's button face is not the resource's light grey here, so a
   // bitmap loaded without remapping would show.
   ASSERT_NE(RGB(0xC0, 0xC0, 0xC0), ::GetSysColor(COLOR_BTNFACE));
-  EXPECT_EQ(::GetSysColor(COLOR_BTNTEXT), pixels[0]);
-  EXPECT_EQ(::GetSysColor(COLOR_BTNSHADOW), pixels[1]);
-  EXPECT_EQ(::GetSysColor(COLOR_BTNFACE), pixels[2]);
-  EXPECT_EQ(::GetSysColor(COLOR_BTNHIGHLIGHT), pixels[3]);
-  EXPECT_EQ(RGB(0xFF, 0, 0), pixels[4]);
-  ::DeleteObject(hBitmap);
+  EXPECT_EQ(::GetSysColor(COLOR_BTNTEXT), pixels.At(0, 0));
+  EXPECT_EQ(::GetSysColor(COLOR_BTNSHADOW), pixels.At(1, 0));
+  EXPECT_EQ(::GetSysColor(COLOR_BTNFACE), pixels.At(2, 0));
+  EXPECT_EQ(::GetSysColor(COLOR_BTNHIGHLIGHT), pixels.At(3, 0));
+  EXPECT_EQ(RGB(0xFF, 0, 0), pixels.At(4, 0));
 }
 
 TEST(SysColorBitmap, DamagedOrUnsuitableResourcesAreRefused) {
