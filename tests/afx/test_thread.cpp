@@ -56,20 +56,18 @@ TEST(WorkerThread, RunsProcWithParamAndItsExitCode) {
   EXPECT_EQ((HANDLE)*pThread, pThread->m_hThread);
   pThread->ResumeThread();
   EXPECT_EQ(Finish(pThread), 17u);
-  EXPECT_EQ(data.ran, 1);
   EXPECT_EQ(data.seenThread, pThread); // AfxGetThread inside the worker
   EXPECT_EQ(data.seenParam, &data);
   EXPECT_NE(data.seenState, nullptr); // a thread state of its own
   EXPECT_NE(data.seenState, pMine);
-}
 
-TEST(WorkerThread, AutoDeleteDeletesTheObjectAtThreadEnd) {
+  // With m_bAutoDelete, the object goes at the thread's end.
   HANDLE hDeleted = CreateEvent(NULL, TRUE, FALSE, NULL);
-  WorkerData data;
-  CTrackedThread* pThread = new CTrackedThread(RecordingProc, &data, hDeleted);
-  ASSERT_TRUE(pThread->CreateThread());
+  WorkerData again;
+  CTrackedThread* pTracked = new CTrackedThread(RecordingProc, &again, hDeleted);
+  ASSERT_TRUE(pTracked->CreateThread());
   EXPECT_EQ(WaitForSingleObject(hDeleted, 10000), (DWORD)WAIT_OBJECT_0);
-  EXPECT_EQ(data.ran, 1);
+  EXPECT_EQ(again.ran, 1);
   CloseHandle(hDeleted);
 }
 
