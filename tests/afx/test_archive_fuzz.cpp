@@ -230,20 +230,15 @@ const size_t kAllocationBound = 128 * 1024;
 
 } // namespace
 
-TEST(ArchiveFuzz, ValidArchiveLoadsEveryWay) {
-  std::string bytes = BuildArchive();
-  for (int way = 0; way < 3; ++way) {
-    std::string problem;
-    std::string copy = bytes;
-    EXPECT_EQ(kLoaded, Load(copy, way, &problem)) << way;
-    EXPECT_EQ("", problem);
-  }
-}
-
 TEST(ArchiveFuzz, MutationsLoadOrFailCleanlyWithBoundedAllocation) {
   ASSERT_TRUE(InstallHooks());
   const std::string valid = BuildArchive();
   ASSERT_GT(valid.size(), 350u);
+  for (int way = 0; way < 3; ++way) { // unharmed, it loads every way
+    std::string problem, copy = valid;
+    EXPECT_EQ(kLoaded, Load(copy, way, &problem)) << way;
+    EXPECT_EQ("", problem);
+  }
   const DWORD kMagic[] = {0xFFFFFFFF, 0x7FFFFFFF, 0x0000FFFF, 0xFFFE00FF,
                           0x80008000, 0x7FFF7FFF, 0x3FFFFFFE, 0x00FFFFFF};
 
