@@ -1,14 +1,14 @@
-// The colour dialog: the initial colour comes back on OK, Cancel says so,
-// and every dialog shares the process's custom colours.
+// The colour dialog: the initial colour comes back on OK, and every dialog
+// shares the process's custom colours. (The wizard application's test
+// cancels one from its View menu.)
 #include <afxdlgs.h>
 #include <gtest/gtest.h>
 
 #include "dlg_driver.h"
 
-TEST(ColorDialog, OkGivesTheColourCancelSaysSo) {
+TEST(ColorDialog, OkGivesTheColourAndCustomColoursAreShared) {
   DialogDriver driver;
   driver.Then([](HWND hDlg) { DialogDriver::Press(hDlg, IDOK); });
-  driver.Then([](HWND hDlg) { DialogDriver::Press(hDlg, IDCANCEL); });
   CColorDialog dlg(RGB(10, 20, 30), CC_FULLOPEN);
   EXPECT_EQ((DWORD)(CC_FULLOPEN | CC_RGBINIT | CC_ENABLEHOOK), dlg.m_cc.Flags);
   EXPECT_EQ(CColorDialog::GetSavedCustomColors(), dlg.m_cc.lpCustColors);
@@ -16,7 +16,5 @@ TEST(ColorDialog, OkGivesTheColourCancelSaysSo) {
   ASSERT_EQ(IDOK, dlg.DoModal());
   EXPECT_EQ(RGB(10, 20, 30), dlg.GetColor());
   CColorDialog other;
-  EXPECT_EQ(IDCANCEL, other.DoModal());
-  ASSERT_EQ(2u, driver.Captions().size());
   EXPECT_EQ(dlg.m_cc.lpCustColors, other.m_cc.lpCustColors);
 }
