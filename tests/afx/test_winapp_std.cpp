@@ -19,9 +19,7 @@ TEST(CommandLine, ParamsAndFlags) {
     std::vector<const char*> params; // a leading '/' is a flag
     int nShellCommand;
     const char* file;
-  } cases[] = {{{}, CCommandLineInfo::FileNew, ""},
-               {{"notes.txt"}, CCommandLineInfo::FileOpen, "notes.txt"},
-               {{"/p", "a.txt"}, CCommandLineInfo::FilePrint, "a.txt"},
+  } cases[] = {{{"/p", "a.txt"}, CCommandLineInfo::FilePrint, "a.txt"},
                {{"/Unregister"}, CCommandLineInfo::AppUnregister, ""},
                {{"/Embedding", "b.txt"}, CCommandLineInfo::FileOpen, "b.txt"}};
   for (const auto& c : cases) {
