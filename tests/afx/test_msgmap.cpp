@@ -156,7 +156,7 @@ TEST_F(CommandTest, NotificationsAndColoursAreReflectedToTheControl) {
   EXPECT_EQ(expected, m_wnd.log);
   m_wnd.log.clear();
 
-  // Colours and owner draw reach the control too.
+  // Colours reach the control too.
   button.hBrush = (HBRUSH)::GetStockObject(GRAY_BRUSH);
   HDC hdc = ::GetDC(m_wnd.m_hWnd);
   LRESULT lBrush = m_wnd.SendMessage(WM_CTLCOLORBTN, (WPARAM)hdc, (LPARAM)button.m_hWnd);
