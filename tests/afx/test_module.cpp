@@ -73,14 +73,6 @@ TEST_F(ResourceChain, ExtensionModuleJoinsWhileLoaded) {
   EXPECT_STREQ(pObject->GetRuntimeClass()->m_lpszClassName, "CFixtureShape");
   delete pObject;
 
-  // The module's state as AfxInitExtensionModule filled it.
-  typedef AFX_EXTENSION_MODULE*(__cdecl * StateFn)();
-  StateFn pfnState = (StateFn)GetProcAddress(hExt, "FixtureModuleState");
-  ASSERT_NE(pfnState, nullptr);
-  EXPECT_TRUE(pfnState()->bInitialized);
-  EXPECT_EQ(pfnState()->hModule, hExt);
-  EXPECT_EQ(pfnState()->hResource, hExt);
-
   EXPECT_TRUE(AfxFreeLibrary(hExt));
   EXPECT_EQ(ChainLength(), 0);
   EXPECT_EQ(LoadText(IDS_FIXTURE_EXT_ONLY), "");
