@@ -127,7 +127,7 @@ TEST(OleDataCache, AStreamsClaimedSizeIsNotTrusted) {
   EXPECT_EQ(0u, stream.m_nRef); // the source released what it was given
 }
 
-TEST(OleDataDelayed, RenderedOnEveryRequest) {
+TEST(OleDataDelayed, RenderedOnEveryRequestAsABlockOrAStream) {
   CTestSource source;
   source.DelayRenderData(CF_TEXT);
   COleDataObject data;
@@ -149,20 +149,15 @@ TEST(OleDataDelayed, RenderedOnEveryRequest) {
   EXPECT_EQ(S_OK, pData->GetDataHere(&fmt, &medium));
   EXPECT_EQ(std::string("rendered\0\0\0\0", 12), BlockBytes(medium.hGlobal));
   GlobalFree(medium.hGlobal);
-}
 
-TEST(OleDataDelayed, FileRenderingAsABlockOrAStream) {
-  CTestSource source;
+  // Rendered into a file: given as a block or as a stream of its length.
   source.DelayRenderFileData(TestFormat());
-  COleDataObject data;
-  data.Attach((LPDATAOBJECT)source.GetInterface(&IID_IDataObject), FALSE);
-  HGLOBAL h = data.GetGlobalData(TestFormat());
+  h = data.GetGlobalData(TestFormat());
   ASSERT_NE((HGLOBAL)NULL, h);
   EXPECT_EQ(std::string("file bytes"), BlockBytes(h).substr(0, 10));
   GlobalFree(h);
 
-  FORMATETC fmt = {TestFormat(), NULL, DVASPECT_CONTENT, -1, TYMED_ISTREAM};
-  STGMEDIUM medium;
+  fmt = {TestFormat(), NULL, DVASPECT_CONTENT, -1, TYMED_ISTREAM};
   ASSERT_TRUE(data.GetData(TestFormat(), &medium, &fmt));
   ASSERT_EQ((DWORD)TYMED_ISTREAM, medium.tymed);
   STATSTG stat;
