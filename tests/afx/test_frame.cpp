@@ -58,7 +58,7 @@ protected:
   HWND m_hWndFrame = NULL;
 };
 
-TEST_F(FrameTest, LoadFrameTakesTitleMenuAndIconFromOneId) {
+TEST_F(FrameTest, LoadFrameTakesTitleMenuAndIconFromOneIdAndFailsWithoutAMenu) {
   CTestFrame* pFrame = Load();
   ASSERT_NE(nullptr, pFrame);
   EXPECT_STREQ("Frame Test", WindowText(pFrame)); // the first "\n" field only
@@ -70,12 +70,10 @@ TEST_F(FrameTest, LoadFrameTakesTitleMenuAndIconFromOneId) {
   HICON hIcon = ::LoadIcon(::GetModuleHandle(NULL), MAKEINTRESOURCE(IDR_FRAME));
   ASSERT_NE(nullptr, hIcon);
   EXPECT_EQ((ULONG_PTR)hIcon, ::GetClassLongPtr(pFrame->m_hWnd, GCLP_HICON));
-}
 
-TEST_F(FrameTest, MissingMenuFailsTheLoadAndDeletesTheFrame) {
+  // A missing menu fails the load, and the frame deletes itself.
   int nDeletedBefore = g_nFramesDeleted;
-  CTestFrame* pFrame = new CTestFrame;
-  EXPECT_FALSE(pFrame->LoadFrame(IDR_NOMENU));
+  EXPECT_FALSE((new CTestFrame)->LoadFrame(IDR_NOMENU));
   EXPECT_EQ(nDeletedBefore + 1, g_nFramesDeleted);
 }
 
