@@ -95,7 +95,7 @@ static std::string Join(const CArray<int, int>& a) {
   return s;
 }
 
-TEST(ArrayEdit, InsertRemoveAppendCopy) {
+TEST(ArrayEdit, InsertRemoveAppendCopyAlsoFromItsOwnElements) {
   CArray<int, int> a, b;
   for (int i = 1; i <= 3; i++)
     a.Add(i);
@@ -116,16 +116,15 @@ TEST(ArrayEdit, InsertRemoveAppendCopy) {
   EXPECT_EQ(Join(a), Join(b));
   a.SetAtGrow(10, 42);
   EXPECT_EQ("100,200,1,0,0,5,100,200,0,0,42", Join(a));
-}
 
-TEST(ArrayEdit, ElementOfTheArrayAsArgumentSurvivesReallocation) {
-  CArray<CString, const CString&> a;
-  a.Add(CString("first, long enough to have its own buffer"));
+  // An element of the array as the argument survives the reallocation.
+  CArray<CString, const CString&> s;
+  s.Add(CString("first, long enough to have its own buffer"));
   for (int i = 0; i < 100; i++)
-    a.Add(a[0]);
-  a.InsertAt(0, a[a.GetUpperBound()], 50);
-  for (INT_PTR i = 0; i < a.GetSize(); i++)
-    ASSERT_STREQ("first, long enough to have its own buffer", a[i]);
+    s.Add(s[0]);
+  s.InsertAt(0, s[s.GetUpperBound()], 50);
+  for (INT_PTR i = 0; i < s.GetSize(); i++)
+    ASSERT_STREQ("first, long enough to have its own buffer", s[i]);
 }
 
 TEST(ArrayErrors, BadIndexesAndSizesThrow) {

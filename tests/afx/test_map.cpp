@@ -28,7 +28,7 @@ TEST(MapHash, KeysHashAsMfc9) {
   EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([] { HashKey<LPCSTR>(NULL); }));
 }
 
-TEST(Map, LookupSetAtIndexingAndRemoval) {
+TEST(Map, LookupSetAtIndexingRemovalAndNewValuesZero) {
   CMap<int, int, CString, LPCTSTR> m;
   EXPECT_EQ(17u, m.GetHashTableSize());
   CString value;
@@ -56,17 +56,16 @@ TEST(Map, LookupSetAtIndexingAndRemoval) {
   EXPECT_TRUE(byName.Lookup("again", n));
   byName.RemoveAll();
   EXPECT_FALSE(byName.Lookup("again", n));
-}
 
-TEST(Map, NewValuesAreZeroEvenInReusedAssociations) {
-  CMap<int, int, int, int> m(2);
+  // New values are zero, also in associations reused after removals.
+  CMap<int, int, int, int> numbers(2);
   for (int i = 0; i < 6; i++)
-    m[i] = 1000 + i;
-  m.RemoveKey(2);
-  m.RemoveKey(4);
-  EXPECT_EQ(0, m[50]);
-  EXPECT_EQ(0, m[51]);
-  EXPECT_EQ(6, m.GetCount());
+    numbers[i] = 1000 + i;
+  numbers.RemoveKey(2);
+  numbers.RemoveKey(4);
+  EXPECT_EQ(0, numbers[50]);
+  EXPECT_EQ(0, numbers[51]);
+  EXPECT_EQ(6, numbers.GetCount());
 }
 
 TEST(Map, IterationFollowsBucketsThenNewestFirst) {
