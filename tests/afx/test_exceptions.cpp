@@ -121,7 +121,7 @@ TEST(ExceptionCause, OsErrorsAndErrnoValues) {
             FileCause([] { CFileException::ThrowErrno(ENOENT, "f"); }));
 }
 
-TEST(ExceptionMacros, AndCatchAndCatchAllPickTheRightHandler) {
+TEST(ExceptionMacros, AndCatchAndCatchAllPickTheRightHandlerEnsureThrowsWhenFalse) {
   int which = 0;
   TRY { AfxThrowFileException(CFileException::badSeek); }
   CATCH(CMemoryException, e) { which = 1; }
@@ -139,9 +139,8 @@ TEST(ExceptionMacros, AndCatchAndCatchAllPickTheRightHandler) {
   END_CATCH_ALL
   EXPECT_EQ(4, which);
   EXPECT_EQ(1, CCountedException::s_nDestroyed);
-}
 
-TEST(ExceptionMacros, EnsureThrowsAnInvalidArgumentOnlyWhenFalse) {
+  // ENSURE throws an invalid argument only when false.
   static const int BASED_CODE values[] = {1, 0}; // BASED_CODE is nothing on Win32
   ENSURE(values[0] == 1);
   EXPECT_THROW(ENSURE(values[1] == 1), CInvalidArgException*);
