@@ -16,7 +16,7 @@ protected:
   CWinApp m_app{"PrintTest"};
 };
 
-TEST_F(AppPrinter, SelectPrinterFreesWhatItReplaces) {
+TEST_F(AppPrinter, SelectPrinterFreesWhatItReplacesChosenPrinterStaysDefaultFollows) {
   m_app.UpdatePrinterSelection(TRUE);
   HGLOBAL hOldNames = m_app.m_hDevNames, hOldMode = m_app.m_hDevMode;
   ASSERT_TRUE(hOldNames != NULL);
@@ -35,9 +35,7 @@ TEST_F(AppPrinter, SelectPrinterFreesWhatItReplaces) {
   EXPECT_EQ(NULL, m_app.m_hDevMode);
   ::GlobalFree(hNames);
   ::GlobalFree(hOldMode);
-}
 
-TEST_F(AppPrinter, ChosenPrinterStaysDefaultPrinterFollows) {
   // A printer chosen by name stays chosen, even one that is not there.
   m_app.SelectPrinter(MakeDevNames("Elsewhere"), NULL);
   m_app.UpdatePrinterSelection(FALSE);

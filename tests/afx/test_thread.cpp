@@ -45,7 +45,7 @@ public:
 
 } // namespace
 
-TEST(WorkerThread, RunsProcWithParamAndItsExitCode) {
+TEST(WorkerThread, RunsProcWithParamAndItsExitCodeBadArgumentsRaiseInvalidArg) {
   _AFX_THREAD_STATE* pMine = AfxGetThreadState(); // made before the worker's
   WorkerData data;
   CWinThread* pThread =
@@ -69,9 +69,8 @@ TEST(WorkerThread, RunsProcWithParamAndItsExitCode) {
   EXPECT_EQ(WaitForSingleObject(hDeleted, 10000), (DWORD)WAIT_OBJECT_0);
   EXPECT_EQ(again.ran, 1);
   CloseHandle(hDeleted);
-}
 
-TEST(WorkerThread, BadArgumentsRaiseInvalidArg) {
+  // Bad arguments raise an invalid argument.
   EXPECT_EQ(ThrownClass([] { AfxBeginThread((AFX_THREADPROC)NULL, NULL); }),
             RUNTIME_CLASS(CInvalidArgException));
   // A class that is not a CWinThread cannot run a thread.
