@@ -8,7 +8,7 @@
 
 #include <string>
 
-TEST(MemFile, ReadWriteSeekAndLength) {
+TEST(MemFile, ReadWriteSeekLengthAndCallerBuffers) {
   CMemFile file;
   file.Write("hello world", 11);
   EXPECT_EQ(11u, file.GetPosition());
@@ -37,9 +37,8 @@ TEST(MemFile, ReadWriteSeekAndLength) {
   CFileStatus status;
   EXPECT_TRUE(file.GetStatus(status));
   EXPECT_EQ(8u, status.m_size);
-}
 
-TEST(MemFile, CallerBufferFixedOrGrowing) {
+  // A caller's buffer, fixed or growing.
   BYTE data[8] = {'a', 'b', 'c', 'd', 'e', 'f', 'g', 'h'};
   CMemFile fixed(data, sizeof(data));
   EXPECT_EQ(8u, fixed.GetLength()); // the whole buffer is the file

@@ -26,7 +26,7 @@ public:
 };
 IMPLEMENT_SERIAL(CLabel, CObject, VERSIONABLE_SCHEMA | 3)
 
-TEST(RuntimeClass, KindsFollowTheBaseChainSchemasMarkSerializable) {
+TEST(RuntimeClass, KindsFollowTheBaseChainSerialClassesFoundByName) {
   CCircle circle;
   EXPECT_TRUE(circle.IsKindOf(RUNTIME_CLASS(CCircle)));
   EXPECT_TRUE(circle.IsKindOf(RUNTIME_CLASS(CShape)));
@@ -46,9 +46,7 @@ TEST(RuntimeClass, KindsFollowTheBaseChainSchemasMarkSerializable) {
   EXPECT_TRUE(label.IsSerializable());
   EXPECT_EQ(VERSIONABLE_SCHEMA | 3, RUNTIME_CLASS(CLabel)->m_wSchema);
   EXPECT_EQ(0xFFFFu, RUNTIME_CLASS(CShape)->m_wSchema);
-}
 
-TEST(RuntimeClass, FindsSerialClassesByName) {
   EXPECT_EQ(RUNTIME_CLASS(CLabel), CRuntimeClass::FromName("CLabel"));
   EXPECT_EQ(RUNTIME_CLASS(CLabel), CRuntimeClass::FromName(L"CLabel"));
   // Only IMPLEMENT_SERIAL registers a class by name.

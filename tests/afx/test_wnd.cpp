@@ -95,7 +95,21 @@ ON_WM_DESTROY()
 ON_MESSAGE(WM_NESTED, &CLevel3::OnNested)
 END_MESSAGE_MAP()
 
-TEST(WndCreate, CreateExAttachesBeforeWmCreateAndDestroyDetaches) {
+// Refuses its creation by returning -1, or by throwing.
+class CRefuseCreate : public CWnd {
+public:
+  bool bThrow = false;
+  afx_msg int OnCreate(LPCREATESTRUCT) {
+    if (bThrow) AfxThrowResourceException();
+    return -1;
+  }
+  DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(CRefuseCreate, CWnd)
+ON_WM_CREATE()
+END_MESSAGE_MAP()
+
+TEST(WndCreate, CreateExAttachesBeforeWmCreateDestroyDetachesOnCreateCanRefuse) {
   CLevel3 wnd;
   ASSERT_TRUE(wnd.CreateEx(0, NULL, "Level three", WS_POPUP, 10, 20, 100, 80, NULL, NULL));
   EXPECT_EQ(1, wnd.nCreates);
@@ -114,29 +128,14 @@ TEST(WndCreate, CreateExAttachesBeforeWmCreateAndDestroyDetaches) {
   EXPECT_EQ(NULL, wnd.m_hWnd);
   EXPECT_FALSE(::IsWindow(hWnd));
   EXPECT_EQ(NULL, CWnd::FromHandlePermanent(hWnd));
-}
 
-// Refuses its creation by returning -1, or by throwing.
-class CRefuseCreate : public CWnd {
-public:
-  bool bThrow = false;
-  afx_msg int OnCreate(LPCREATESTRUCT) {
-    if (bThrow) AfxThrowResourceException();
-    return -1;
-  }
-  DECLARE_MESSAGE_MAP()
-};
-BEGIN_MESSAGE_MAP(CRefuseCreate, CWnd)
-ON_WM_CREATE()
-END_MESSAGE_MAP()
-
-TEST(WndCreate, OnCreateReturningMinusOneOrThrowingFailsCreation) {
+  // OnCreate refusing by returning -1, or by throwing: no window, no report.
   MsgBoxCatcher catcher;
   for (bool bThrow : {false, true}) {
-    CRefuseCreate wnd;
-    wnd.bThrow = bThrow;
-    EXPECT_FALSE(wnd.CreateEx(0, NULL, "x", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
-    EXPECT_EQ(NULL, wnd.m_hWnd);
+    CRefuseCreate refusing;
+    refusing.bThrow = bThrow;
+    EXPECT_FALSE(refusing.CreateEx(0, NULL, "x", WS_POPUP, 0, 0, 10, 10, NULL, NULL));
+    EXPECT_EQ(NULL, refusing.m_hWnd);
   }
   EXPECT_EQ(0u, catcher.Count()); // a failed creation is not reported
 }
