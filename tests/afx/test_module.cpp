@@ -80,7 +80,7 @@ TEST_F(ResourceChain, ExtensionModuleJoinsWhileLoaded) {
   EXPECT_EQ(CRuntimeClass::FromName("CFixtureShape"), nullptr);
 }
 
-TEST_F(ResourceChain, ResourceHandleFirstAndAStringNotJustItsBlock) {
+TEST_F(ResourceChain, ResourceHandleFirstNewestLibraryNextSystemLibrariesLast) {
   HINSTANCE hExt = AfxLoadLibrary(kExtDll);
   ResModule res;
   ASSERT_NE(res.m_h, (HINSTANCE)NULL);
@@ -94,12 +94,7 @@ TEST_F(ResourceChain, ResourceHandleFirstAndAStringNotJustItsBlock) {
   EXPECT_EQ(LoadText(IDS_FIXTURE_EXT_ONLY), "Extension string"); // the rest from the chain
   EXPECT_EQ(AfxFindStringResourceHandle(IDS_FIXTURE_NOWHERE), (HINSTANCE)NULL);
   AfxSetResourceHandle(m_hOldResource);
-  AfxFreeLibrary(hExt);
-}
 
-TEST_F(ResourceChain, NewestLibraryFirstSystemLibrariesLast) {
-  HINSTANCE hExt = AfxLoadLibrary(kExtDll);
-  ResModule res;
   AFX_EXTENSION_MODULE state = {FALSE, NULL, NULL, NULL, NULL};
   EXPECT_FALSE(AfxInitExtensionModule(state, NULL));
   ASSERT_TRUE(AfxInitExtensionModule(state, res.m_h));
