@@ -137,9 +137,9 @@ TEST_F(SplitDC, SettersChangeBothDrawingGoesToTheOutput) {
 }
 
 // Sizes are afx's own conversion: no origin and no direction.
-TEST(DCMapping, SizesUseOnlyTheExtentRatio) {
-  Canvas canvas(2, 2);
-  CDC& dc = canvas.DC();
+TEST(DCDraw, SizesMapByTheExtentRatioDraw3dRectsFarCorners) {
+  Canvas mapped(2, 2);
+  CDC& dc = mapped.DC();
   dc.SetMapMode(MM_ANISOTROPIC);
   dc.SetWindowExt(100, 100);
   dc.SetViewportExt(CSize(50, -50));
@@ -149,9 +149,8 @@ TEST(DCMapping, SizesUseOnlyTheExtentRatio) {
   EXPECT_EQ(CSize(5, 5), size);
   dc.DPtoLP(&size);
   EXPECT_EQ(CSize(10, 10), size);
-}
 
-TEST(DCDraw, Draw3dRectGivesTheFarCornersToTheBottomRightColour) {
+  // Draw3dRect gives the far corners to the bottom-right colour.
   Canvas canvas(10, 10);
   canvas.DC().Draw3dRect(CRect(2, 2, 8, 8), kRed, kBlue);
   EXPECT_EQ(kBlue, canvas.At(7, 2)); // top-right corner

@@ -47,7 +47,7 @@ TEST(List, AddInsertRemoveKeepOrderBothWays) {
   EXPECT_EQ(NULL, l.GetTailPosition());
 }
 
-TEST(List, FindAndFindIndex) {
+TEST(List, FindFindIndexAndAddingWholeListsIncludingItself) {
   CStringList l;
   l.AddTail("x");
   l.AddTail("y");
@@ -61,9 +61,8 @@ TEST(List, FindAndFindIndex) {
   EXPECT_EQ(second, l.FindIndex(3));
   EXPECT_EQ(NULL, l.FindIndex(4));
   EXPECT_EQ(NULL, l.FindIndex(-1));
-}
 
-TEST(List, AddingWholeListsIncludingItself) {
+  // Whole lists added at either end, a list also to itself.
   CList<int, int> a, b;
   a.AddTail(1);
   a.AddTail(2);

@@ -5,16 +5,14 @@
 
 #include <atltypes.h>
 
-TEST(PointAndSize, PackedValuesAreSigned16BitHalves) {
+TEST(PointSizeRect, PackedValuesSignedEmptyIsNotNullNormalizeSwapsTheEdges) {
   CPoint pt((LPARAM)MAKELPARAM(0xFFFE, 0x0003));
   EXPECT_EQ(-2, pt.x);
   EXPECT_EQ(3, pt.y);
   CSize size((DWORD)MAKELONG(5, 0x8000));
   EXPECT_EQ(5, size.cx);
   EXPECT_EQ(-32768, size.cy);
-}
 
-TEST(Rect, EmptyIsNotNullAndNormalizeSwapsTheEdges) {
   CRect inverted(10, 20, 5, 10);
   EXPECT_FALSE(inverted.IsRectNull());
   inverted.NormalizeRect();
