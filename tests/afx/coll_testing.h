@@ -4,6 +4,10 @@
 #define VRK_TESTS_AFX_COLL_TESTING_H
 
 #include <afx.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <vector>
 
 #include "exception_probe.h"
 
@@ -20,6 +24,12 @@ template <class E, class F> bool ThrowsMfc(F f) {
     return false;
   }
   return false;
+}
+
+// Each call throws an E*; a failure names the call by its index.
+template <class E> void ExpectEachThrows(const std::vector<std::function<void()>>& calls) {
+  for (size_t i = 0; i < calls.size(); i++)
+    EXPECT_TRUE(ThrowsMfc<E>(calls[i])) << "call " << i;
 }
 
 // Counts live instances; copies and assignments keep the value.

@@ -131,20 +131,12 @@ TEST(ArrayErrors, BadIndexesAndSizesThrow) {
   CArray<int, int> a;
   a.SetSize(3);
   const CArray<int, int>& c = a;
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.GetAt(3); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { c[-1]; }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.SetAt(3, 1); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.ElementAt(100); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.SetSize(-1); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.RemoveAt(2, 2); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.RemoveAt(-1); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.RemoveAt(0, 0x7FFFFFFF); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.InsertAt(-1, 0); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.InsertAt(0, 0, 0); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.SetAtGrow(-5, 0); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.Append(a); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.InsertAt(0, &a); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { a.InsertAt(0, (CArray<int, int>*)NULL); }));
+  ExpectEachThrows<CInvalidArgException>(
+      {[&] { a.GetAt(3); }, [&] { c[-1]; }, [&] { a.SetAt(3, 1); }, [&] { a.ElementAt(100); },
+       [&] { a.SetSize(-1); }, [&] { a.RemoveAt(2, 2); }, [&] { a.RemoveAt(-1); },
+       [&] { a.RemoveAt(0, 0x7FFFFFFF); }, [&] { a.InsertAt(-1, 0); }, [&] { a.InsertAt(0, 0, 0); },
+       [&] { a.SetAtGrow(-5, 0); }, [&] { a.Append(a); }, [&] { a.InsertAt(0, &a); },
+       [&] { a.InsertAt(0, (CArray<int, int>*)NULL); }});
   a.RemoveAt(3, 0); // an empty range at the end is fine
   EXPECT_EQ(3, a.GetSize());
 
@@ -154,9 +146,8 @@ TEST(ArrayErrors, BadIndexesAndSizesThrow) {
   // the copy loops that only run when such an allocation succeeds.
   volatile INT_PTR nHugeSize = sizeof(void*) == 4 ? (INT_PTR)0x7FFFFFFF : (INT_PTR)1 << 61;
   const INT_PTR nHuge = nHugeSize;
-  EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { a.SetSize(nHuge); }));
-  EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { a.SetAtGrow(nHuge - 1, 1); }));
-  EXPECT_TRUE(ThrowsMfc<CMemoryException>([&] { a.InsertAt(1, 0, nHuge); }));
+  ExpectEachThrows<CMemoryException>({[&] { a.SetSize(nHuge); }, [&] { a.SetAtGrow(nHuge - 1, 1); },
+                                      [&] { a.InsertAt(1, 0, nHuge); }});
   EXPECT_EQ(3, a.GetSize());
   CDWordArray d;
   // On 32-bit, a byte count just past 4 GB.

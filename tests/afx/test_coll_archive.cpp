@@ -133,20 +133,17 @@ template <class T> static int LoadCause(DWORD count) {
 TEST(CollArchive, AbsurdCountsEndInEndOfFile) {
   const int eof = CArchiveException::endOfFile;
   const DWORD counts[] = {0x7FFFFFFF, 0x04000000, 0xFFFFFFFE};
+  int (*const loads[])(DWORD) = {
+      LoadCause<CByteArray>,      LoadCause<CWordArray>,
+      LoadCause<CDWordArray>,     LoadCause<CStringArray>,
+      LoadCause<CObArray>,        LoadCause<CObList>,
+      LoadCause<CStringList>,     LoadCause<CMapStringToString>,
+      LoadCause<CMapStringToOb>,  LoadCause<CMapWordToOb>,
+      LoadCause<CList<int, int>>, LoadCause<CMap<WORD, WORD, DWORD, DWORD>>};
   for (DWORD count : counts) {
     SCOPED_TRACE(count);
-    EXPECT_EQ(eof, LoadCause<CByteArray>(count));
-    EXPECT_EQ(eof, LoadCause<CWordArray>(count));
-    EXPECT_EQ(eof, LoadCause<CDWordArray>(count));
-    EXPECT_EQ(eof, LoadCause<CStringArray>(count));
-    EXPECT_EQ(eof, LoadCause<CObArray>(count));
-    EXPECT_EQ(eof, LoadCause<CObList>(count));
-    EXPECT_EQ(eof, LoadCause<CStringList>(count));
-    EXPECT_EQ(eof, LoadCause<CMapStringToString>(count));
-    EXPECT_EQ(eof, LoadCause<CMapStringToOb>(count));
-    EXPECT_EQ(eof, LoadCause<CMapWordToOb>(count));
-    EXPECT_EQ(eof, (LoadCause<CList<int, int>>(count)));
-    EXPECT_EQ(eof, (LoadCause<CMap<WORD, WORD, DWORD, DWORD>>(count)));
+    for (size_t i = 0; i < sizeof(loads) / sizeof(loads[0]); i++)
+      EXPECT_EQ(eof, loads[i](count)) << "collection " << i;
     g_largestBlock = 0;
     EXPECT_EQ(eof, (LoadCause<CArray<DWORD, DWORD>>(count)));
     EXPECT_EQ(eof, (LoadCause<CArray<CString, const CString&>>(count)));

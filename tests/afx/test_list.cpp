@@ -86,18 +86,11 @@ TEST(List, EmptyListsAndNullPositionsThrow) {
   CObList l;
   const CObList& c = l;
   POSITION none = NULL;
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { l.GetHead(); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { c.GetTail(); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { l.RemoveHead(); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { l.RemoveTail(); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { l.GetNext(none); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { c.GetPrev(none); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { l.GetAt(NULL); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { l.SetAt(NULL, NULL); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { l.RemoveAt(NULL); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { l.AddTail((CObList*)NULL); }));
   CList<int, int> t;
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { t.RemoveTail(); }));
-  EXPECT_TRUE(ThrowsMfc<CInvalidArgException>([&] { t.AddHead((CList<int, int>*)NULL); }));
+  ExpectEachThrows<CInvalidArgException>(
+      {[&] { l.GetHead(); }, [&] { c.GetTail(); }, [&] { l.RemoveHead(); }, [&] { l.RemoveTail(); },
+       [&] { l.GetNext(none); }, [&] { c.GetPrev(none); }, [&] { l.GetAt(NULL); },
+       [&] { l.SetAt(NULL, NULL); }, [&] { l.RemoveAt(NULL); }, [&] { l.AddTail((CObList*)NULL); },
+       [&] { t.RemoveTail(); }, [&] { t.AddHead((CList<int, int>*)NULL); }});
   EXPECT_TRUE(l.IsEmpty());
 }
