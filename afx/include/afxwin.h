@@ -441,6 +441,21 @@ public:
   BOOL GetScrollInfo(int nBar, LPSCROLLINFO lpScrollInfo, UINT nMask = SIF_ALL);
   BOOL SetScrollInfo(int nBar, LPSCROLLINFO lpScrollInfo, BOOL bRedraw = TRUE);
   void ShowScrollBar(UINT nBar, BOOL bShow = TRUE) { ::ShowScrollBar(m_hWnd, nBar, bShow); }
+  // The highest position the thumb can reach: the range's maximum less the
+  // page (less one), never below the minimum.
+  int GetScrollLimit(int nBar);
+  // The scroll bar control that stands for the window's own bar nBar (a
+  // splitter's shared bar); NULL here: the window's own bars are used.
+  virtual CScrollBar* GetScrollBarCtrl(int nBar) const;
+  // Shows (bEnable) or hides the window's own bar(s): SB_HORZ, SB_VERT or
+  // SB_BOTH.
+  void EnableScrollBarCtrl(int nBar, BOOL bEnable = TRUE);
+  BOOL EnableScrollBar(int nSBFlags, UINT nArrowFlags = ESB_ENABLE_BOTH) {
+    return ::EnableScrollBar(m_hWnd, nSBFlags, nArrowFlags);
+  }
+  void ScrollWindow(int xAmount, int yAmount, LPCRECT lpRect = NULL, LPCRECT lpClipRect = NULL) {
+    ::ScrollWindow(m_hWnd, xAmount, yAmount, lpRect, lpClipRect);
+  }
 
   // ---- Message boxes and help
   int MessageBox(LPCTSTR lpszText, LPCTSTR lpszCaption = NULL, UINT nType = MB_OK);
@@ -1300,6 +1315,29 @@ public:
   // nothing; FALSE when it failed or the program should not go on.
   BOOL ProcessShellCommand(CCommandLineInfo& rCmdInfo);
 
+  // ---- The shell's file types. RegisterShellFileTypes writes, under
+  // HKEY_CLASSES_ROOT, for each template whose document strings have a
+  // regFileTypeId: the type's key (its value regFileTypeName, else the id)
+  // with shell\open\command = "<exe>" "%1", and each extension of filterExt
+  // (several separated by ';') naming the type, unless another type already
+  // has it. bCompat adds shell\print\command ("<exe>" /p "%1"),
+  // shell\printto\command ("<exe>" /pt "%1" "%2" "%3" "%4"), DefaultIcon
+  // ("<exe>,N": the N-th icon of the program, N counting the templates from
+  // 1; 0 when the program has no such icon) and the extension's ShellNew
+  // (NullFile = ""). EnableShellOpen keeps the atoms of the application's DDE
+  // name and topic (m_atomApp: the exe's name, m_atomSystemTopic: "system"),
+  // as MFC does. Left out: the DDE conversation itself (WM_DDE_EXECUTE's
+  // open and print, the ddeexec keys and the /dde switch); the shell starts
+  // the program with the file on its command line, which ProcessShellCommand
+  // opens or prints.
+  void EnableShellOpen();
+  void RegisterShellFileTypes(BOOL bCompat = FALSE);
+  // Removes what RegisterShellFileTypes wrote (an extension only while it
+  // still names the template's type).
+  void UnregisterShellFileTypes();
+  ATOM m_atomApp = 0;
+  ATOM m_atomSystemTopic = 0;
+
   // ---- Recent files: the File menu's list (ID_FILE_MRU_FILE1...), kept in
   // the profile's "Recent File List" section. NULL until
   // LoadStdProfileSettings; saved by ExitInstance.
@@ -1702,6 +1740,94 @@ public:
   afx_msg void OnPaint();
 
 protected:
+  DECLARE_MESSAGE_MAP()
+};
+
+// The map mode of a scroll view shown scaled to fit its window
+// (SetScaleToFitSize).
+#define MM_SCALETOFIT (-1)
+
+// A view larger than its window: the window shows part of the view's total
+// size and scroll bars move over the rest. Sizes are given in the logical
+// units of the map mode (MM_TEXT, or a metric one such as MM_LOENGLISH whose
+// y axis points up: the view's content then lies at negative y) and kept in
+// device units (pixels of the screen). OnPrepareDC sets the map mode and
+// puts the viewport origin at minus the scroll position, so OnDraw draws in
+// document coordinates; a printer DC gets only the map mode. The scroll
+// bars' positions are in device units; SB_LINE* and SB_PAGE* move by the
+// line and page sizes, the wheel by the system's wheel lines (or a page).
+// Left out: keyboard scrolling (as in MFC, a view adds it), the
+// middle-button pan window, and splitter windows' shared bars.
+class AFX_API CScrollView : public CView {
+  DECLARE_DYNAMIC(CScrollView)
+protected:
+  CScrollView();
+
+public:
+  virtual ~CScrollView();
+
+  // (0, 0): the page is a tenth of the total size, the line a tenth of the
+  // page.
+  static const SIZE sizeDefault;
+
+  // nMapMode is MM_TEXT or a metric mode (not MM_ISOTROPIC/MM_ANISOTROPIC);
+  // sizes are logical and not negative.
+  void SetScrollSizes(int nMapMode, SIZE sizeTotal, const SIZE& sizePage = sizeDefault,
+                      const SIZE& sizeLine = sizeDefault);
+  // No scroll bars: sizeTotal (logical) is stretched over the client area.
+  void SetScaleToFitSize(SIZE sizeTotal);
+
+  CPoint GetScrollPosition() const; // logical
+  CSize GetTotalSize() const { return m_totalLog; }
+  void CheckScrollBars(BOOL& bHasHorzBar, BOOL& bHasVertBar) const;
+  CPoint GetDeviceScrollPosition() const;
+  void GetDeviceScrollSizes(int& nMapMode, SIZE& sizeTotal, SIZE& sizePage, SIZE& sizeLine) const;
+  // Scrolls so that logical point pt is at the top left, kept in range.
+  void ScrollToPosition(POINT pt);
+  // Fills what lies right of and below the total size (call it from
+  // OnEraseBkgnd with its unprepared DC).
+  void FillOutsideRect(CDC* pDC, CBrush* pBrush);
+  // Resizes the parent frame so that the view's client area is its total
+  // size; bShrinkOnly only makes it smaller where it is larger.
+  void ResizeParentToFit(BOOL bShrinkOnly = TRUE);
+  // The wheel's scroll (fFlags with MK_SHIFT or MK_CONTROL: none); TRUE
+  // when the view moved.
+  BOOL DoMouseWheel(UINT fFlags, short zDelta, CPoint point);
+
+  virtual void OnPrepareDC(CDC* pDC, CPrintInfo* pInfo = NULL);
+  // nScrollCode: the horizontal SB_ code in the low byte, the vertical one
+  // in the high byte (0xFF: none). FALSE when nothing would move; with
+  // bDoScroll FALSE, only tells.
+  virtual BOOL OnScroll(UINT nScrollCode, UINT nPos, BOOL bDoScroll = TRUE);
+  virtual BOOL OnScrollBy(CSize sizeScroll, BOOL bDoScroll = TRUE);
+
+  afx_msg void OnSize(UINT nType, int cx, int cy);
+  afx_msg void OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
+  afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
+  afx_msg BOOL OnMouseWheel(UINT fFlags, short zDelta, CPoint point);
+
+protected:
+  int m_nMapMode;       // 0 until a Set function is called
+  CSize m_totalLog;     // total size, logical
+  CSize m_totalDev;     // total size, device
+  CSize m_pageDev;      // page scroll, device
+  CSize m_lineDev;      // line scroll, device
+  BOOL m_bCenter;       // a view smaller than the window is centred in it
+  BOOL m_bInsideUpdate; // UpdateBars is running (its bars resize the window)
+
+  // Shows, hides and sizes the scroll bars for the client area and keeps
+  // the position in range.
+  void UpdateBars();
+  // Moves to device position ptDev, unchecked.
+  void ScrollToDevicePosition(POINT ptDev);
+  // The client area with no scroll bars shown, and the bars' widths; FALSE
+  // when it cannot hold both bars.
+  BOOL GetTrueClientSize(CSize& size, CSize& sizeSb);
+  void GetScrollBarSizes(CSize& sizeSb);
+  // For a client area sizeClient (no bars shown): which bars are needed,
+  // the scroll ranges, and the position kept in range.
+  void GetScrollBarState(CSize sizeClient, CSize& needSb, CSize& sizeRange, CPoint& ptMove);
+
   DECLARE_MESSAGE_MAP()
 };
 

@@ -209,6 +209,27 @@ BOOL CWnd::SetScrollInfo(int nBar, LPSCROLLINFO lpScrollInfo, BOOL bRedraw) {
   return TRUE;
 }
 
+int CWnd::GetScrollLimit(int nBar) {
+  SCROLLINFO info;
+  if (!GetScrollInfo(nBar, &info, SIF_RANGE | SIF_PAGE)) return 0;
+  int nLimit = info.nMax - (info.nPage > 1 ? (int)info.nPage - 1 : 0);
+  return nLimit < info.nMin ? info.nMin : nLimit;
+}
+
+CScrollBar* CWnd::GetScrollBarCtrl(int) const { return NULL; }
+
+void CWnd::EnableScrollBarCtrl(int nBar, BOOL bEnable) {
+  // A splitter's shared bar is enabled, the window's own one shown.
+  if (nBar == SB_BOTH) {
+    EnableScrollBarCtrl(SB_HORZ, bEnable);
+    EnableScrollBarCtrl(SB_VERT, bEnable);
+  } else if (CScrollBar* pBar = GetScrollBarCtrl(nBar)) {
+    pBar->EnableWindow(bEnable);
+  } else {
+    ::ShowScrollBar(m_hWnd, nBar, bEnable);
+  }
+}
+
 // nAdjustType 0 (adjustBorder) leaves a client edge out: the edge lies
 // inside the rectangle asked for, as for a view laid out between bars.
 void CWnd::CalcWindowRect(LPRECT lpClientRect, UINT nAdjustType) {
