@@ -42,6 +42,8 @@ CWinApp::~CWinApp() {
   if (m_hDevMode != NULL) ::GlobalFree(m_hDevMode);
   if (m_hDevNames != NULL) ::GlobalFree(m_hDevNames);
   delete m_pRecentFileList;
+  if (m_atomApp != 0) ::GlobalDeleteAtom(m_atomApp);
+  if (m_atomSystemTopic != 0) ::GlobalDeleteAtom(m_atomSystemTopic);
   m_hThread = NULL; // the pseudo handle of GetCurrentThread
 }
 
