@@ -1,7 +1,7 @@
 // CWinApp's shell registration: the keys and values RegisterShellFileTypes
 // writes under HKEY_CLASSES_ROOT for the application's templates, read back,
-// an extension another type owns left alone, and UnregisterShellFileTypes
-// taking back what was written; the atoms of EnableShellOpen.
+// an extension another type owns left alone, and "/Unregister" taking back
+// what was written; the atoms of EnableShellOpen.
 #include <afxwin.h>
 #include <gtest/gtest.h>
 #include <shlwapi.h>
@@ -83,7 +83,10 @@ TEST_F(AppShellTest, RegistersEachTypeWithItsCommandsAndExtensions) {
   for (const auto& e : expected)
     EXPECT_EQ(e.value, ClassesValue(e.key, e.name)) << e.key;
 
-  m_app.UnregisterShellFileTypes();
+  // "/Unregister" takes it back and ends the program.
+  CCommandLineInfo info;
+  info.ParseParam("Unregister", TRUE, TRUE);
+  EXPECT_FALSE(m_app.ProcessShellCommand(info));
   for (const char* key : {"VrkTest.Alpha", "VrkTest.Beta", ".vkalpha", ".vkbeta"})
     EXPECT_EQ("<none>", ClassesValue(key)) << key;
   EXPECT_EQ("Other.Type", ClassesValue(".vkgamma"));

@@ -471,8 +471,10 @@ BOOL CWinApp::ProcessShellCommand(CCommandLineInfo& rCmdInfo) {
     return FALSE;
   }
   case CCommandLineInfo::AppRegister:
+    return FALSE; // InitInstance registered what it registers: the program ends
   case CCommandLineInfo::AppUnregister:
-    return FALSE; // nothing is registered: the program ends
+    UnregisterShellFileTypes();
+    return FALSE;
   default:
     return TRUE;
   }
