@@ -1,7 +1,7 @@
 // CWinApp's shell registration: the keys and values RegisterShellFileTypes
 // writes under HKEY_CLASSES_ROOT for the application's templates, read back,
 // an extension another type owns left alone, and "/Unregister" taking back
-// what was written; the atoms of EnableShellOpen.
+// what was written.
 #include <afxwin.h>
 #include <gtest/gtest.h>
 #include <shlwapi.h>
@@ -90,14 +90,6 @@ TEST_F(AppShellTest, RegistersEachTypeWithItsCommandsAndExtensions) {
   for (const char* key : {"VrkTest.Alpha", "VrkTest.Beta", ".vkalpha", ".vkbeta"})
     EXPECT_EQ("<none>", ClassesValue(key)) << key;
   EXPECT_EQ("Other.Type", ClassesValue(".vkgamma"));
-
-  // The shell-open atoms name the program and the "system" topic.
-  m_app.EnableShellOpen();
-  char szName[MAX_PATH] = "";
-  ::GlobalGetAtomNameA(m_app.m_atomApp, szName, MAX_PATH);
-  EXPECT_STRCASEEQ(m_app.m_pszExeName, szName);
-  ::GlobalGetAtomNameA(m_app.m_atomSystemTopic, szName, MAX_PATH);
-  EXPECT_STRCASEEQ("system", szName);
 }
 
 } // namespace

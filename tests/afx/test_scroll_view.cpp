@@ -189,4 +189,17 @@ TEST_F(ScrollViewTest, ScaleToFitShowsNoBarsAndStretches) {
   EXPECT_EQ(-1, BandRow(c.cx / 4));
 }
 
+// The frame takes the size that shows the whole page: with bShrinkOnly only
+// where the window is larger, keeping room for a bar that stays.
+TEST_F(ScrollViewTest, ResizeParentToFitSizesTheFrame) {
+  m_pView->SetScrollSizes(MM_TEXT, CSize(150, 2000));
+  m_pView->ResizeParentToFit();
+  EXPECT_EQ(150, Client().cx);
+  EXPECT_EQ(CSize(FALSE, TRUE), CSize(HasBar(WS_HSCROLL), HasBar(WS_VSCROLL)));
+  m_pView->SetScrollSizes(MM_TEXT, CSize(500, 130));
+  m_pView->ResizeParentToFit(FALSE);
+  EXPECT_EQ(CSize(500, 130), Client());
+  EXPECT_FALSE(HasBar(WS_HSCROLL | WS_VSCROLL));
+}
+
 } // namespace
