@@ -36,20 +36,7 @@ std::string Str(const VCellRectArray& a) {
 
 } // namespace
 
-TEST(RectRgnCut, PiecesComeLeftRightTopBottom) {
-  TestRgn rgn;
-  VCellRectArray out, none;
-  const CRect a(0, 0, 10, 10), hole(3, 4, 6, 7), corner(5, -5, 20, 5);
-  EXPECT_EQ(1, rgn.SubtractRects(&a, &hole, out));
-  EXPECT_EQ(1, rgn.SubtractRects(&a, &corner, out));
-  EXPECT_EQ("(0,4,3,7)(6,4,10,7)(0,0,10,4)(0,7,10,10)(0,0,5,5)(0,5,10,10)", Str(out));
-  const CRect touching(10, 0, 20, 10), cover(-1, -1, 11, 11);
-  EXPECT_TRUE(rgn.SubtractRects(&a, &touching, none) == 0 &&
-              rgn.SubtractRects(&a, &cover, none) == 1);
-  EXPECT_EQ(0,
-            none.GetSize() + rgn.SubtractRects(NULL, &a, none) + rgn.SubtractRects(&a, NULL, none));
-}
-
+// Cut pieces come left, right, top, bottom; touching rectangles cut nothing.
 TEST(RectRgnAddRemove, FragmentsInOrder) {
   TestRgn rgn;
   const CRect left(0, 0, 4, 10), right(6, 0, 10, 10), across(-2, 2, 12, 4), inside(1, 1, 2, 2);
@@ -59,14 +46,17 @@ TEST(RectRgnAddRemove, FragmentsInOrder) {
   EXPECT_EQ(1, rgn.AddRect(&inside)); // nothing new
   rgn.AddRect(&across);
   EXPECT_EQ("(0,0,4,10)(6,0,10,10)(-2,2,0,4)(4,2,6,4)(10,2,12,4)", rgn.Rects());
+  VCellRectArray none;
+  EXPECT_EQ(0, rgn.SubtractRects(NULL, &left, none) + rgn.SubtractRects(&left, NULL, none));
 
   TestRgn cut;
-  const CRect a(0, 0, 10, 10), b(20, 0, 30, 10), hole(3, 3, 6, 6), distant(100, 100, 110, 110);
+  const CRect a(0, 0, 10, 10), b(20, 0, 30, 10), hole(3, 3, 6, 6), corner(25, -5, 40, 5),
+      touching(10, 0, 20, 10), distant(100, 100, 110, 110);
   cut.AddRect(&a);
   cut.AddRect(&b);
-  EXPECT_EQ(0, cut.RemoveRect(&distant) + cut.RemoveRect(NULL));
-  EXPECT_EQ(1, cut.RemoveRect(&hole));
-  EXPECT_EQ("(0,3,3,6)(6,3,10,6)(0,0,10,3)(0,6,10,10)(20,0,30,10)", cut.Rects());
+  EXPECT_EQ(0, cut.RemoveRect(&distant) + cut.RemoveRect(&touching) + cut.RemoveRect(NULL));
+  EXPECT_EQ(2, cut.RemoveRect(&hole) + cut.RemoveRect(&corner));
+  EXPECT_EQ("(0,3,3,6)(6,3,10,6)(0,0,10,3)(0,6,10,10)(20,0,25,5)(20,5,30,10)", cut.Rects());
   const CRect all(-100, -100, 100, 100);
   EXPECT_TRUE(cut.RemoveRect(&all) == 1 && cut.GetFirstRectPosition() == 0);
 }
