@@ -24,6 +24,5 @@
 #define ID_BANANA 0x8312
 #define ID_AVOCADO 0x8313
 #define ID_CHERRY 0x8314
-#define ID_LONG 0x8320
 
 #endif
