@@ -1,14 +1,6 @@
 #include "scratch_registry.h"
 
-#include <algorithm>
-
 const char ScratchRegistry::kRoot[] = "Software\\Tamrix";
-
-// Registry names compare without regard to case.
-static std::string Lower(std::string s) {
-  CharLowerBuffA(&s[0], (DWORD)s.size());
-  return s;
-}
 
 static HKEY Open(const std::string& path, REGSAM access = KEY_READ) {
   HKEY hKey = NULL;
@@ -42,63 +34,34 @@ static bool QueryValue(HKEY hKey, const std::string& name, DWORD* type, std::vec
   return true;
 }
 
-void ScratchRegistry::Take(const std::string& path, Snapshot* snapshot,
-                           std::map<std::string, std::string>* names) {
+void ScratchRegistry::Take(const std::string& path) {
   HKEY hKey = Open(path);
   if (hKey == NULL) return;
-  Values& values = (*snapshot)[Lower(path)];
-  if (names != nullptr) (*names)[Lower(path)] = path;
+  Values& values = m_before[path];
   for (const std::string& name : Names(hKey, false)) {
     Value v;
-    if (QueryValue(hKey, name, &v.type, &v.data)) values[Lower(name)] = v;
+    if (QueryValue(hKey, name, &v.type, &v.data)) values[name] = v;
   }
   std::vector<std::string> subkeys = Names(hKey, true);
   RegCloseKey(hKey);
   for (const std::string& sub : subkeys)
-    Take(path + "\\" + sub, snapshot, names);
+    Take(path + "\\" + sub);
 }
 
-ScratchRegistry::ScratchRegistry() { Take(kRoot, &m_before, &m_names); }
+ScratchRegistry::ScratchRegistry() { Take(kRoot); }
 
-ScratchRegistry::~ScratchRegistry() { Restore(kRoot); }
-
-// Walks the key as it is now: keys that did not exist go entirely, values
-// that were added go, values that changed get their old data back; then
-// keys and values that disappeared are made again.
-void ScratchRegistry::Restore(const std::string& path) {
-  Snapshot now;
-  Take(path, &now, nullptr);
-  for (const auto& key : now) {
-    auto before = m_before.find(key.first);
-    if (before == m_before.end()) continue; // deleted with its new ancestor below
-    HKEY hKey = Open(key.first, KEY_READ | KEY_WRITE);
-    if (hKey == NULL) continue;
-    for (const auto& value : key.second) {
-      if (before->second.find(value.first) == before->second.end())
-        RegDeleteValueA(hKey, value.first.c_str());
-    }
-    RegCloseKey(hKey);
-  }
-  // New keys: delete the topmost new ones (children go with them).
-  for (const auto& key : now) {
-    if (m_before.count(key.first)) continue;
-    std::string parent = key.first.substr(0, key.first.rfind('\\'));
-    if (!now.count(parent) || m_before.count(parent)) DeleteTree(key.first);
-  }
+// The whole root goes and the snapshot is written back: added keys and
+// values vanish, changed and removed ones return as they were.
+ScratchRegistry::~ScratchRegistry() {
+  DeleteTree(kRoot);
   for (const auto& key : m_before) {
     HKEY hKey = NULL;
-    if (RegCreateKeyExA(HKEY_CURRENT_USER, m_names[key.first].c_str(), 0, NULL, 0,
-                        KEY_READ | KEY_WRITE, NULL, &hKey, NULL) != ERROR_SUCCESS)
+    if (RegCreateKeyExA(HKEY_CURRENT_USER, key.first.c_str(), 0, NULL, 0, KEY_WRITE, NULL, &hKey,
+                        NULL) != ERROR_SUCCESS)
       continue;
-    for (const auto& value : key.second) {
-      DWORD type;
-      std::vector<BYTE> data;
-      if (!QueryValue(hKey, value.first, &type, &data) || type != value.second.type ||
-          data != value.second.data)
-        RegSetValueExA(hKey, value.first.c_str(), 0, value.second.type,
-                       value.second.data.empty() ? NULL : value.second.data.data(),
-                       (DWORD)value.second.data.size());
-    }
+    for (const auto& value : key.second)
+      RegSetValueExA(hKey, value.first.c_str(), 0, value.second.type, value.second.data.data(),
+                     (DWORD)value.second.data.size());
     RegCloseKey(hKey);
   }
 }

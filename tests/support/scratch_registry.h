@@ -42,15 +42,11 @@ private:
     DWORD type;
     std::vector<BYTE> data;
   };
-  typedef std::map<std::string, Value> Values;    // by value name
-  typedef std::map<std::string, Values> Snapshot; // by key path (lower case)
+  typedef std::map<std::string, Value> Values; // by value name
 
-  static void Take(const std::string& path, Snapshot* snapshot,
-                   std::map<std::string, std::string>* names);
-  void Restore(const std::string& path);
+  void Take(const std::string& path);
 
-  Snapshot m_before;
-  std::map<std::string, std::string> m_names; // lower-case path -> spelled path
+  std::map<std::string, Values> m_before; // by key path
 };
 
 #endif
