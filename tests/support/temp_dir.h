@@ -13,7 +13,7 @@ public:
   TempDir(const TempDir&) = delete;
   TempDir& operator=(const TempDir&) = delete;
 
-  // The folder, without a trailing backslash.
+  // The folder, a full path without a trailing backslash.
   const std::string& Path() const { return m_path; }
   // Path() + "\" + name.
   std::string File(const std::string& name) const;

@@ -4,30 +4,16 @@
 #include <afxwin.h>
 #include <gtest/gtest.h>
 
+#include "in_order.h"
 #include "msgbox_catcher.h"
 #include "temp_dir.h"
 
 namespace {
 
-// The results of calls made in order (a braced list is evaluated from left
-// to right, the operands of + are not), added up.
-int Sum(std::initializer_list<int> results) {
-  int n = 0;
-  for (int r : results)
-    n += r;
-  return n;
-}
-
 const char kOpenText[] = "The file could not be opened";
 const char kPositionText[] = "The position in the file could not be read or changed";
 const char kUnknownText[] = "An unknown file error occurred";
 const char kNoFileText[] = "A file error occurred, but no file was given.";
-
-std::string FullName(const std::string& path) {
-  char sz[MAX_PATH];
-  GetFullPathNameA(path.c_str(), MAX_PATH, sz, NULL);
-  return sz;
-}
 
 // Counts its deletions, and lets a test clear the handler's owned pointer.
 class CountedFile : public CFile {
@@ -112,7 +98,7 @@ TEST(FileHandlerOpen, BadNamesFailSilentlyMissingFilesWithABox) {
   EXPECT_EQ(NULL, pFile);
   ASSERT_EQ(1u, catcher.Count());
   // The failed CFile still knows the full name it was asked to open.
-  EXPECT_EQ(std::string(kOpenText) + ": " + FullName(dir.File("missing.bin")), catcher.Last().text);
+  EXPECT_EQ(std::string(kOpenText) + ": " + dir.File("missing.bin"), catcher.Last().text);
 }
 
 // Positions are limited to 2 GB; a move is sign-extended, and one before
@@ -138,7 +124,7 @@ TEST(FileHandlerPosition, SetGetMoveAndTheTwoGigabyteLimit) {
   EXPECT_EQ(0u, catcher.Count());
   EXPECT_TRUE(handler.RewindFile() == 1 && handler.MoveAheadXBytes(0xFFFFFFFEul) == 0);
   ASSERT_EQ(1u, catcher.Count());
-  EXPECT_EQ(std::string(kPositionText) + ": " + FullName(dir.File("pos.bin")), catcher.Last().text);
+  EXPECT_EQ(std::string(kPositionText) + ": " + dir.File("pos.bin"), catcher.Last().text);
 }
 
 TEST(FileHandlerErrors, TextsAndFallbacks) {
@@ -155,7 +141,7 @@ TEST(FileHandlerErrors, TextsAndFallbacks) {
   EXPECT_EQ(1u, catcher.Count());
 
   ASSERT_EQ(1, handler.OpenAndUseNewFile(dir.File("e.bin").c_str()));
-  const std::string suffix = ": " + FullName(dir.File("e.bin"));
+  const std::string suffix = ": " + dir.File("e.bin");
   const struct {
     const char* text;
     UINT nID;

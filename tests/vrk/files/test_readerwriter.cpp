@@ -4,6 +4,7 @@
 #include <afxwin.h>
 #include <gtest/gtest.h>
 
+#include "in_order.h"
 #include "msgbox_catcher.h"
 #include "temp_dir.h"
 
@@ -12,15 +13,6 @@
 #include <vector>
 
 namespace {
-
-// The results of calls made in order (a braced list is evaluated from left
-// to right, the operands of + are not), added up.
-int Sum(std::initializer_list<int> results) {
-  int n = 0;
-  for (int r : results)
-    n += r;
-  return n;
-}
 
 const char kWriteText[] = "The file could not be written";
 const char kReadText[] = "The file could not be read";
@@ -61,11 +53,6 @@ protected:
     m_file.SeekToBegin();
     m_file.m_writes.clear();
     m_file.m_reads.clear();
-  }
-  std::string FullName() {
-    char sz[MAX_PATH];
-    GetFullPathNameA(m_name.c_str(), MAX_PATH, sz, NULL);
-    return sz;
   }
   std::vector<UINT> Calls(std::initializer_list<UINT> l) { return std::vector<UINT>(l); }
 
@@ -140,7 +127,7 @@ TEST_F(ReaderWriterTest, ReadsInEachByteOrder) {
 
 TEST_F(ReaderWriterTest, ShortReadsAreReportedAndKeepOrClearTheOutput) {
   MsgBoxCatcher catcher;
-  const std::string box = std::string(kReadText) + ": " + FullName();
+  const std::string box = std::string(kReadText) + ": " + m_name;
 
   Reset("\x01\x02");
   unsigned long dw = 0xCAFEBABEul;
@@ -185,13 +172,11 @@ TEST(ReaderWriterErrors, WriteToAReadOnlyFileShowsOneBoxPerFailedCall) {
   MsgBoxCatcher catcher;
   VFileReaderWriter rw;
   ASSERT_EQ(1, rw.OpenAndUseExistingFile(name.c_str(), CFile::modeRead));
-  char sz[MAX_PATH];
-  GetFullPathNameA(name.c_str(), MAX_PATH, sz, NULL);
   // Each failing member stops at its first failed call: three boxes.
   EXPECT_EQ(0, rw.WriteFourByteDwordNormal(1ul) + rw.WriteLnZString("line") +
                    rw.WriteThisManyZeroBytes(100u));
   ASSERT_EQ(3u, catcher.Count());
-  EXPECT_EQ(std::string(kWriteText) + ": " + sz, catcher.Last().text);
+  EXPECT_EQ(std::string(kWriteText) + ": " + name, catcher.Last().text);
   EXPECT_EQ(1, rw.CloseFile());
   EXPECT_EQ("data", TempDir::ReadBytes(name));
 }

@@ -2,20 +2,12 @@
 #include <vrk_profile.h>
 #include <gtest/gtest.h>
 
+#include "in_order.h"
 #include "temp_dir.h"
 
 #include <string>
 
 namespace {
-
-// The results of calls made in order (a braced list is evaluated from left
-// to right, the operands of + are not), added up.
-int Sum(std::initializer_list<int> results) {
-  int n = 0;
-  for (int r : results)
-    n += r;
-  return n;
-}
 
 class IniArchiveTest : public ::testing::Test {
 protected:
