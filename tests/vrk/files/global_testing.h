@@ -33,12 +33,6 @@ class CGlCircle : public CGlShape {
 };
 IMPLEMENT_SERIAL(CGlCircle, CGlShape, 3)
 
-// Same name length as CGlShape, but a different class.
-class CGlOther : public CObject {
-  DECLARE_SERIAL(CGlOther)
-};
-IMPLEMENT_SERIAL(CGlOther, CObject, 1)
-
 // Known at run time, but not serializable.
 class CGlPlain : public CObject {
   DECLARE_DYNAMIC(CGlPlain)

@@ -28,8 +28,6 @@ TEST_F(DataObjectTest, ObjectsAndTextAreCachedAsTheirBlocks) {
   CGlShape* shape = MakeShape();
   const std::string expected = WriteObjectBytes(shape);
   tagVMemAllocGrowth growth = {32, 0};
-  CGlPlain plain;
-  EXPECT_EQ(NULL, VrkCacheGlobalData(&m_source, ShapeFormat(), &plain, NULL, NULL));
   EXPECT_FALSE(VrkCacheGlobalData(&m_source, (const char*)NULL, NULL) ||
                VrkCacheGlobalData(NULL, "text", NULL) ||
                VrkCacheGlobalData(NULL, ShapeFormat(), shape, NULL, NULL));
