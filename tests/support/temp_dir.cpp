@@ -2,24 +2,39 @@
 
 #include <stdio.h>
 
+// Removes a folder and everything below it.
+static void RemoveTree(const std::string& path) {
+  if (path.empty()) return;
+  WIN32_FIND_DATAA fd;
+  HANDLE h = FindFirstFileA((path + "\\*").c_str(), &fd);
+  if (h != INVALID_HANDLE_VALUE) {
+    do {
+      std::string name = fd.cFileName;
+      if (name == "." || name == "..") continue;
+      std::string full = path + "\\" + name;
+      if (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
+        RemoveTree(full);
+      } else {
+        SetFileAttributesA(full.c_str(), FILE_ATTRIBUTE_NORMAL);
+        DeleteFileA(full.c_str());
+      }
+    } while (FindNextFileA(h, &fd));
+    FindClose(h);
+  }
+  RemoveDirectoryA(path.c_str());
+}
+
 TempDir::TempDir() {
   char base[MAX_PATH];
   DWORD n = GetTempPathA(MAX_PATH, base);
   if (n == 0 || n >= MAX_PATH) lstrcpyA(base, ".\\");
   static LONG counter = 0;
-  for (;;) {
-    char name[MAX_PATH + 64];
+  char name[MAX_PATH + 64];
+  do
     snprintf(name, sizeof(name), "%svrk_test_%lu_%ld", base, GetCurrentProcessId(),
              InterlockedIncrement(&counter));
-    if (CreateDirectoryA(name, NULL)) {
-      m_path = name;
-      return;
-    }
-    if (GetLastError() != ERROR_ALREADY_EXISTS) {
-      m_path = name; // leave it to the test to fail on use
-      return;
-    }
-  }
+  while (!CreateDirectoryA(name, NULL) && GetLastError() == ERROR_ALREADY_EXISTS);
+  m_path = name; // a folder that could not be made fails the test on use
 }
 
 TempDir::~TempDir() { RemoveTree(m_path); }
@@ -39,28 +54,8 @@ std::string TempDir::ReadBytes(const std::string& path) {
   if (f == NULL) return bytes;
   char buffer[65536];
   size_t n;
-  while ((n = fread(buffer, 1, sizeof(buffer), f)) > 0) bytes.append(buffer, n);
+  while ((n = fread(buffer, 1, sizeof(buffer), f)) > 0)
+    bytes.append(buffer, n);
   fclose(f);
   return bytes;
-}
-
-bool RemoveTree(const std::string& path) {
-  if (path.empty()) return false;
-  WIN32_FIND_DATAA fd;
-  HANDLE h = FindFirstFileA((path + "\\*").c_str(), &fd);
-  if (h != INVALID_HANDLE_VALUE) {
-    do {
-      std::string name = fd.cFileName;
-      if (name == "." || name == "..") continue;
-      std::string full = path + "\\" + name;
-      if (fd.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) {
-        RemoveTree(full);
-      } else {
-        SetFileAttributesA(full.c_str(), FILE_ATTRIBUTE_NORMAL);
-        DeleteFileA(full.c_str());
-      }
-    } while (FindNextFileA(h, &fd));
-    FindClose(h);
-  }
-  return RemoveDirectoryA(path.c_str()) || GetFileAttributesA(path.c_str()) == INVALID_FILE_ATTRIBUTES;
 }

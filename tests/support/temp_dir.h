@@ -26,7 +26,4 @@ private:
   std::string m_path;
 };
 
-// Removes a folder and everything below it; true when it is gone.
-bool RemoveTree(const std::string& path);
-
 #endif
