@@ -1,5 +1,5 @@
-// Helpers of the data-value tests: archive bytes, loading archives, the
-// invalid-data report, and the fixed-seed mutator for corrupt archives.
+// Helpers of the data-value tests: archive bytes, loading archives and the
+// invalid-data report.
 #ifndef VRK_TESTS_DATA_TESTING_H
 #define VRK_TESTS_DATA_TESTING_H
 
@@ -8,7 +8,6 @@
 
 #include "archive_bytes.h"
 #include "exception_probe.h"
-#include "mutator.h"
 
 #include <string>
 
