@@ -83,14 +83,6 @@ DWORD ScratchRegistry::ValueType(const std::string& path, const std::string& nam
   return type;
 }
 
-bool ScratchRegistry::ValueExists(const std::string& path, const std::string& name) {
-  HKEY hKey = Open(path);
-  if (hKey == NULL) return false;
-  bool exists = RegQueryValueExA(hKey, name.c_str(), NULL, NULL, NULL, NULL) == ERROR_SUCCESS;
-  RegCloseKey(hKey);
-  return exists;
-}
-
 static bool Read(const std::string& path, const std::string& name, DWORD wantType,
                  std::vector<BYTE>* data) {
   HKEY hKey = Open(path);

@@ -22,9 +22,11 @@ public:
 
   // Helpers for assertions; paths are relative to HKEY_CURRENT_USER.
   static bool KeyExists(const std::string& path);
-  static bool ValueExists(const std::string& path, const std::string& name);
   // The value's type, or REG_NONE when it is missing.
   static DWORD ValueType(const std::string& path, const std::string& name);
+  static bool ValueExists(const std::string& path, const std::string& name) {
+    return ValueType(path, name) != REG_NONE;
+  }
   static bool ReadString(const std::string& path, const std::string& name, std::string* value);
   static bool ReadDword(const std::string& path, const std::string& name, DWORD* value);
   static bool ReadBinary(const std::string& path, const std::string& name,

@@ -97,27 +97,6 @@ protected:
   CWnd m_wnd;
 };
 
-// Keeps the clipboard open on another thread while it lives.
-struct ClipboardHeldElsewhere {
-  ClipboardHeldElsewhere()
-      : m_thread([this] {
-          m_opened = OpenClipboardRetry();
-          m_ready = true;
-          while (!m_release)
-            Sleep(5);
-          if (m_opened) CloseClipboard();
-        }) {
-    while (!m_ready)
-      Sleep(5);
-  }
-  ~ClipboardHeldElsewhere() {
-    m_release = true;
-    m_thread.join();
-  }
-  std::atomic<bool> m_opened{false}, m_ready{false}, m_release{false};
-  std::thread m_thread;
-};
-
 TEST_F(ClipboardTest, TextGoesThereAndBackAlsoIntoAClipboardTheCallerOpened) {
   CString str("clipboard text"), back;
   ASSERT_TRUE(VrkClipboardPutText(str, TRUE));
@@ -173,17 +152,24 @@ TEST_F(ClipboardTest, AnObjectIsItsWriteObjectBytesReadAsTheClassAskedFor) {
 
 TEST_F(ClipboardTest, AClipboardHeldElsewhereIsReportedNotWaitedFor) {
   PutRawText("held");
-  CGlShape* shape = MakeShape();
-  {
-    ClipboardHeldElsewhere holder;
-    ASSERT_TRUE(holder.m_opened);
-    CString str("refused"), back;
-    EXPECT_FALSE(VrkClipboardPutText(str, TRUE));
-    EXPECT_FALSE(VrkClipboardGetText(back));
-    EXPECT_FALSE(VrkClipboardPutObject(ShapeFormat(), shape, 0, 0, TRUE));
-    EXPECT_EQ(NULL, VrkClipboardGetObject(ShapeFormat(), RUNTIME_CLASS(CGlShape)));
-  }
-  delete shape;
+  std::unique_ptr<CGlShape> shape(MakeShape());
+  std::atomic<int> state{0}; // 1 held by another thread (-1 it could not), 2 let go
+  std::thread holder([&] {
+    state = OpenClipboardRetry() ? 1 : -1;
+    while (state != 2)
+      Sleep(5);
+    CloseClipboard();
+  });
+  while (state == 0)
+    Sleep(5);
+  EXPECT_EQ(1, state.load());
+  CString str("refused"), back;
+  EXPECT_FALSE(VrkClipboardPutText(str, TRUE));
+  EXPECT_FALSE(VrkClipboardGetText(back));
+  EXPECT_FALSE(VrkClipboardPutObject(ShapeFormat(), shape.get(), 0, 0, TRUE));
+  EXPECT_EQ(NULL, VrkClipboardGetObject(ShapeFormat(), RUNTIME_CLASS(CGlShape)));
+  state = 2;
+  holder.join();
   EXPECT_EQ("held", ClipboardText());
 }
 

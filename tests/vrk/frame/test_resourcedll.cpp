@@ -21,21 +21,6 @@ std::string LangDir() { return ExeDir() + "\\lang"; }
 
 bool IsEnglishUser() { return ::GetUserDefaultLCID() == 1033; }
 
-// Makes a module in bin\lang the application's resource module for a scope.
-class ResourceHandleInLang {
-public:
-  ResourceHandleInLang() : m_hOld(AfxGetResourceHandle()) {
-    m_hAnchor = ::LoadLibraryA((LangDir() + "\\vrk_langanchor.dll").c_str());
-    EXPECT_TRUE(m_hAnchor != NULL);
-    AfxSetResourceHandle(m_hAnchor);
-  }
-  ~ResourceHandleInLang() { AfxSetResourceHandle(m_hOld); }
-
-private:
-  HINSTANCE m_hOld;
-  HINSTANCE m_hAnchor;
-};
-
 // English is the statically imported module, its name not case-sensitive.
 // A missing module shows the box only with flag 2, naming the module looked
 // for (cut to 255 characters); an English retry (bit 1) only for users of
@@ -91,11 +76,13 @@ TEST(VrkOSLoadResourceDll, FindsAModuleBesideTheResourceModuleOnlyAndNeverFreesI
   HINSTANCE hDeu;
   {
     VExplicitResourceDll dll;
-    {
-      ResourceHandleInLang inLang;
-      ASSERT_TRUE(dll.Load("vrk", "DEU"));
-    }
+    // The anchor in bin\lang as the application's resource module, for the load.
+    const HINSTANCE hOld = AfxGetResourceHandle();
+    AfxSetResourceHandle(::LoadLibraryA((LangDir() + "\\vrk_langanchor.dll").c_str()));
+    EXPECT_TRUE(dll.Load("vrk", "DEU"));
+    AfxSetResourceHandle(hOld);
     hDeu = dll.GetInstance();
+    ASSERT_TRUE(hDeu != NULL);
     EXPECT_EQ(LangDir() + "\\vrk_DEU.dll", ModulePath(hDeu));
     VExplicitResourceDll copy(dll);
     dll.Unload();
