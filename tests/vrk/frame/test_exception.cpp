@@ -116,11 +116,8 @@ TEST(VrkReportError, BuildsPrefixSystemTextAndCodeLine) {
   EXPECT_EQ(static_cast<int>(strSystem.size()), VrkReportError(ERROR_FILE_NOT_FOUND, NULL, 0));
   EXPECT_EQ(strSystem, catcher.Last().text);
 
-  ::SetLastError(ERROR_ACCESS_DENIED);
-  EXPECT_EQ(static_cast<int>(SystemText(ERROR_ACCESS_DENIED).size()), VrkReportLastError());
-  EXPECT_EQ(SystemText(ERROR_ACCESS_DENIED), catcher.Last().text);
   EXPECT_EQ(0, VrkReportError(0x2FFFFFF0, "prefix", 1)); // unknown: no box
-  EXPECT_EQ(3u, catcher.Count());
+  EXPECT_EQ(2u, catcher.Count());
   CString strText("kept"); // an unknown code leaves the text alone
   EXPECT_EQ(0, VrkGetErrorMsg(strText, 0x2FFFFFF0));
   EXPECT_STREQ("kept", strText);
@@ -131,10 +128,6 @@ TEST(VTempStr, FormatsTextsAndResourcesAndVMsgBoxStrShowsThem) {
   EXPECT_STREQ("", VTempStr(static_cast<const char*>(NULL)));
   EXPECT_STREQ("Error code: 4294967295", VTempStr(kIdErrorCode, 0xFFFFFFFFu));
   EXPECT_STREQ("", VTempStr(static_cast<UINT>(4999), 1));
-
-  VTempStr copy(VTempStr("%s", "first"));
-  copy = VTempStr("second");
-  EXPECT_STREQ("second", copy);
   std::string strLong(5000, 'L');
   EXPECT_EQ(strLong, static_cast<const char*>(VTempStr("%s", strLong.c_str())));
   MsgBoxCatcher catcher(IDCANCEL);
