@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "child_process.h"
+#include "exception_probe.h"
 #include "global_testing.h"
 
 #include <atomic>
@@ -136,9 +137,11 @@ TEST_F(ClipboardTest, AnObjectIsItsWriteObjectBytesReadAsTheClassAskedFor) {
   EXPECT_EQ(expected + std::string(block.size() - expected.size(), '\0'), block);
   CString text("the shape, as text"), none;
   ASSERT_TRUE(VrkClipboardPutObject(ShapeFormat(), shape, text, 0, 0, TRUE));
-  EXPECT_EQ(m_wnd.m_hWnd, GetClipboardOwner());
   EXPECT_EQ("the shape, as text", ClipboardText());
   EXPECT_TRUE(IsOuterShape(VrkClipboardGetObject(ShapeFormat(), RUNTIME_CLASS(CGlShape))));
+  // A class the block does not hold (a kind of shape) is the archive's error.
+  EXPECT_EQ(CArchiveException::badClass,
+            ArchiveCause([] { VrkClipboardGetObject(ShapeFormat(), RUNTIME_CLASS(CGlCircle)); }));
   ASSERT_TRUE(VrkClipboardPutObject(ShapeFormat(), shape, none, 0, 0, TRUE));
   EXPECT_FALSE(IsClipboardFormatAvailable(CF_TEXT));
   delete shape;

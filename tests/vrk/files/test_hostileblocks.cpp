@@ -1,8 +1,8 @@
 // Blocks another program put on the clipboard (or in a data object) under
-// our format: truncated archives, absurd lengths, unknown class names and
-// thousands of damaged copies of good blocks. Reading them ends in an
-// object or an archive exception: no crash, no memory exception, and no
-// memory taken beyond what the block itself holds.
+// our format: truncated archives, absurd lengths and thousands of damaged
+// copies of good blocks. Reading them ends in an object or an archive
+// exception: no crash, no memory exception, and no memory taken beyond what
+// the block itself holds.
 #include <vrk_global.h>
 #include <afxole.h>
 #include <gtest/gtest.h>
@@ -98,40 +98,24 @@ protected:
   }
 };
 
+// The carrier checks its own length against the block: a block cut short
+// and a claim of 2 GB end in endOfFile, the clipboard closed on the way out.
+// Unknown or overlong class names, bad indexes and absurd string lengths are
+// the archive's own cases, pinned by afx.archive.
 TEST_F(HostileBlocks, KnownBadFormsEndInArchiveErrors) {
   const std::string carrier = CarrierBytes("payload");
   // The carrier's length field follows its 29-byte class header.
   ASSERT_EQ(std::string("\x07\0\0\0", 4), carrier.substr(29, 4));
-  std::string hugeLength = carrier, unknownClass = carrier;
+  std::string hugeLength = carrier;
   hugeLength.replace(29, 4, "\xF0\xFF\xFF\x7F", 4);
-  unknownClass.replace(6, 23, "VClipboardMemFileObjecX");
-  std::unique_ptr<CGlShape> shape(MakeShape());
-  std::string hugeName = WriteObjectBytes(shape.get());
-  // "outer"'s length byte (after the 14-byte class header) replaced by the
-  // escapes to a 32-bit length of 2 GB.
-  ASSERT_EQ('\x05', hugeName[14]);
-  hugeName.replace(14, 1, "\xFF\xFF\xFF\xFE\xFF\xFF\x7F", 7);
-  CRuntimeClass* const pCarrier = RUNTIME_CLASS(VClipboardMemFileObject);
-  CRuntimeClass* const pShape = RUNTIME_CLASS(CGlShape);
-  struct {
-    std::string bytes;
-    CRuntimeClass* pClass;
-    int cause;
-  } cases[] = {
-      {carrier.substr(0, carrier.size() - 1), pCarrier, CArchiveException::endOfFile},
-      {hugeLength, pCarrier, CArchiveException::endOfFile},
-      {unknownClass, pCarrier, CArchiveException::badClass},
-      {std::string("\xFF\xFF\x00\x00\xFF\x00", 6) + std::string(255, 'A'), pShape,
-       CArchiveException::badClass}, // an overlong class name
-      {hugeName, pShape, CArchiveException::endOfFile},
-      {std::string("\x01\x80", 2), pShape, CArchiveException::badIndex},
-  };
-  for (auto& c : cases) {
-    PutOnClipboard(c.bytes);
-    EXPECT_EQ(c.cause,
-              ArchiveCause([&] { delete VrkClipboardGetObject(HostileFormat(), c.pClass); }))
-        << &c - cases;
-    EXPECT_FALSE(CloseClipboard()) << &c - cases; // closed on the way out
+  for (const std::string& bytes : {carrier.substr(0, carrier.size() - 1), hugeLength}) {
+    PutOnClipboard(bytes);
+    EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([] {
+                delete VrkClipboardGetObject(HostileFormat(),
+                                             RUNTIME_CLASS(VClipboardMemFileObject));
+              }))
+        << bytes.size();
+    EXPECT_FALSE(CloseClipboard()) << bytes.size(); // closed on the way out
   }
 }
 
