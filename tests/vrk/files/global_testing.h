@@ -39,14 +39,12 @@ class CGlPlain : public CObject {
 };
 IMPLEMENT_DYNAMIC(CGlPlain, CObject)
 
-inline std::string Bytes(HGLOBAL h, size_t n) {
+inline std::string AllBytes(HGLOBAL h) {
   const char* p = (const char*)GlobalLock(h);
-  std::string s(p, n);
+  std::string s(p, GlobalSize(h));
   GlobalUnlock(h);
   return s;
 }
-
-inline std::string AllBytes(HGLOBAL h) { return Bytes(h, GlobalSize(h)); }
 
 inline HGLOBAL BlockOf(const std::string& bytes) {
   HGLOBAL h = GlobalAlloc(GMEM_MOVEABLE, bytes.size());

@@ -32,7 +32,7 @@ TEST(VGlobal, CachedLockSwappedReAllocAttachDetachAndRelease) {
   g.Unlock();
   void* h2 = g.ReAlloc(GMEM_MOVEABLE, 5000); // the flags first, the size second
   ASSERT_TRUE(h2 != NULL && g.Size() >= 5000ul);
-  EXPECT_EQ("0123456789abcdef", Bytes(h2, 16));
+  EXPECT_EQ("0123456789abcdef", AllBytes(h2).substr(0, 16));
   HGLOBAL other = GlobalAlloc(GMEM_MOVEABLE, 30);
   EXPECT_EQ((void*)other, g = other); // the old block is neither freed nor unlocked
   EXPECT_GE(GlobalSize(h2), 5000u);
@@ -137,7 +137,7 @@ TEST(GlobalStrings, BothWaysAndCopies) {
   h = VrkCreateGlobalFromString("\x82\xA0\x82\xA2");
   _setmbcp(old);
   ASSERT_NE((HGLOBAL)NULL, h);
-  EXPECT_TRUE(GlobalSize(h) == 3 && Bytes(h, 2) == "\x82\xA0");
+  EXPECT_TRUE(GlobalSize(h) == 3 && AllBytes(h).substr(0, 2) == "\x82\xA0");
   GlobalFree(h);
   CString str = "untouched";
   EXPECT_FALSE(VrkCreateStringFromGlobal(NULL, str));
