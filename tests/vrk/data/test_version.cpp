@@ -38,8 +38,9 @@ TEST(FileVersionInfo, FilesWithoutVersionResourceFail) {
   EXPECT_EQ(CString(), info.GetValue("CompanyName"));
   EXPECT_FALSE(info.GetFileVersionInfoA(NULL));
   ASSERT_TRUE(info.GetFileVersionInfoA(BinFile("vrk_data_verdll.dll").c_str()));
-  // A failed load drops what the previous one found.
-  EXPECT_FALSE(info.GetFileVersionInfoA(BinFile("vrk_data_noverdll.dll").c_str()));
+  // A failed load (this program has no version resource) drops what the
+  // previous one found.
+  EXPECT_FALSE(info.GetFileVersionInfoA(BinFile("vrk_data_version.exe").c_str()));
   EXPECT_EQ(nullptr, info.GetFixedInfo());
   EXPECT_EQ(CString(), info.GetValue("CompanyName"));
   // A name longer than a path can be is cut, not overrun.
