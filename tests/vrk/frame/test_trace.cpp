@@ -23,12 +23,9 @@ namespace {
 const char kProfilerKey[] = "Software\\Tamrix\\PELVrk Profiler";
 const char kHarnessKey[] = "Software\\Tamrix\\PELVTstHrns";
 
-const char kWindowBox[] = "VTrace|Trace can't output to TRACE window - not in DEBUG";
-const char kOpenBox[] = "VTrace|Trace cannot open file specified in registry";
-
-struct HostRun {                          // what one run of the host reported
-  std::vector<std::string> boxes, states; // "caption|text", "enabled=.. flags=.. filter=.. file=.."
-};
+const std::string kOff = "enabled=0 flags="; // a "state" line of tracing that is off
+const std::string kWindowBox = "VTrace|Trace can't output to TRACE window - not in DEBUG\n";
+const std::string kOpenBox = "VTrace|Trace cannot open file specified in registry\n";
 
 std::vector<std::string> Lines(const std::string& text, const std::string& eol) {
   std::vector<std::string> lines;
@@ -87,19 +84,15 @@ protected:
     SetDword("Filter", filter);
   }
 
-  HostRun Run(std::initializer_list<std::string> commands) {
+  // The host's report: a line per "state" command, then a line per box.
+  std::string Run(std::initializer_list<std::string> commands) {
     const std::string report = m_dir.File("report.txt");
     DeleteFileA(report.c_str());
     std::string line = "\"" + ExeDir() + "\\vrk_trace_host.exe\" \"" + report + "\"";
     for (const std::string& c : commands)
       line += " \"" + c + "\"";
     EXPECT_EQ(0u, RunProcess(line, NULL, 180000));
-    HostRun run;
-    for (const std::string& l : Lines(TempDir::ReadBytes(report), "\n")) {
-      if (l.compare(0, 4, "box:") == 0) run.boxes.push_back(l.substr(4));
-      if (l.compare(0, 6, "state:") == 0) run.states.push_back(l.substr(6));
-    }
-    return run;
+    return TempDir::ReadBytes(report);
   }
 
   ScratchRegistry m_registry;
@@ -138,7 +131,7 @@ TEST_F(TraceTest, TimingLinesCarryTheElapsedTimeAndFlag64TheClocks) {
   SetString("Suffix", ":S");
   SYSTEMTIME before;
   GetLocalTime(&before);
-  HostRun run = Run({"timed:4:10:filtered out", "timed:0:250:scope %d", "state"});
+  const std::string report = Run({"timed:4:10:filtered out", "timed:0:250:scope %d", "state"});
   int elapsed = -1, t[8];
   ASSERT_EQ(9, sscanf(Log().c_str(), "P:scope 42 ms=%d, (%2d:%2d.%2d.%3d : %2d:%2d.%2d.%3d):S",
                       &elapsed, &t[0], &t[1], &t[2], &t[3], &t[4], &t[5], &t[6], &t[7]))
@@ -151,7 +144,7 @@ TEST_F(TraceTest, TimingLinesCarryTheElapsedTimeAndFlag64TheClocks) {
   EXPECT_EQ(elapsed, (end - start + day) % day);
   EXPECT_GE(elapsed, 240);
   EXPECT_LT((start - then + day) % day, 60000L);
-  EXPECT_EQ(0u, run.states.at(0).find("enabled=1 flags=66 "));
+  EXPECT_EQ(0u, report.find("enabled=1 flags=66 ")) << report;
 }
 
 // No key: off, and the key is not made. Bit 1 clear: flags kept as read,
@@ -160,32 +153,25 @@ TEST_F(TraceTest, TimingLinesCarryTheElapsedTimeAndFlag64TheClocks) {
 // "no file" box names the file the run read at loading, whatever the key
 // says by then.
 TEST_F(TraceTest, SettingsThatLeaveTracingOffAndTheFailureBoxes) {
-  HostRun run = Run({"fmt:0:line", "state"});
-  EXPECT_EQ(std::vector<std::string>{"enabled=0 flags=0 filter=0 file=-1"}, run.states);
+  EXPECT_EQ(kOff + "0 filter=0 file=-1\n", Run({"fmt:0:line", "state"}));
   EXPECT_FALSE(ScratchRegistry::KeyExists(kProfilerKey));
   Configure(2 | 64, 0xFF);
-  run = Run({"fmt:0:line", "timed:0:0:scope", "state"});
-  EXPECT_EQ(std::vector<std::string>{"enabled=0 flags=66 filter=0 file=-1"}, run.states);
+  EXPECT_EQ(kOff + "66 filter=0 file=-1\n", Run({"fmt:0:line", "timed:0:0:scope", "state"}));
   EXPECT_FALSE(LogExists());
   SetDword("Flags", 1);
   SetString("FileName", "");
-  run = Run({"fmt:0:line", "state"});
-  EXPECT_EQ(std::vector<std::string>{"enabled=0 flags=1 filter=0 file=-1"}, run.states);
-  EXPECT_TRUE(run.boxes.empty());
+  EXPECT_EQ(kOff + "1 filter=0 file=-1\n", Run({"fmt:0:line", "state"}));
   Configure(1 | 16);
-  run = Run({"fmt:0:first", "fmt:0:second", "state"});
-  EXPECT_EQ(std::vector<std::string>{kWindowBox}, run.boxes);
+  EXPECT_EQ(kOff + "17 filter=0 file=-1\n" + kWindowBox,
+            Run({"fmt:0:first", "fmt:0:second", "state"}));
   EXPECT_FALSE(LogExists());
-  EXPECT_EQ(std::vector<std::string>{"enabled=0 flags=17 filter=0 file=-1"}, run.states);
   const std::string bad = m_dir.File("no such folder\\trace.log");
   SetDword("Flags", 1);
   SetString("FileName", bad);
-  run = Run(
-      {"fmt:0:first", "fmt:0:second", "setname:C:\\other\\trace.log", "output:lost line", "state"});
-  EXPECT_EQ((std::vector<std::string>{
-                kOpenBox, "VTrace|Trace can't open output file specified by '" + bad + "'"}),
-            run.boxes);
-  EXPECT_EQ(std::vector<std::string>{"enabled=0 flags=1 filter=0 file=-1"}, run.states);
+  EXPECT_EQ(kOff + "1 filter=0 file=-1\n" + kOpenBox +
+                "VTrace|Trace can't open output file specified by '" + bad + "'\n",
+            Run({"fmt:0:first", "fmt:0:second", "setname:C:\\other\\trace.log", "output:lost line",
+                 "state"}));
 }
 
 // Plain lines never restart the file, however long it grows; a check set by

@@ -1,13 +1,13 @@
 // A host process for the trace tests (the settings are read once per
 // process): vrk_trace_host.exe <report file> <command>... runs the commands
-// in order, answers every box, and reports "box:caption|text" per box and a
-// line per "state" command. Commands (fields split at ':', the last takes
+// in order, answers every box, and reports a line per "state" command, then
+// "caption|text" per box. Commands (fields split at ':', the last takes
 // the rest): fmt:<cat>:<format> (VrkTrace with 42, 43), long:<cat>:<n> (n
 // pattern characters), timed:<cat>:<ms>:<fmt> (a VTrace alive for ms),
 // output:<text> (Output of a disabled object), restart:<text> (Output with
 // the length check set), threads:<n>:<lines>, cover (two fixed formats, the
 // first twice), flush (FlushLog), setname:<path> (FileName in the key),
-// state ("state:enabled=.. flags=.. filter=.. file=..").
+// state ("enabled=.. flags=.. filter=.. file=..").
 #include "vrk_trace.h"
 
 #include "msgbox_catcher.h"
@@ -95,7 +95,7 @@ int main(int argc, char** argv) {
       VTraceLogger::GetGlobalLogger().FlushLog();
     } else if (verb == "state") {
       char line[128];
-      sprintf(line, "state:enabled=%d flags=%lu filter=%lu file=%d\n", VrkTraceIsEnabled(),
+      sprintf(line, "enabled=%d flags=%lu filter=%lu file=%d\n", VrkTraceIsEnabled(),
               (unsigned long)VrkTraceGetFlags(), (unsigned long)VrkTraceGetFilter(),
               (int)VrkTraceGetFile());
       report += line;
@@ -104,7 +104,7 @@ int main(int argc, char** argv) {
     }
   }
   for (const CaughtBox& box : catcher.Boxes())
-    report += "box:" + box.caption + "|" + box.text + "\n";
+    report += box.caption + "|" + box.text + "\n";
   FILE* pFile = fopen(argv[1], "wb");
   if (pFile == NULL) return 5;
   fwrite(report.data(), 1, report.size(), pFile);
