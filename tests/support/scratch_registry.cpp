@@ -73,30 +73,24 @@ bool ScratchRegistry::KeyExists(const std::string& path) {
   return true;
 }
 
-DWORD ScratchRegistry::ValueType(const std::string& path, const std::string& name) {
+// The value's type (REG_NONE when it is missing) and its data.
+static DWORD Read(const std::string& path, const std::string& name, std::vector<BYTE>* data) {
   HKEY hKey = Open(path);
-  if (hKey == NULL) return REG_NONE;
   DWORD type = REG_NONE;
-  if (RegQueryValueExA(hKey, name.c_str(), NULL, &type, NULL, NULL) != ERROR_SUCCESS)
-    type = REG_NONE;
-  RegCloseKey(hKey);
+  if (hKey != NULL && !QueryValue(hKey, name, &type, data)) type = REG_NONE;
+  if (hKey != NULL) RegCloseKey(hKey);
   return type;
 }
 
-static bool Read(const std::string& path, const std::string& name, DWORD wantType,
-                 std::vector<BYTE>* data) {
-  HKEY hKey = Open(path);
-  if (hKey == NULL) return false;
-  DWORD type = REG_NONE;
-  bool ok = QueryValue(hKey, name, &type, data) && type == wantType;
-  RegCloseKey(hKey);
-  return ok;
+DWORD ScratchRegistry::ValueType(const std::string& path, const std::string& name) {
+  std::vector<BYTE> data;
+  return Read(path, name, &data);
 }
 
 bool ScratchRegistry::ReadString(const std::string& path, const std::string& name,
                                  std::string* value) {
   std::vector<BYTE> data;
-  if (!Read(path, name, REG_SZ, &data)) return false;
+  if (Read(path, name, &data) != REG_SZ) return false;
   value->assign(data.begin(), data.end());
   while (!value->empty() && value->back() == '\0')
     value->pop_back();
@@ -105,14 +99,14 @@ bool ScratchRegistry::ReadString(const std::string& path, const std::string& nam
 
 bool ScratchRegistry::ReadDword(const std::string& path, const std::string& name, DWORD* value) {
   std::vector<BYTE> data;
-  if (!Read(path, name, REG_DWORD, &data) || data.size() != sizeof(DWORD)) return false;
+  if (Read(path, name, &data) != REG_DWORD || data.size() != sizeof(DWORD)) return false;
   memcpy(value, data.data(), sizeof(DWORD));
   return true;
 }
 
 bool ScratchRegistry::ReadBinary(const std::string& path, const std::string& name,
                                  std::vector<BYTE>* value) {
-  return Read(path, name, REG_BINARY, value);
+  return Read(path, name, value) == REG_BINARY;
 }
 
 static bool Write(const std::string& path, const std::string& name, DWORD type, const void* data,
