@@ -90,7 +90,6 @@ TEST(CharFileRead, WalksAFileAndLeavesItOpen) {
   EXPECT_TRUE(reader.Current()->m_hFile != CFile::hFileNull && reader.FinishedWithFile() == 1);
   // A second walk while the file is set is refused.
   EXPECT_EQ(0, reader.ReadFile() + reader.ProcessLine(NULL));
-  // The file is open without sharing until closed.
   EXPECT_EQ(1, reader.CloseFile());
 
   LineReader lines(name.c_str());
