@@ -58,8 +58,10 @@ TEST(FileHandlerOwnership, BorrowedFilesAreNeverDeletedOwnedOnesAre) {
 }
 
 // New files are read-write and truncate; an output already set is kept.
-TEST(FileHandlerOpen, NewAndExistingFiles) {
+// Bad names fail silently, a missing file with a box that names it.
+TEST(FileHandlerOpen, NewExistingMissingFilesAndBadNames) {
   TempDir dir;
+  MsgBoxCatcher catcher;
   const std::string name = dir.File("data.bin");
   VFileHandler handler;
   CFile* pFile = NULL;
@@ -82,23 +84,15 @@ TEST(FileHandlerOpen, NewAndExistingFiles) {
   EXPECT_EQ(2, owner.CloseFile() + owner.CloseFile());
   EXPECT_EQ(CFile::hFileNull, pFile->m_hFile);
   EXPECT_TRUE(DeleteFileA(name.c_str()));
-}
-
-TEST(FileHandlerOpen, BadNamesFailSilentlyMissingFilesWithABox) {
-  TempDir dir;
-  MsgBoxCatcher catcher;
-  VFileHandler handler;
-  CFile* pFile = NULL;
+  pFile = NULL;
   EXPECT_EQ(0, handler.OpenNewFile(NULL, pFile, 0) + handler.OpenNewFile("", pFile, 0) +
                    handler.OpenAndUseExistingFile(NULL, CFile::modeRead));
   EXPECT_EQ(0u, catcher.Count());
-
-  EXPECT_EQ(0,
-            handler.OpenExistingFile(dir.File("missing.bin").c_str(), pFile, CFile::modeRead, 0));
+  EXPECT_EQ(0, handler.OpenExistingFile(name.c_str(), pFile, CFile::modeRead, 0));
   EXPECT_EQ(NULL, pFile);
   ASSERT_EQ(1u, catcher.Count());
   // The failed CFile still knows the full name it was asked to open.
-  EXPECT_EQ(std::string(kOpenText) + ": " + dir.File("missing.bin"), catcher.Last().text);
+  EXPECT_EQ(std::string(kOpenText) + ": " + name, catcher.Last().text);
 }
 
 // Positions are limited to 2 GB; a move is sign-extended, and one before
