@@ -78,8 +78,11 @@ TEST(CharFileParse, FieldsOfALine) {
   EXPECT_EQ(0, reader.ParseLine(strLine, NULL));
 }
 
-TEST(CharFileRead, WalksAFileAndLeavesItOpen) {
+// A walk leaves the file open; an unended last line, an overlong line, a
+// missing or unnamed file fail it, quietly.
+TEST(CharFileRead, WalksAFileLeavingItOpenAndTheWalksThatFail) {
   TempDir dir;
+  MsgBoxCatcher catcher;
   const std::string name = dir.File("data.csv");
   ASSERT_TRUE(TempDir::WriteBytes(name, "[head]\r\na,b,c\r\n\r\nx;y\n\"q\",1\r\n"));
   LineReader reader(name.c_str());
@@ -94,31 +97,25 @@ TEST(CharFileRead, WalksAFileAndLeavesItOpen) {
 
   LineReader lines(name.c_str());
   EXPECT_EQ(Strings({"[head]", "a,b,c", "", "x;y", "\"q\",1"}), lines.AllLines());
-}
-
-TEST(CharFileRead, UnendedOverlongEmptyAndMissingFiles) {
-  TempDir dir;
-  MsgBoxCatcher catcher;
   ASSERT_TRUE(TempDir::WriteBytes(dir.File("open.csv"), "a,b\r\nc,d"));
   LineReader unended(dir.File("open.csv").c_str());
   unended.SetSeparator(',');
   EXPECT_EQ(0, unended.ReadFile()); // which closes the file
   ASSERT_TRUE(unended.Current() != NULL);
   EXPECT_EQ(CFile::hFileNull, unended.Current()->m_hFile);
-  LineReader lines(dir.File("open.csv").c_str());
-  EXPECT_EQ(Strings({"a,b"}), lines.AllLines());
+  EXPECT_EQ(Strings({"a,b"}), LineReader(dir.File("open.csv").c_str()).AllLines());
   // The line buffer holds 1199 characters; a longer line, or a long run
   // without any line feed, fails the walk.
   const std::string fits = std::string(1199, 'f');
-  const std::string name = dir.File("long.txt");
-  ASSERT_TRUE(TempDir::WriteBytes(name, fits + "\r\n" + std::string(1200, 'g') + "\r\nnext\n"));
-  LineReader reader(name.c_str());
-  ASSERT_EQ(1, reader.OpenAndUseExistingFile(name.c_str(), CFile::modeRead));
+  const std::string longName = dir.File("long.txt");
+  ASSERT_TRUE(TempDir::WriteBytes(longName, fits + "\r\n" + std::string(1200, 'g') + "\r\nnext\n"));
+  LineReader longLines(longName.c_str());
+  ASSERT_EQ(1, longLines.OpenAndUseExistingFile(longName.c_str(), CFile::modeRead));
   CString strLine;
-  EXPECT_EQ(1, reader.ReadLine(strLine));
+  EXPECT_EQ(1, longLines.ReadLine(strLine));
   EXPECT_EQ(fits, (const char*)strLine);
-  EXPECT_EQ(0, reader.ReadLine(strLine));
-  reader.CloseFile();
+  EXPECT_EQ(0, longLines.ReadLine(strLine));
+  longLines.CloseFile();
   ASSERT_TRUE(TempDir::WriteBytes(dir.File("huge.txt"), std::string(100000, 'h') + "\n"));
   ASSERT_TRUE(TempDir::WriteBytes(dir.File("empty.csv"), ""));
   const struct {
