@@ -11,13 +11,8 @@ namespace {
 
 class IniArchiveTest : public ::testing::Test {
 protected:
-  // Opens kSection of settings.ini, creating the file.
+  // Opens section Sec of settings.ini, creating the file.
   void OpenNew() { ASSERT_EQ(1, m_ar.Open("Sec", m_file.c_str(), VRK_PROFILE_CREATE)); }
-  // The file's text after the system's cache is flushed.
-  std::string Text() {
-    WritePrivateProfileStringA(NULL, NULL, NULL, m_file.c_str());
-    return TempDir::ReadBytes(m_file);
-  }
 
   TempDir m_dir;
   std::string m_file = m_dir.File("settings.ini");
@@ -73,7 +68,9 @@ TEST_F(IniArchiveTest, WritesTextTheSystemReadsBack) {
             Sum({m_ar.Write("Dword", (DWORD)4000000000u), m_ar.Write("Word", (unsigned short)65535),
                  m_ar.Write("Byte", (unsigned char)200), m_ar.WriteBool("On", five),
                  m_ar.WriteBool("Off", zero)}));
-  EXPECT_EQ("[Sec]\r\nDword=4000000000\r\nWord=65535\r\nByte=200\r\nOn=1\r\nOff=0\r\n", Text());
+  WritePrivateProfileStringA(NULL, NULL, NULL, m_file.c_str()); // the system's cache flushed
+  EXPECT_EQ("[Sec]\r\nDword=4000000000\r\nWord=65535\r\nByte=200\r\nOn=1\r\nOff=0\r\n",
+            TempDir::ReadBytes(m_file));
   EXPECT_EQ(1, m_ar.Write("Long", text.c_str()));
   CString back;
   EXPECT_EQ(1, m_ar.Read("Long", back, ""));
