@@ -56,28 +56,14 @@ bool IsOuterShape(CObject* ob, const char* name = "outer") {
 
 // This executable doubles as the other program: started with VRK_CLIP_CHILD
 // set, it puts a shape before any test runs and exits with 0 on success.
-int DoChildJob() {
-  std::unique_ptr<CGlShape> shape(MakeShape());
-  shape->name = "from the child";
-  return VrkClipboardPutObject(ShapeFormat(), shape.get(), 0, 0, TRUE) ? 0 : 20;
-}
-
 struct ChildMode {
   ChildMode() {
-    char szJob[16];
-    if (GetEnvironmentVariableA("VRK_CLIP_CHILD", szJob, sizeof(szJob)) != 0)
-      ExitProcess((UINT)DoChildJob());
+    if (GetEnvironmentVariableA("VRK_CLIP_CHILD", NULL, 0) == 0) return;
+    std::unique_ptr<CGlShape> shape(MakeShape());
+    shape->name = "from the child";
+    ExitProcess(VrkClipboardPutObject(ShapeFormat(), shape.get(), 0, 0, TRUE) ? 0 : 20);
   }
 } g_childMode;
-
-DWORD RunChild(const char* pszJob) {
-  char szExe[MAX_PATH];
-  GetModuleFileNameA(NULL, szExe, MAX_PATH);
-  SetEnvironmentVariableA("VRK_CLIP_CHILD", pszJob);
-  const DWORD dwCode = RunProcess(std::string("\"") + szExe + "\"");
-  SetEnvironmentVariableA("VRK_CLIP_CHILD", NULL);
-  return dwCode;
-}
 
 // An application whose main window opens the clipboard.
 class ClipboardTest : public ::testing::Test {
@@ -177,7 +163,10 @@ TEST_F(ClipboardTest, AClipboardHeldElsewhereIsReportedNotWaitedFor) {
 }
 
 TEST_F(ClipboardTest, AnObjectPutByAnotherProcessIsReadHere) {
-  ASSERT_EQ(0u, RunChild("put"));
+  SetEnvironmentVariableA("VRK_CLIP_CHILD", "put");
+  const DWORD dwCode = RunProcess("\"" + ExeDir() + "\\vrk_files_clipboard.exe\"");
+  SetEnvironmentVariableA("VRK_CLIP_CHILD", NULL);
+  ASSERT_EQ(0u, dwCode);
   EXPECT_TRUE(IsOuterShape(VrkClipboardGetObject(ShapeFormat(), RUNTIME_CLASS(CGlShape)),
                            "from the child"));
 }
