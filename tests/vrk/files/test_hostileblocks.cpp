@@ -19,14 +19,6 @@ namespace {
 
 CLIPFORMAT HostileFormat() { return (CLIPFORMAT)RegisterClipboardFormatA("VRK test hostile"); }
 
-void PutOnClipboard(const std::string& bytes) {
-  for (int i = 0; i < 50 && !OpenClipboard(NULL); i++)
-    Sleep(20);
-  EmptyClipboard();
-  SetClipboardData(HostileFormat(), BlockOf(bytes));
-  CloseClipboard();
-}
-
 // 0 an object (used and deleted), 1 an archive error, 2 another MFC
 // exception (a block that cannot be locked), 3 a memory exception (a claimed
 // length was believed), 4 no object (a null tag, an empty block).
@@ -109,7 +101,11 @@ TEST_F(HostileBlocks, KnownBadFormsEndInArchiveErrors) {
   std::string hugeLength = carrier;
   hugeLength.replace(29, 4, "\xF0\xFF\xFF\x7F", 4);
   for (const std::string& bytes : {carrier.substr(0, carrier.size() - 1), hugeLength}) {
-    PutOnClipboard(bytes);
+    for (int i = 0; i < 50 && !OpenClipboard(NULL); i++)
+      Sleep(20);
+    EmptyClipboard();
+    SetClipboardData(HostileFormat(), BlockOf(bytes));
+    CloseClipboard();
     EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([] {
                 delete VrkClipboardGetObject(HostileFormat(),
                                              RUNTIME_CLASS(VClipboardMemFileObject));

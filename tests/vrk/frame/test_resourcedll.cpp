@@ -11,15 +11,7 @@
 
 namespace {
 
-std::string ModulePath(HMODULE hModule) {
-  char szPath[MAX_PATH] = "";
-  if (hModule != NULL) ::GetModuleFileNameA(hModule, szPath, MAX_PATH);
-  return szPath;
-}
-
 std::string LangDir() { return ExeDir() + "\\lang"; }
-
-bool IsEnglishUser() { return ::GetUserDefaultLCID() == 1033; }
 
 // English is the statically imported module, its name not case-sensitive.
 // A missing module shows the box only with flag 2, naming the module looked
@@ -43,7 +35,7 @@ TEST(VrkOSLoadResourceDll, EnglishAndTheBoxForMissingModulesOnlyWithFlag2) {
                {"nosuch", NULL, 2, "nosuch_ENU"},
                {"vrk", "XYZ", 2, "vrk_XYZ"},
                {strBase.c_str(), "XYZ", 2, (strBase + "_XYZ").substr(0, 255 - 25)},
-               {"vrk", "XYZ", 1 | 2, IsEnglishUser() ? "vrk_XYZ" : ""}};
+               {"vrk", "XYZ", 1 | 2, ::GetUserDefaultLCID() == 1033 ? "vrk_XYZ" : ""}};
   for (const auto& c : cases) {
     catcher.Clear();
     HINSTANCE h = c.language ? VrkOSLoadResourceDll(c.base, c.language, c.flags)
@@ -83,7 +75,9 @@ TEST(VrkOSLoadResourceDll, FindsAModuleBesideTheResourceModuleOnlyAndNeverFreesI
     AfxSetResourceHandle(hOld);
     hDeu = dll.GetInstance();
     ASSERT_TRUE(hDeu != NULL);
-    EXPECT_EQ(LangDir() + "\\vrk_DEU.dll", ModulePath(hDeu));
+    char szPath[MAX_PATH] = "";
+    ::GetModuleFileNameA(hDeu, szPath, MAX_PATH);
+    EXPECT_EQ(LangDir() + "\\vrk_DEU.dll", szPath);
     VExplicitResourceDll copy(dll);
     dll.Unload();
     EXPECT_TRUE(dll.GetInstance() == NULL);

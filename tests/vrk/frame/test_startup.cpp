@@ -24,8 +24,6 @@ std::string RunLoadHost(const std::string& strOptions) {
   return TempDir::ReadBytes(strReport);
 }
 
-bool IsEnglishUser() { return ::GetUserDefaultLCID() == 1033; }
-
 // The language is read only when UseSystem is present and 0; English is the
 // default. German is found beside the application's resource module (the
 // anchor in bin\lang); InitVrkDll initialises English first, then the German
@@ -38,7 +36,7 @@ TEST(Startup, TheLanguageChosenForEachRegistryState) {
   ScratchRegistry registry;
   const std::string E = "Error code: %lu", G = "Fehlercode: %lu", none = "<missing>";
   auto box = [](const char* name) {
-    return IsEnglishUser()
+    return ::GetUserDefaultLCID() == 1033 // an English user's load is not retried
                ? "||The dynamic link library " + std::string(name) + " could not be found"
                : std::string();
   };
