@@ -12,15 +12,6 @@ namespace {
 const UINT kIdErrorCode = 5013;  // "Error code: %lu"
 const UINT kIdPrintStart = 5014; // "The print job could not be started."
 
-std::string SystemText(DWORD dwError) {
-  char* pszBuffer = NULL;
-  DWORD n = ::FormatMessageA(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM, NULL,
-                             dwError, 0x400, reinterpret_cast<LPSTR>(&pszBuffer), 0, NULL);
-  std::string strText(n != 0 ? std::string(pszBuffer, n) : std::string());
-  if (pszBuffer != NULL) ::LocalFree(pszBuffer);
-  return strText;
-}
-
 // The message of the VException fn threw, "<none>" when none.
 template <class Fn> std::string VMessage(Fn fn) {
   try {
@@ -106,7 +97,11 @@ TEST(VInvalidDataException, LongTextIsCutAt511AndTheReportIsAPlainOkBox) {
 
 TEST(VrkReportError, BuildsPrefixSystemTextAndCodeLine) {
   MsgBoxCatcher catcher;
-  std::string strSystem = SystemText(ERROR_FILE_NOT_FOUND);
+  char* pszSystem = NULL; // the system's own text
+  const DWORD n = ::FormatMessageA(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM,
+                                   NULL, ERROR_FILE_NOT_FOUND, 0x400, (LPSTR)&pszSystem, 0, NULL);
+  const std::string strSystem(pszSystem != NULL ? pszSystem : "", n);
+  ::LocalFree(pszSystem);
   EXPECT_EQ(static_cast<int>(strSystem.size()),
             VrkReportError(ERROR_FILE_NOT_FOUND, "Opening c:\\x.dat", 1));
   ASSERT_EQ(1u, catcher.Count());

@@ -14,16 +14,6 @@ namespace {
 
 const char kSettings[] = "Software\\Tamrix\\PEL\\Settings";
 
-// Runs the load host with the given options: its report.
-std::string RunLoadHost(const std::string& strOptions) {
-  TempDir dir;
-  const std::string strReport = dir.File("report.txt");
-  EXPECT_EQ(0u, RunProcess("\"" + ExeDir() + "\\vrk_frame_loadhost.exe\" \"" + strReport + "\" " +
-                               strOptions,
-                           ExeDir().c_str()));
-  return TempDir::ReadBytes(strReport);
-}
-
 // The language is read only when UseSystem is present and 0; English is the
 // default. German is found beside the application's resource module (the
 // anchor in bin\lang); InitVrkDll initialises English first, then the German
@@ -56,8 +46,13 @@ TEST(Startup, TheLanguageChosenForEachRegistryState) {
     ASSERT_TRUE(c.useSystem < 0 ||
                 ScratchRegistry::WriteDword(kSettings, "UseSystem", c.useSystem));
     ASSERT_TRUE(!c.language || ScratchRegistry::WriteString(kSettings, "Language", c.language));
+    TempDir dir;
+    const std::string strReport = dir.File("report.txt");
+    ASSERT_EQ(0u, RunProcess("\"" + ExeDir() + "\\vrk_frame_loadhost.exe\" \"" + strReport + "\" " +
+                                 c.options,
+                             ExeDir().c_str()));
     // The host's file version is 3.14.15.9265.
-    EXPECT_EQ(c.expected + "\n3.14 15.9265 vrk_frame_loadhost.exe\n", RunLoadHost(c.options))
+    EXPECT_EQ(c.expected + "\n3.14 15.9265 vrk_frame_loadhost.exe\n", TempDir::ReadBytes(strReport))
         << c.useSystem << " " << c.language << " " << c.options;
     EXPECT_TRUE(ScratchRegistry::KeyExists(kSettings)); // made when missing
   }

@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <initializer_list>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -26,17 +27,6 @@ const char kHarnessKey[] = "Software\\Tamrix\\PELVTstHrns";
 const std::string kOff = "enabled=0 flags="; // a "state" line of tracing that is off
 const std::string kWindowBox = "VTrace|Trace can't output to TRACE window - not in DEBUG\n";
 const std::string kOpenBox = "VTrace|Trace cannot open file specified in registry\n";
-
-std::vector<std::string> Lines(const std::string& text, const std::string& eol) {
-  std::vector<std::string> lines;
-  size_t start = 0, end;
-  while ((end = text.find(eol, start)) != std::string::npos) {
-    lines.push_back(text.substr(start, end - start));
-    start = end + eol.size();
-  }
-  if (start < text.size()) lines.push_back(text.substr(start));
-  return lines;
-}
 
 // "0123456789abc..." cut to n characters: what the host's long command sends.
 std::string Pattern(size_t n) {
@@ -193,11 +183,14 @@ TEST_F(TraceTest, EightThreadsWritingAThousandLinesEachLoseNothing) {
   SetString("Prefix", "<");
   SetString("Suffix", ">");
   Run({"threads:8:1000"});
-  std::vector<std::string> lines = Lines(Log(), "\r\n"), expected;
+  std::istringstream log(Log());
+  std::vector<std::string> lines, expected;
+  for (std::string line; std::getline(log, line);) // each ends in its CR
+    lines.push_back(line);
   for (int t = 0; t < 8; t++)
     for (int i = 0; i < 1000; i++) {
       char sz[16];
-      expected.push_back(std::string(sz, sprintf(sz, "<T%02d L%04d>", t, i)));
+      expected.push_back(std::string(sz, sprintf(sz, "<T%02d L%04d>\r", t, i)));
     }
   std::sort(lines.begin(), lines.end());
   EXPECT_TRUE(expected == lines) << lines.size() << " lines";

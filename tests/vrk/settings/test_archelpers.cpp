@@ -12,10 +12,6 @@
 
 namespace {
 
-std::string Slim(unsigned long value) {
-  return ArchiveBytes([=](CArchive& ar) { VrkArWriteSlim(ar, value); });
-}
-
 unsigned long ReadSlim(const std::string& bytes) {
   unsigned long value = 0xDEADBEEF;
   LoadBytes(bytes, [&](CArchive& ar) { VrkArReadSlim(ar, value); });
@@ -35,7 +31,7 @@ TEST(ArSlim, EachFormAtItsBoundsBothWays) {
                {65534, std::string("\xFF\xFF\xFF\xFE\xFF\x00\x00", 7)},
                {0xFFFFFFFFUL, "\xFF\xFF\xFF\xFF\xFF\xFF\xFF"}};
   for (const auto& c : cases) {
-    EXPECT_EQ(c.bytes, Slim(c.value)) << c.value;
+    EXPECT_EQ(c.bytes, ArchiveBytes([&](CArchive& ar) { VrkArWriteSlim(ar, c.value); })) << c.value;
     EXPECT_EQ(c.value, ReadSlim(c.bytes)) << c.value;
   }
   EXPECT_EQ(65534UL, ReadSlim("\xFF\xFE\xFF"));
