@@ -134,8 +134,7 @@ TEST_F(ReaderWriterTest, ShortReadsAreReportedAndKeepOrClearTheOutput) {
   EXPECT_EQ(0, m_rw.ReadFourByteDwordNormal(&dw));
   EXPECT_EQ(0xCAFEBABEul, dw); // two bytes left: the old value kept
   EXPECT_EQ(Calls({1, 1, 1}), m_file.m_reads);
-  ASSERT_EQ(1u, catcher.Count());
-  EXPECT_EQ(box, catcher.Last().text);
+  ASSERT_EQ(1u, catcher.Count()); // the text of every box is checked at the end
 
   // One byte left: the 2-byte block read overwrites half of the output.
   Reset("\x55");
