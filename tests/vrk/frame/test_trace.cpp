@@ -1,22 +1,25 @@
 // The trace facility, driven through the real Profiler key. The settings are
-// read once per process, so every configuration runs in its own host process
-// (vrk_trace_host.exe); the trace file is then read back byte for byte. The
-// file is written in text mode: each line ends in CR LF.
+// read once per process, so every configuration runs in a process of its own,
+// this program started again as the host; the trace file is then read back
+// byte for byte. The file is written in text mode: each line ends in CR LF.
 #include "vrk_trace.h"
 
 #include "child_process.h"
+#include "msgbox_catcher.h"
 #include "scratch_registry.h"
 #include "temp_dir.h"
 
 #include <gtest/gtest.h>
 
 #include <stdio.h>
+#include <stdlib.h>
 
 #include <algorithm>
 #include <initializer_list>
 #include <set>
 #include <sstream>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -25,8 +28,6 @@ const char kProfilerKey[] = "Software\\Tamrix\\PELVrk Profiler";
 const char kHarnessKey[] = "Software\\Tamrix\\PELVTstHrns";
 
 const std::string kOff = "enabled=0 flags="; // a "state" line of tracing that is off
-const std::string kWindowBox = "VTrace|Trace can't output to TRACE window - not in DEBUG\n";
-const std::string kOpenBox = "VTrace|Trace cannot open file specified in registry\n";
 
 // "0123456789abc..." cut to n characters: what the host's long command sends.
 std::string Pattern(size_t n) {
@@ -35,6 +36,100 @@ std::string Pattern(size_t n) {
     text[k] = "0123456789abcdefghijklmnopqrstuvwxyz"[k % 36];
   return text;
 }
+
+// Reaches the protected output step the way a subclass would.
+class ProbeTrace : public VTrace {
+public:
+  ProbeTrace() : VTrace(0, NULL) {}
+  void Send(const std::string& text, BOOL bCheckLength) {
+    m_bCheckLength = bCheckLength;
+    Output(text.c_str(), (int)text.size());
+  }
+};
+
+// Two formats in one array, so that their addresses (the log's keys) are in
+// a known order.
+const char kCoverFormats[2][16] = {"alpha %d", "beta"};
+
+// Splits "verb:a:b:rest" into n fields, the last one keeping any ':'.
+std::vector<std::string> Split(const std::string& text, size_t n) {
+  std::vector<std::string> fields;
+  size_t start = 0, colon;
+  while (fields.size() + 1 < n && (colon = text.find(':', start)) != std::string::npos) {
+    fields.push_back(text.substr(start, colon - start));
+    start = colon + 1;
+  }
+  fields.push_back(text.substr(start));
+  fields.resize(n);
+  return fields;
+}
+
+DWORD Number(const std::string& text) { return (DWORD)strtoul(text.c_str(), NULL, 0); }
+
+// The host: runs the commands (see TraceTest::Run) after the report file's
+// name, answering every box, and writes the report.
+int RunHost(const std::vector<std::string>& args) {
+  std::string report;
+  MsgBoxCatcher catcher(IDOK);
+  for (size_t i = 1; i < args.size(); ++i) {
+    const std::vector<std::string> f = Split(args[i], 4);
+    const std::string& verb = f[0];
+    if (verb == "fmt") {
+      VrkTrace(Number(f[1]), Split(args[i], 3)[2].c_str(), 42, 43);
+    } else if (verb == "long") {
+      VrkTrace(Number(f[1]), "%s", Pattern(Number(f[2])).c_str());
+    } else if (verb == "timed") {
+      VTrace scope(Number(f[1]), f[3].c_str(), 42);
+      Sleep(Number(f[2]));
+    } else if (verb == "output" || verb == "restart") {
+      ProbeTrace().Send(Split(args[i], 2)[1], verb == "restart");
+    } else if (verb == "threads") {
+      std::vector<std::thread> threads;
+      for (int t = 0; t < (int)Number(f[1]); ++t)
+        threads.emplace_back([t, &f] {
+          for (int line = 0; line < (int)Number(f[2]); ++line)
+            VrkTrace(0, "T%02d L%04d", t, line);
+        });
+      for (std::thread& thread : threads)
+        thread.join();
+    } else if (verb == "cover") {
+      VrkTrace(0, kCoverFormats[0], 1);
+      VrkTrace(0, kCoverFormats[1]);
+      VrkTrace(0, kCoverFormats[0], 2);
+    } else if (verb == "setname") {
+      ScratchRegistry::WriteString(kProfilerKey, "FileName", Split(args[i], 2)[1]);
+    } else if (verb == "flush") {
+      VTraceLogger::GetGlobalLogger().FlushLog();
+    } else if (verb == "state") {
+      char line[128];
+      sprintf(line, "enabled=%d flags=%lu filter=%lu file=%d\n", VrkTraceIsEnabled(),
+              (unsigned long)VrkTraceGetFlags(), (unsigned long)VrkTraceGetFilter(),
+              (int)VrkTraceGetFile());
+      report += line;
+    } else {
+      return 3;
+    }
+  }
+  for (const CaughtBox& box : catcher.Boxes())
+    report += box.caption + "|" + box.text + "\n";
+  return TempDir::WriteBytes(args[0], report) ? 0 : 5;
+}
+
+// Started with VRK_TRACE_HOST set (the report file's name and the commands,
+// a line each), this program is the host: it runs them before any test and
+// exits with the host's result.
+struct HostMode {
+  HostMode() {
+    char sz[16384];
+    const DWORD n = GetEnvironmentVariableA("VRK_TRACE_HOST", sz, sizeof(sz));
+    if (n == 0 || n >= sizeof(sz)) return;
+    std::istringstream in(std::string(sz, n));
+    std::vector<std::string> args;
+    for (std::string arg; std::getline(in, arg);)
+      args.push_back(arg);
+    ExitProcess((UINT)RunHost(args));
+  }
+} g_hostMode;
 
 // The contents of the coverage files in dir. GetTempFileNameA keeps three
 // characters of the prefix "vthx".
@@ -74,14 +169,23 @@ protected:
     SetDword("Filter", filter);
   }
 
-  // The host's report: a line per "state" command, then a line per box.
+  // Runs the host and returns its report: a line per "state" command, then
+  // "caption|text" per box. Commands (fields split at ':', the last takes the
+  // rest): fmt:<cat>:<format> (VrkTrace with 42, 43), long:<cat>:<n> (n
+  // pattern characters), timed:<cat>:<ms>:<fmt> (a VTrace alive for ms),
+  // output:<text> (Output of a disabled object), restart:<text> (Output with
+  // the length check set), threads:<n>:<lines>, cover (two fixed formats, the
+  // first twice), flush (FlushLog), setname:<path> (FileName in the key),
+  // state ("enabled=.. flags=.. filter=.. file=..").
   std::string Run(std::initializer_list<std::string> commands) {
     const std::string report = m_dir.File("report.txt");
     DeleteFileA(report.c_str());
-    std::string line = "\"" + ExeDir() + "\\vrk_trace_host.exe\" \"" + report + "\"";
+    std::string job = report;
     for (const std::string& c : commands)
-      line += " \"" + c + "\"";
-    EXPECT_EQ(0u, RunProcess(line, NULL, 180000));
+      job += "\n" + c;
+    SetEnvironmentVariableA("VRK_TRACE_HOST", job.c_str());
+    EXPECT_EQ(0u, RunProcess("\"" + ExeDir() + "\\vrk_frame_trace.exe\"", NULL, 180000));
+    SetEnvironmentVariableA("VRK_TRACE_HOST", NULL);
     return TempDir::ReadBytes(report);
   }
 
@@ -152,13 +256,14 @@ TEST_F(TraceTest, SettingsThatLeaveTracingOffAndTheFailureBoxes) {
   SetString("FileName", "");
   EXPECT_EQ(kOff + "1 filter=0 file=-1\n", Run({"fmt:0:line", "state"}));
   Configure(1 | 16);
-  EXPECT_EQ(kOff + "17 filter=0 file=-1\n" + kWindowBox,
+  EXPECT_EQ(kOff +
+                "17 filter=0 file=-1\nVTrace|Trace can't output to TRACE window - not in DEBUG\n",
             Run({"fmt:0:first", "fmt:0:second", "state"}));
   EXPECT_FALSE(LogExists());
   const std::string bad = m_dir.File("no such folder\\trace.log");
   SetDword("Flags", 1);
   SetString("FileName", bad);
-  EXPECT_EQ(kOff + "1 filter=0 file=-1\n" + kOpenBox +
+  EXPECT_EQ(kOff + "1 filter=0 file=-1\nVTrace|Trace cannot open file specified in registry\n" +
                 "VTrace|Trace can't open output file specified by '" + bad + "'\n",
             Run({"fmt:0:first", "fmt:0:second", "setname:C:\\other\\trace.log", "output:lost line",
                  "state"}));
