@@ -5,6 +5,8 @@
 
 #include <afx.h>
 
+#include <string>
+
 // The run-time class of the exception fn threw; NULL when none.
 template <class Fn> CRuntimeClass* ThrownClass(Fn fn) {
   try {
@@ -34,6 +36,18 @@ template <class E, class Fn> int ThrownCause(Fn fn) {
 }
 
 template <class Fn> int ArchiveCause(Fn fn) { return ThrownCause<CArchiveException>(fn); }
+
+// The GetMessage text of the exception of class E fn threw; "" when none.
+// Not deleted: the library's invalid-data exception is its one static
+// instance, with auto-delete set as MFC's default constructor does.
+template <class E, class Fn> std::string ThrownMessage(Fn fn) {
+  try {
+    fn();
+  } catch (E* e) {
+    return e->GetMessage();
+  }
+  return "";
+}
 template <class Fn> int FileCause(Fn fn) { return ThrownCause<CFileException>(fn); }
 
 #endif

@@ -1,9 +1,11 @@
 // VBoolArray and VBitArray: bit placement, ranges, whole-array tests, the
 // Fill transfers and the exact archive bytes, and corrupt archives.
 #include <vrk_bitarray.h>
+#include <vrk_exception.h>
 #include <gtest/gtest.h>
 
-#include "data_testing.h"
+#include "archive_bytes.h"
+#include "exception_probe.h"
 
 namespace {
 
@@ -94,11 +96,11 @@ TEST(BitArray, FillTransfersBetweenBitsAndBytes) {
   bits.FillWordFromBits(w, 4, 16);
   EXPECT_EQ(0xF028, w);
 
-  std::string m = InvalidDataMessage([&] { bits.FillByteFromBits(by, 0, 9); });
+  std::string m = ThrownMessage<VInvalidDataException>([&] { bits.FillByteFromBits(by, 0, 9); });
   EXPECT_NE(std::string::npos, m.find(".\\vrk_bitarray.cpp, line 386")) << m;
-  m = InvalidDataMessage([&] { bits.FillBitsFromByte(1, 0, -1); });
+  m = ThrownMessage<VInvalidDataException>([&] { bits.FillBitsFromByte(1, 0, -1); });
   EXPECT_NE(std::string::npos, m.find(".\\vrk_bitarray.cpp, line 371")) << m;
-  m = InvalidDataMessage([&] { bits.FillWordFromBits(w, 0, 17); });
+  m = ThrownMessage<VInvalidDataException>([&] { bits.FillWordFromBits(w, 0, 17); });
   EXPECT_NE(std::string::npos, m.find(".\\vrk_bitarray.cpp, line 410")) << m;
   EXPECT_EQ(RUNTIME_CLASS(CInvalidArgException),
             ThrownClass([&] { bits.FillBitsFromByte(1, -1, 2); }));

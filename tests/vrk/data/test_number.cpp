@@ -5,7 +5,8 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "data_testing.h"
+#include "archive_bytes.h"
+#include "exception_probe.h"
 
 #include <memory>
 #include <string.h>

@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "archive_bytes.h"
-#include "../data/data_testing.h"
+#include "exception_probe.h"
 
 #include <string.h>
 
@@ -74,7 +74,7 @@ TEST(ArReadString, OnlyCarriageReturnEndsALineTheLimitCutsAndCStringsTakeAnyLeng
   });
   for (const char* bytes : {"abc", "abc\r"})
     EXPECT_EQ(CArchiveException::endOfFile, ArchiveCause([&] { ReadLine(bytes, 10); })) << bytes;
-  std::string message = InvalidDataMessage(
+  std::string message = ThrownMessage<VInvalidDataException>(
       [] { LoadBytes("abc\r\n", [](CArchive& ar) { VrkArReadString(ar, (char*)NULL, 10); }); });
   EXPECT_NE(std::string::npos, message.find(".\\vrk_archelpers.cpp")) << message;
   // The CString form: any length (the line end inside, at the end of, or
