@@ -17,7 +17,6 @@ CLIPFORMAT ShapeFormat() { return (CLIPFORMAT)RegisterClipboardFormatA("VRK test
 class DataObjectTest : public ::testing::Test {
 protected:
   static void SetUpTestSuite() { ASSERT_TRUE(AfxOleInit()); }
-  void TearDown() override { OleSetClipboard(NULL); }
   void AttachTo(COleDataObject& data) {
     data.Attach((LPDATAOBJECT)m_source.GetInterface(&IID_IDataObject), FALSE);
   }
