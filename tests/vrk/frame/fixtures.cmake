@@ -22,7 +22,8 @@ set_target_properties(vrk_langanchor PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${VRK_B
 add_library(vrk_frame_probe SHARED ${frame_fixture_dir}/loadprobe.cpp)
 target_link_libraries(vrk_frame_probe PRIVATE vrk afx)
 add_executable(vrk_frame_loadhost ${frame_fixture_dir}/loadhost.cpp ${frame_fixture_dir}/loadhost.rc
-                                  ${CMAKE_SOURCE_DIR}/tests/support/msgbox_catcher.cpp)
+                                  ${CMAKE_SOURCE_DIR}/tests/support/msgbox_catcher.cpp
+                                  ${CMAKE_SOURCE_DIR}/tests/support/temp_dir.cpp)
 target_include_directories(vrk_frame_loadhost PRIVATE ${CMAKE_SOURCE_DIR}/vrk/include
                            ${CMAKE_SOURCE_DIR}/vrk/resources_enu ${CMAKE_SOURCE_DIR}/tests/support)
 target_link_libraries(vrk_frame_loadhost PRIVATE afx)
