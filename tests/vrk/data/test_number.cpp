@@ -205,7 +205,6 @@ TEST(NumberSerialize, CodeFlagsAndValueBytesAndTruncation) {
   for (const std::string& bytes : {std::string("\x33\x00\x01\x02", 4), std::string()})
     EXPECT_EQ(CArchiveException::endOfFile,
               ArchiveCause([&] { LoadBytes(bytes, [&](CArchive& ar) { n->Serialize(ar); }); }));
-  EXPECT_EQ("FALSE:unchanged", Text(*n)); // an int: FormatText fails, the value is kept
   char buffer[32] = "";
   EXPECT_TRUE(n->FormatSigned(buffer, 32) && strcmp("7", buffer) == 0) << buffer;
 }
