@@ -11,8 +11,11 @@ set_target_properties(vrk_deu PROPERTIES OUTPUT_NAME vrk_DEU RUNTIME_OUTPUT_DIRE
 target_include_directories(vrk_deu PRIVATE ${CMAKE_SOURCE_DIR}/vrk/resources_enu)
 target_link_libraries(vrk_deu PRIVATE afx)
 
-add_library(vrk_langanchor SHARED ${frame_fixture_dir}/langanchor.cpp)
-set_target_properties(vrk_langanchor PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${VRK_BIN}/lang)
+# Any module serves as the anchor that holds no strings: this one carries the
+# load host's version resource only, and the C runtime's entry point.
+add_library(vrk_langanchor SHARED ${frame_fixture_dir}/loadhost.rc)
+set_target_properties(vrk_langanchor PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${VRK_BIN}/lang
+                                                LINKER_LANGUAGE CXX)
 
 # A host that loads VRK.dll at run time, so that a test can set the registry
 # (and the resource handle) first and watch the start-up in a fresh process.
