@@ -14,13 +14,11 @@
 
 namespace {
 
-TEST(VGlobal, VirtualSlotsAreAllocReAllocFreeThenTheDestructor) {
+// The virtual slots are Alloc, ReAlloc, Free, then the destructor.
+TEST(VGlobal, SlotsCachedLockSwappedReAllocAttachDetachAndRelease) {
   EXPECT_EQ(0, Slot(&VGlobal::Alloc));
   EXPECT_EQ(1, Slot(&VGlobal::ReAlloc));
   EXPECT_EQ(2, Slot(&VGlobal::Free));
-}
-
-TEST(VGlobal, CachedLockSwappedReAllocAttachDetachAndRelease) {
   VGlobal none(100, GMEM_MOVEABLE); // allocates nothing
   EXPECT_TRUE(none == NULL);
   VGlobal g;

@@ -58,7 +58,9 @@ VInvalidDataException* ThrownInvalidData(const char* pszFile, int nLine) {
   return NULL;
 }
 
-TEST(VInvalidDataException, FormatsFileLineAndTheCurrentMessage) {
+// Cut at 511 characters; a shorter text afterwards leaves nothing of the
+// longer one behind; the report is a plain OK box.
+TEST(VInvalidDataException, FormatsFileLineAndMessageCutAt511AndReportsInAPlainOkBox) {
   MSG* pMsg = AfxGetCurrentMessage();
   ASSERT_TRUE(pMsg != NULL);
   const MSG saved = *pMsg;
@@ -70,15 +72,9 @@ TEST(VInvalidDataException, FormatsFileLineAndTheCurrentMessage) {
   EXPECT_STREQ("Invalid data detected in .\\vrk_bitarray.cpp, line 123.\n\n"
                "Message 0x0111 (wParam 0x0000BEEF, lParam 0x12345678) at -3, 44, time 987654.",
                pFirst->GetMessage());
-  // The same object every time; a null file keeps the previous text (a new
-  // text replaces it whole: see the next test).
+  // The same object every time; a null file keeps the previous text.
   EXPECT_EQ(pFirst, ThrownInvalidData(NULL, 5));
   EXPECT_TRUE(strstr(pFirst->GetMessage(), "vrk_bitarray.cpp, line 123.") != NULL);
-}
-
-// Cut at 511 characters; a shorter text afterwards leaves nothing of the
-// longer one behind; the report is a plain OK box.
-TEST(VInvalidDataException, LongTextIsCutAt511AndTheReportIsAPlainOkBox) {
   MsgBoxCatcher catcher;
   VInvalidDataException e;
   EXPECT_STREQ("", e.GetMessage());
