@@ -33,12 +33,6 @@ class CGlCircle : public CGlShape {
 };
 IMPLEMENT_SERIAL(CGlCircle, CGlShape, 3)
 
-// Known at run time, but not serializable.
-class CGlPlain : public CObject {
-  DECLARE_DYNAMIC(CGlPlain)
-};
-IMPLEMENT_DYNAMIC(CGlPlain, CObject)
-
 inline std::string AllBytes(HGLOBAL h) {
   const char* p = (const char*)GlobalLock(h);
   std::string s(p, GlobalSize(h));

@@ -90,7 +90,7 @@ TEST(GlobalFromObject, TheBlockIsWriteObjectsBytesGrownInSteps) {
     EXPECT_TRUE(expected + std::string(all.size() - expected.size(), '\0') == all && !LockCount(h));
     GlobalFree(h);
   }
-  CGlPlain plain;
+  CMemFile plain; // known at run time, not serializable
   EXPECT_TRUE(!VrkCreateGlobalFromCObject(NULL, NULL) && !VrkCreateGlobalFromCObject(&plain, NULL));
   delete shape;
 }
