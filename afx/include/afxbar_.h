@@ -1,5 +1,5 @@
-// afxbar_.h: control bars (CControlBar, CStatusBar, CToolBar); included by
-// afxext.h.
+// afxbar_.h: control bars (CControlBar, CStatusBar, CToolBar, CDialogBar);
+// included by afxext.h.
 //
 // Bars are laid out by CWnd::RepositionBars: each visible bar whose id lies
 // in the range takes a strip from an edge of the parent's client area
@@ -347,6 +347,35 @@ protected:
   afx_msg void OnMouseMove(UINT nFlags, CPoint point);
   afx_msg LRESULT OnMouseLeave(WPARAM wParam, LPARAM lParam);
   DECLARE_MESSAGE_MAP()
+};
+
+// ---- CDialogBar ---------------------------------------------------------------------
+
+// A bar made from a dialog template: its controls' commands and
+// notifications go to the owner (the frame), which routes them; the controls
+// are enabled, checked and captioned by the owner's ON_UPDATE_COMMAND_UI
+// handlers at idle time. At the top or bottom it is as high as the template
+// and as wide as the frame; at the left or right, as wide as the template.
+// The template must be a WS_CHILD dialog without WS_VISIBLE; the bar shows
+// itself once made. Keys typed in it work the frame's accelerators first,
+// then the dialog's navigation (Tab, mnemonics).
+class AFX_API CDialogBar : public CControlBar {
+  DECLARE_DYNAMIC(CDialogBar)
+public:
+  CDialogBar();
+  virtual ~CDialogBar();
+
+  // nStyle: CBRS_ alignment (and other bar) styles; nID: the bar's child id.
+  virtual BOOL Create(CWnd* pParentWnd, LPCTSTR lpszTemplateName, UINT nStyle, UINT nID);
+  virtual BOOL Create(CWnd* pParentWnd, UINT nIDTemplate, UINT nStyle, UINT nID) {
+    return Create(pParentWnd, MAKEINTRESOURCE(nIDTemplate), nStyle, nID);
+  }
+
+  virtual CSize CalcFixedLayout(BOOL bStretch, BOOL bHorz);
+  virtual void OnUpdateCmdUI(class CFrameWnd* pTarget, BOOL bDisableIfNoHndler);
+  virtual BOOL PreTranslateMessage(MSG* pMsg);
+
+  CSize m_sizeDefault; // the template's size with the bar's margins
 };
 
 #endif // AFXBAR__H

@@ -20,7 +20,7 @@ struct AFX_API CPrintInfo {
   DWORD m_dwFlags;          // DocObject printing flags
   UINT m_nOffsetPage;       // pages before this DocObject's first in a combined job
   int m_nJobNumber;         // StartDoc's job number (SP_ERROR when it failed)
-  BOOL m_bPreview;          // print preview (not provided by this library)
+  BOOL m_bPreview;          // print preview (CPreviewView) rather than the printer
   BOOL m_bDirect;           // print without the dialog (ID_FILE_PRINT_DIRECT)
   BOOL m_bContinuePrinting; // FALSE (from OnPrepareDC) ends the page loop
   UINT m_nCurPage;          // the page being printed

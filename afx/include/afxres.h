@@ -68,6 +68,17 @@
 #define AFX_IDS_PRINTFILTER 0xF047
 #define AFX_IDS_PRINTCAPTION 0xF048
 #define AFX_IDS_PRINTTOFILE 0xF049
+// Print preview's texts: the page-count button's two captions and the page
+// description for the status bar ("Page %u\nPages %u-%u\n").
+#define AFX_IDS_ONEPAGE 0xF041
+#define AFX_IDS_TWOPAGE 0xF042
+#define AFX_IDS_PREVIEWPAGEDESC 0xF04A
+
+// Print preview's resources (afxprint.rc): its toolbar, a dialog template
+// whose buttons carry the AFX_ID_PREVIEW_ commands, and the keys that work
+// while it is shown.
+#define AFX_IDD_PREVIEW_TOOLBAR 30723
+#define AFX_IDR_PREVIEW_ACCEL 30997
 
 // Standard commands.
 #define ID_FILE_NEW 0xE100

@@ -1424,6 +1424,8 @@ class CDocTemplate;
 class CDocManager;
 class CControlBar;
 class CPrintInfo;
+struct CPrintPreviewState;
+class CPreviewView;
 
 // What a frame needs to create its view for a document: the view's class,
 // the document, the template and the frame. Handed to Create/LoadFrame and
@@ -1531,7 +1533,13 @@ public:
   virtual BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo);
   virtual BOOL OnCreateClient(LPCREATESTRUCT lpcs, CCreateContext* pContext);
   virtual void PostNcDestroy();
-  virtual void OnSetPreviewMode(BOOL, void*) {}
+  // Print preview enters (bPreview) or leaves the frame, with pState as its
+  // record: on entry the menu, the accelerators, the main pane and every
+  // visible control bar of AFX_IDW_CONTROLBAR_FIRST to +31 but the status
+  // bar are put aside (recorded in pState), the preview's keys are taken on
+  // and closing the frame ends the preview instead; on leaving, all comes
+  // back as recorded.
+  virtual void OnSetPreviewMode(BOOL bPreview, CPrintPreviewState* pState);
 
   // ---- State
   CString m_strTitle;
@@ -1545,6 +1553,9 @@ public:
   enum IdleFlags { idleMenu = 1, idleTitle = 2, idleNotify = 4, idleLayout = 8 };
   CView* m_pViewActive;
   BOOL m_bInRecalcLayout;
+  // While print preview shows: called when the frame is asked to close (the
+  // preview ends); FALSE leaves the frame open.
+  BOOL(CALLBACK* m_lpfnCloseProc)(CFrameWnd* pFrameWnd);
 
   afx_msg int OnCreate(LPCREATESTRUCT lpCreateStruct);
   afx_msg void OnDestroy();
@@ -1705,6 +1716,22 @@ public:
   BOOL DoPreparePrinting(CPrintInfo* pInfo);
   // ID_FILE_PRINT: prints the document (put it in a derived view's map).
   afx_msg void OnFilePrint();
+
+  // ---- Print preview (afxpriv.h's CPreviewView shows it)
+  // ID_FILE_PRINT_PREVIEW: DoPrintPreview with afx's toolbar and preview
+  // view; a message box says when it cannot start.
+  afx_msg void OnFilePrintPreview();
+  // The top-level frame shows a preview of pPrintView's pages in a view of
+  // pPreviewViewClass (a CPreviewView) under the dialog bar of template
+  // nIDResource, in place of its own view and bars. FALSE when the preview
+  // could not start (no printer, OnPreparePrinting cancelled): the frame is
+  // as before and pState (new'ed) is still the caller's; on success the
+  // preview view owns it and deletes it when it goes.
+  BOOL DoPrintPreview(UINT nIDResource, CView* pPrintView, CRuntimeClass* pPreviewViewClass,
+                      CPrintPreviewState* pState);
+  // The preview ends: OnEndPrinting, then the frame as it was before with
+  // this view active again. point: where on the page the preview last was.
+  virtual void OnEndPrintPreview(CDC* pDC, CPrintInfo* pInfo, POINT point, CPreviewView* pView);
 
   virtual BOOL PreCreateWindow(CREATESTRUCT& cs);
   virtual void PostNcDestroy();

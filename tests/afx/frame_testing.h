@@ -10,6 +10,7 @@
 #define IDR_MAINFRAME 0x0320
 #define IDR_SHEET 0x0321
 #define IDR_RICHDOC 0x0330
+#define IDR_PREVIEW 0x0340
 
 #define ID_REFRESH 0x8201
 

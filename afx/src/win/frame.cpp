@@ -85,7 +85,7 @@ BOOL AFXAPI AfxExtractSubString(CString& rString, LPCTSTR lpszFullString, int iS
 CFrameWnd::CFrameWnd()
     : m_hAccelTable(NULL), m_nIDHelp(0), m_bAutoMenuEnable(TRUE), m_hMenuDefault(NULL),
       m_nIDTracking(0), m_nIDLastMessage(0), m_nWindow(-1), m_nIdleFlags(0), m_pViewActive(NULL),
-      m_bInRecalcLayout(FALSE) {}
+      m_bInRecalcLayout(FALSE), m_lpfnCloseProc(NULL) {}
 
 CFrameWnd::~CFrameWnd() {}
 
@@ -395,6 +395,8 @@ void CFrameWnd::OnSetFocus(CWnd* pOldWnd) {
 }
 
 void CFrameWnd::OnClose() {
+  // Print preview shows: it decides (it ends, the frame stays).
+  if (m_lpfnCloseProc != NULL && !(*m_lpfnCloseProc)(this)) return;
   CDocument* pDocument = GetActiveDocument();
   if (pDocument != NULL && !pDocument->CanCloseFrame(this)) return; // the user said Cancel
   CWinApp* pApp = AfxGetApp();

@@ -2,10 +2,10 @@
 // ID_FILE_PRINT_DIRECT (the application's printer, no dialog), both handled
 // by OnFilePrint, which calls the view's print hooks in turn.
 //
-// This library has no print preview and no "Printing..." status dialog with
-// a Cancel button: a job runs from its first page to its last (or to the
-// first failure) without a way to cancel it on the screen, so no abort
-// procedure is installed and the main window is not disabled.
+// Print preview is in view_preview.cpp. This library has no "Printing..."
+// status dialog with a Cancel button: a job runs from its first page to its
+// last (or to the first failure) without a way to cancel it on the screen, so
+// no abort procedure is installed and the main window is not disabled.
 #include <afxwin.h>
 #include <afxdlgs.h>
 #include <afxprint_.h>

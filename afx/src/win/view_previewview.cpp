@@ -1,0 +1,422 @@
+// CPreviewView: print preview's pages, drawn by the printing view into
+// metafiles made against the printer and played scaled onto the screen, and
+// the preview toolbar's commands.
+#include <afxwin.h>
+#include <afxext.h>
+#include <afxpriv.h>
+
+IMPLEMENT_DYNCREATE(CPreviewView, CView)
+
+BEGIN_MESSAGE_MAP(CPreviewView, CView)
+ON_COMMAND(AFX_ID_PREVIEW_CLOSE, &CPreviewView::OnPreviewClose)
+ON_COMMAND(AFX_ID_PREVIEW_PRINT, &CPreviewView::OnPreviewPrint)
+ON_COMMAND(AFX_ID_PREVIEW_NEXT, &CPreviewView::OnNextPage)
+ON_COMMAND(AFX_ID_PREVIEW_PREV, &CPreviewView::OnPrevPage)
+ON_COMMAND(AFX_ID_PREVIEW_NUMPAGE, &CPreviewView::OnNumPageChange)
+ON_COMMAND(AFX_ID_PREVIEW_ZOOMIN, &CPreviewView::OnZoomIn)
+ON_COMMAND(AFX_ID_PREVIEW_ZOOMOUT, &CPreviewView::OnZoomOut)
+ON_UPDATE_COMMAND_UI(AFX_ID_PREVIEW_NEXT, &CPreviewView::OnUpdateNextPage)
+ON_UPDATE_COMMAND_UI(AFX_ID_PREVIEW_PREV, &CPreviewView::OnUpdatePrevPage)
+ON_UPDATE_COMMAND_UI(AFX_ID_PREVIEW_NUMPAGE, &CPreviewView::OnUpdateNumPageChange)
+ON_UPDATE_COMMAND_UI(AFX_ID_PREVIEW_ZOOMIN, &CPreviewView::OnUpdateZoomIn)
+ON_UPDATE_COMMAND_UI(AFX_ID_PREVIEW_ZOOMOUT, &CPreviewView::OnUpdateZoomOut)
+ON_WM_ERASEBKGND()
+ON_WM_SIZE()
+ON_WM_HSCROLL()
+ON_WM_VSCROLL()
+END_MESSAGE_MAP()
+
+// Decided here: the workspace shows 8 pixels around and between the pages;
+// a page's shadow falls 3 pixels right and down; a scroll line is 16 pixels.
+static const int kMargin = 8, kShadow = 3, kLine = 16;
+static const UINT kNoPage = (UINT)-1;
+
+CPreviewView::CPreviewView()
+    : m_pOrigView(NULL), m_pPrintView(NULL), m_pPreviewDC(NULL), m_pPreviewInfo(NULL),
+      m_pPreviewState(NULL), m_pToolBar(NULL), m_nZoomState(ZOOM_OUT), m_nMaxPages(2), m_nPages(1),
+      m_nCurrentPage(1), m_sizePaper(0, 0), m_rectPrintable(0, 0, 0, 0), m_sizePrinterPPI(0, 0),
+      m_ptScroll(0, 0), m_bNextPage(FALSE), m_bMultiPage(FALSE) {
+  m_hPageMeta[0] = m_hPageMeta[1] = NULL;
+  m_nPageMeta[0] = m_nPageMeta[1] = kNoPage;
+}
+
+CPreviewView::~CPreviewView() {
+  ClearPages();
+  if (m_pPreviewDC != NULL) {
+    // The printer DC is the print info's: it deletes it.
+    m_pPreviewDC->m_hDC = NULL;
+    m_pPreviewDC->ReleaseAttribDC();
+    delete m_pPreviewDC;
+  }
+  delete m_pPreviewInfo;
+  delete m_pPreviewState;
+}
+
+// ---- The print job -------------------------------------------------------------------
+
+BOOL CPreviewView::SetPrintView(CView* pPrintView) {
+  if (pPrintView == NULL || m_pPreviewInfo != NULL) return FALSE;
+  m_pPrintView = pPrintView;
+  m_pPreviewInfo = new CPrintInfo;
+  m_pPreviewInfo->m_bPreview = TRUE;
+  CWinApp* pApp = AfxGetApp();
+  m_pPreviewInfo->m_nNumPreviewPages = pApp != NULL ? pApp->m_nNumPreviewPages : 0;
+  m_pPreviewInfo->m_strPageDesc.LoadString(AFX_IDS_PREVIEWPAGEDESC);
+  if (!pPrintView->OnPreparePrinting(m_pPreviewInfo)) return FALSE;
+  // A view that asks for no printer is previewed on the application's.
+  if (m_pPreviewInfo->m_pPD->m_pd.hDC == NULL && !pPrintView->DoPreparePrinting(m_pPreviewInfo))
+    return FALSE;
+  HDC hPrinter = m_pPreviewInfo->m_pPD->m_pd.hDC;
+  m_sizePrinterPPI.cx = ::GetDeviceCaps(hPrinter, LOGPIXELSX);
+  m_sizePrinterPPI.cy = ::GetDeviceCaps(hPrinter, LOGPIXELSY);
+  CSize sizeRes(::GetDeviceCaps(hPrinter, HORZRES), ::GetDeviceCaps(hPrinter, VERTRES));
+  if (m_sizePrinterPPI.cx <= 0 || m_sizePrinterPPI.cy <= 0 || sizeRes.cx <= 0 || sizeRes.cy <= 0)
+    return FALSE; // no page to show
+  // The paper, where the device knows it; else the printable area alone.
+  m_sizePaper.cx = ::GetDeviceCaps(hPrinter, PHYSICALWIDTH);
+  m_sizePaper.cy = ::GetDeviceCaps(hPrinter, PHYSICALHEIGHT);
+  CPoint ptOffset(::GetDeviceCaps(hPrinter, PHYSICALOFFSETX),
+                  ::GetDeviceCaps(hPrinter, PHYSICALOFFSETY));
+  if (m_sizePaper.cx < sizeRes.cx || m_sizePaper.cy < sizeRes.cy) {
+    m_sizePaper = sizeRes;
+    ptOffset = CPoint(0, 0);
+  }
+  m_rectPrintable = CRect(ptOffset, sizeRes);
+
+  m_pPreviewDC = new CDC;
+  m_pPreviewDC->m_hDC = hPrinter;
+  m_pPreviewDC->SetAttribDC(hPrinter);
+  m_pPreviewDC->m_bPrinting = TRUE;
+  pPrintView->OnBeginPrinting(m_pPreviewDC, m_pPreviewInfo);
+
+  UINT nMin = m_pPreviewInfo->GetMinPage();
+  m_bMultiPage = PageExists(nMin + 1);
+  m_nPages = m_pPreviewInfo->m_nNumPreviewPages;
+  if (m_nPages < 1 || !m_bMultiPage) m_nPages = 1;
+  if (m_nPages > m_nMaxPages) m_nPages = m_nMaxPages;
+  SetCurrentPage(m_pPreviewInfo->m_nCurPage, TRUE);
+  return TRUE;
+}
+
+BOOL CPreviewView::PageExists(UINT nPage) {
+  if (nPage < m_pPreviewInfo->GetMinPage() || nPage > m_pPreviewInfo->GetMaxPage()) return FALSE;
+  // The view says, as before a printed page, whether there is one.
+  HDC hPrinter = m_pPreviewDC->m_hAttribDC;
+  UINT nCurPage = m_pPreviewInfo->m_nCurPage;
+  m_pPreviewInfo->m_nCurPage = nPage;
+  m_pPreviewInfo->m_bContinuePrinting = TRUE;
+  int nSavedDC = ::SaveDC(hPrinter);
+  m_pPrintView->OnPrepareDC(m_pPreviewDC, m_pPreviewInfo);
+  ::RestoreDC(hPrinter, nSavedDC);
+  BOOL bExists = m_pPreviewInfo->m_bContinuePrinting;
+  m_pPreviewInfo->m_nCurPage = nCurPage;
+  m_pPreviewInfo->m_bContinuePrinting = TRUE;
+  return bExists;
+}
+
+HENHMETAFILE CPreviewView::DrawPage(UINT nPage) {
+  HDC hPrinter = m_pPreviewDC->m_hAttribDC;
+  // The metafile's frame is the printable area in its header's units
+  // (0.01 mm, from the same sizes the header records), so that playing it
+  // into a rectangle maps the printer's pixels onto it exactly.
+  CRect rectFrame(0, 0, ::GetDeviceCaps(hPrinter, HORZSIZE) * 100,
+                  ::GetDeviceCaps(hPrinter, VERTSIZE) * 100);
+  HDC hMeta = ::CreateEnhMetaFile(hPrinter, NULL, &rectFrame, NULL);
+  if (hMeta == NULL) return NULL;
+  UINT nCurPage = m_pPreviewInfo->m_nCurPage;
+  m_pPreviewInfo->m_nCurPage = nPage;
+  m_pPreviewInfo->m_bContinuePrinting = TRUE;
+  int nSavedDC = ::SaveDC(hPrinter);
+  m_pPreviewDC->m_hDC = hMeta;
+  BOOL bPage = FALSE;
+  try {
+    m_pPrintView->OnPrepareDC(m_pPreviewDC, m_pPreviewInfo);
+    bPage = m_pPreviewInfo->m_bContinuePrinting && nPage <= m_pPreviewInfo->GetMaxPage();
+    if (bPage) {
+      m_pPreviewInfo->m_rectDraw.SetRect(0, 0, m_rectPrintable.Width(), m_rectPrintable.Height());
+      m_pPreviewDC->DPtoLP(&m_pPreviewInfo->m_rectDraw);
+      m_pPrintView->OnPrint(m_pPreviewDC, m_pPreviewInfo);
+    }
+  } catch (CException*) {
+    // The page is lost; the DCs are as they were for the next one.
+    m_pPreviewDC->m_hDC = hPrinter;
+    ::RestoreDC(hPrinter, nSavedDC);
+    ::DeleteEnhMetaFile(::CloseEnhMetaFile(hMeta));
+    m_pPreviewInfo->m_nCurPage = nCurPage;
+    throw;
+  }
+  m_pPreviewDC->m_hDC = hPrinter;
+  ::RestoreDC(hPrinter, nSavedDC);
+  m_pPreviewInfo->m_nCurPage = nCurPage;
+  m_pPreviewInfo->m_bContinuePrinting = TRUE;
+  HENHMETAFILE hMetaFile = ::CloseEnhMetaFile(hMeta);
+  if (bPage) return hMetaFile;
+  ::DeleteEnhMetaFile(hMetaFile);
+  return NULL;
+}
+
+void CPreviewView::ClearPages() {
+  for (int i = 0; i < 2; i++) {
+    if (m_hPageMeta[i] != NULL) ::DeleteEnhMetaFile(m_hPageMeta[i]);
+    m_hPageMeta[i] = NULL;
+    m_nPageMeta[i] = kNoPage;
+  }
+}
+
+// ---- Pages and zoom ------------------------------------------------------------------
+
+void CPreviewView::SetCurrentPage(UINT nPage, BOOL bClearRatios) {
+  UINT nMin = m_pPreviewInfo->GetMinPage(), nMax = m_pPreviewInfo->GetMaxPage();
+  m_nCurrentPage = nPage < nMin ? nMin : nPage > nMax ? nMax : nPage;
+  m_pPreviewInfo->m_nCurPage = m_nCurrentPage;
+  UINT nShown = GetPagesShown();
+  m_bNextPage = PageExists(m_nCurrentPage + nShown);
+  if (bClearRatios) m_ptScroll = CPoint(0, 0);
+  ClearPages();
+  UpdateScrollBars();
+  Invalidate(TRUE);
+  if (nShown > 1 && !PageExists(m_nCurrentPage + 1)) nShown = 1;
+  OnDisplayPageNumber(m_nCurrentPage, nShown);
+  if (m_pToolBar != NULL && m_pToolBar->m_hWnd != NULL)
+    m_pToolBar->SendMessage(WM_IDLEUPDATECMDUI, TRUE);
+}
+
+void CPreviewView::SetZoomState(UINT nNewState, UINT nPage, CPoint) {
+  if (nNewState > ZOOM_IN) return;
+  m_nZoomState = nNewState;
+  SetCurrentPage(nPage, TRUE);
+}
+
+void CPreviewView::OnDisplayPageNumber(UINT nPage, UINT nPagesDisplayed) {
+  CString strFormat, strText;
+  if (!AfxExtractSubString(strFormat, m_pPreviewInfo->m_strPageDesc, nPagesDisplayed > 1 ? 1 : 0))
+    return;
+  strText.Format(strFormat, nPage, nPage + nPagesDisplayed - 1);
+  CFrameWnd* pFrame = GetParentFrame();
+  if (pFrame != NULL) pFrame->SetMessageText(strText);
+}
+
+// ---- Drawing -------------------------------------------------------------------------
+
+CSize CPreviewView::GetPageSize() const {
+  // The room the view has, scroll bars or not (so that they do not change
+  // the pages' size).
+  CRect rect;
+  GetWindowRect(&rect);
+  CRect rectClient(0, 0, 0, 0);
+  ::AdjustWindowRectEx(&rectClient, GetStyle() & ~(WS_HSCROLL | WS_VSCROLL), FALSE, GetExStyle());
+  int nShown = (int)GetPagesShown();
+  int cxRoom = (rect.Width() - rectClient.Width() - kMargin * (nShown + 1) - kShadow) / nShown;
+  int cyRoom = rect.Height() - rectClient.Height() - 2 * kMargin - kShadow;
+  if (cxRoom < 1) cxRoom = 1;
+  if (cyRoom < 1) cyRoom = 1;
+  // The paper's shape in inches (printers' pixels need not be square).
+  int cxPaper = MulDiv(m_sizePaper.cx, 1000, m_sizePrinterPPI.cx);
+  int cyPaper = MulDiv(m_sizePaper.cy, 1000, m_sizePrinterPPI.cy);
+  CSize size;
+  if ((LONGLONG)cxRoom * cyPaper <= (LONGLONG)cyRoom * cxPaper)
+    size = CSize(cxRoom, MulDiv(cxRoom, cyPaper, cxPaper));
+  else
+    size = CSize(MulDiv(cyRoom, cxPaper, cyPaper), cyRoom);
+  int nZoom = m_nZoomState == ZOOM_IN ? 3 : m_nZoomState == ZOOM_MIDDLE ? 2 : 1;
+  return CSize(size.cx * nZoom, size.cy * nZoom);
+}
+
+CSize CPreviewView::GetTotalSize() const {
+  CSize size = GetPageSize();
+  int nShown = (int)GetPagesShown();
+  return CSize(size.cx * nShown + kMargin * (nShown + 1) + kShadow,
+               size.cy + 2 * kMargin + kShadow);
+}
+
+CRect CPreviewView::GetPageRect(UINT nSlot) const {
+  CRect rectClient;
+  GetClientRect(&rectClient);
+  CSize sizePage = GetPageSize(), sizeTotal = GetTotalSize();
+  // Centred where there is room, else scrolled.
+  int x =
+      sizeTotal.cx < rectClient.Width() ? (rectClient.Width() - sizeTotal.cx) / 2 : -m_ptScroll.x;
+  int y =
+      sizeTotal.cy < rectClient.Height() ? (rectClient.Height() - sizeTotal.cy) / 2 : -m_ptScroll.y;
+  x += kMargin + (int)nSlot * (sizePage.cx + kMargin);
+  y += kMargin;
+  return CRect(x, y, x + sizePage.cx, y + sizePage.cy);
+}
+
+void CPreviewView::OnDraw(CDC* pDC) {
+  if (m_pPreviewInfo == NULL || m_pPreviewDC == NULL) return; // not prepared yet
+  CRect rectClient;
+  GetClientRect(&rectClient);
+  pDC->FillSolidRect(&rectClient, ::GetSysColor(COLOR_APPWORKSPACE));
+  for (UINT nSlot = 0; nSlot < GetPagesShown(); nSlot++) {
+    UINT nPage = m_nCurrentPage + nSlot;
+    if (m_nPageMeta[nSlot] != nPage) {
+      if (m_hPageMeta[nSlot] != NULL) ::DeleteEnhMetaFile(m_hPageMeta[nSlot]);
+      m_hPageMeta[nSlot] = DrawPage(nPage);
+      m_nPageMeta[nSlot] = nPage;
+    }
+    // Past the end no paper is shown; an empty document shows a blank page.
+    if (m_hPageMeta[nSlot] == NULL && nSlot > 0) break;
+    CRect rectPage = GetPageRect(nSlot);
+    CRect rectShadow = rectPage;
+    rectShadow.OffsetRect(kShadow, kShadow);
+    pDC->FillSolidRect(&rectShadow, ::GetSysColor(COLOR_3DDKSHADOW));
+    pDC->FillSolidRect(&rectPage, RGB(255, 255, 255));
+    if (m_hPageMeta[nSlot] == NULL) continue;
+    // The printable area's place on the paper, scaled.
+    CRect rectArea(rectPage.left + MulDiv(m_rectPrintable.left, rectPage.Width(), m_sizePaper.cx),
+                   rectPage.top + MulDiv(m_rectPrintable.top, rectPage.Height(), m_sizePaper.cy),
+                   rectPage.left + MulDiv(m_rectPrintable.right, rectPage.Width(), m_sizePaper.cx),
+                   rectPage.top +
+                       MulDiv(m_rectPrintable.bottom, rectPage.Height(), m_sizePaper.cy));
+    int nSavedDC = pDC->SaveDC();
+    pDC->IntersectClipRect(&rectPage);
+    ::PlayEnhMetaFile(pDC->m_hDC, m_hPageMeta[nSlot], &rectArea);
+    pDC->RestoreDC(nSavedDC);
+  }
+}
+
+// OnDraw paints every pixel.
+BOOL CPreviewView::OnEraseBkgnd(CDC*) { return TRUE; }
+
+// ---- Scrolling when zoomed -----------------------------------------------------------
+
+void CPreviewView::UpdateScrollBars() {
+  if (m_hWnd == NULL) return;
+  CRect rectClient;
+  GetClientRect(&rectClient);
+  CSize sizeTotal = GetTotalSize();
+  if (m_nZoomState == ZOOM_OUT) sizeTotal = CSize(0, 0); // everything fits
+  const int nBars[2] = {SB_HORZ, SB_VERT};
+  const int nTotal[2] = {sizeTotal.cx, sizeTotal.cy};
+  const int nPage[2] = {rectClient.Width(), rectClient.Height()};
+  LONG* pPos[2] = {&m_ptScroll.x, &m_ptScroll.y};
+  for (int i = 0; i < 2; i++) {
+    int nMaxPos = nTotal[i] - nPage[i];
+    if (*pPos[i] > nMaxPos) *pPos[i] = nMaxPos;
+    if (*pPos[i] < 0) *pPos[i] = 0;
+    SCROLLINFO si = {sizeof(si),
+                     SIF_PAGE | SIF_POS | SIF_RANGE,
+                     0,
+                     nTotal[i] - 1,
+                     (UINT)(nPage[i] < 0 ? 0 : nPage[i]),
+                     (int)*pPos[i],
+                     0};
+    SetScrollInfo(nBars[i], &si, TRUE);
+  }
+}
+
+void CPreviewView::ScrollTo(CPoint pt) {
+  m_ptScroll = pt;
+  UpdateScrollBars(); // keeps it in range
+  Invalidate(FALSE);
+}
+
+int CPreviewView::ScrollPos(int nBar, UINT nSBCode, int nLine) {
+  SCROLLINFO si = {sizeof(si), SIF_ALL};
+  if (!GetScrollInfo(nBar, &si)) return 0;
+  int nPos = si.nPos;
+  switch (nSBCode) {
+  case SB_LINEUP:
+    nPos -= nLine;
+    break;
+  case SB_LINEDOWN:
+    nPos += nLine;
+    break;
+  case SB_PAGEUP:
+    nPos -= (int)si.nPage;
+    break;
+  case SB_PAGEDOWN:
+    nPos += (int)si.nPage;
+    break;
+  case SB_TOP:
+    nPos = si.nMin;
+    break;
+  case SB_BOTTOM:
+    nPos = si.nMax;
+    break;
+  case SB_THUMBTRACK:
+  case SB_THUMBPOSITION:
+    nPos = si.nTrackPos;
+    break;
+  }
+  return nPos; // ScrollTo keeps it in range
+}
+
+void CPreviewView::OnHScroll(UINT nSBCode, UINT, CScrollBar*) {
+  ScrollTo(CPoint(ScrollPos(SB_HORZ, nSBCode, kLine), m_ptScroll.y));
+}
+
+void CPreviewView::OnVScroll(UINT nSBCode, UINT, CScrollBar*) {
+  ScrollTo(CPoint(m_ptScroll.x, ScrollPos(SB_VERT, nSBCode, kLine)));
+}
+
+void CPreviewView::OnSize(UINT nType, int cx, int cy) {
+  CView::OnSize(nType, cx, cy);
+  if (m_pPreviewInfo != NULL) UpdateScrollBars();
+  Invalidate(FALSE);
+}
+
+// ---- The toolbar's commands ----------------------------------------------------------
+
+void CPreviewView::OnPreviewClose() {
+  if (m_pOrigView == NULL) return;
+  if (m_pToolBar != NULL) {
+    m_pToolBar->DestroyWindow(); // it deletes itself
+    m_pToolBar = NULL;
+  }
+  m_pPreviewInfo->m_nCurPage = m_nCurrentPage;
+  // Where the view's top left is on the page, in the printer's pixels.
+  CSize sizePage = GetPageSize();
+  CPoint point(MulDiv(m_ptScroll.x, m_sizePaper.cx, sizePage.cx),
+               MulDiv(m_ptScroll.y, m_sizePaper.cy, sizePage.cy));
+  m_pOrigView->OnEndPrintPreview(m_pPreviewDC, m_pPreviewInfo, point, this); // this goes
+}
+
+void CPreviewView::OnPreviewPrint() {
+  CFrameWnd* pFrame = GetParentFrame();
+  OnPreviewClose(); // this is gone; the frame routes the command to the view again
+  if (pFrame != NULL) pFrame->SendMessage(WM_COMMAND, ID_FILE_PRINT);
+}
+
+void CPreviewView::OnNextPage() {
+  if (m_bNextPage) SetCurrentPage(m_nCurrentPage + 1, TRUE);
+}
+
+void CPreviewView::OnPrevPage() {
+  if (m_nCurrentPage > m_pPreviewInfo->GetMinPage()) SetCurrentPage(m_nCurrentPage - 1, TRUE);
+}
+
+void CPreviewView::OnNumPageChange() {
+  if (m_nZoomState != ZOOM_OUT || !m_bMultiPage) return;
+  m_nPages = m_nPages == 1 ? m_nMaxPages : 1;
+  // The application remembers the choice (and its profile, on exit).
+  CWinApp* pApp = AfxGetApp();
+  if (pApp != NULL) pApp->m_nNumPreviewPages = m_nPages;
+  SetCurrentPage(m_nCurrentPage, TRUE);
+}
+
+void CPreviewView::OnZoomIn() {
+  if (m_nZoomState < ZOOM_IN) SetZoomState(m_nZoomState + 1, m_nCurrentPage, CPoint(0, 0));
+}
+
+void CPreviewView::OnZoomOut() {
+  if (m_nZoomState > ZOOM_OUT) SetZoomState(m_nZoomState - 1, m_nCurrentPage, CPoint(0, 0));
+}
+
+void CPreviewView::OnUpdateNextPage(CCmdUI* pCmdUI) { pCmdUI->Enable(m_bNextPage); }
+
+void CPreviewView::OnUpdatePrevPage(CCmdUI* pCmdUI) {
+  pCmdUI->Enable(m_nCurrentPage > m_pPreviewInfo->GetMinPage());
+}
+
+void CPreviewView::OnUpdateNumPageChange(CCmdUI* pCmdUI) {
+  CString strText;
+  strText.LoadString(m_nPages == 1 ? AFX_IDS_TWOPAGE : AFX_IDS_ONEPAGE);
+  pCmdUI->SetText(strText);
+  pCmdUI->Enable(m_nZoomState == ZOOM_OUT && m_nMaxPages > 1 && m_bMultiPage);
+}
+
+void CPreviewView::OnUpdateZoomIn(CCmdUI* pCmdUI) { pCmdUI->Enable(m_nZoomState != ZOOM_IN); }
+
+void CPreviewView::OnUpdateZoomOut(CCmdUI* pCmdUI) { pCmdUI->Enable(m_nZoomState != ZOOM_OUT); }
