@@ -129,16 +129,25 @@ TEST_F(PrintPreview, ShowsThePagesScaledAndPagesThroughTheButtons) {
   EXPECT_EQ(std::vector<UINT>{1}, m_pView->m_pages);
   EXPECT_TRUE(m_pView->m_bPreview);
 
-  // Page 1, then page 2 after a click on Next Page: the buttons' states, the
-  // status bar, and the page's black quarter inside the white paper.
+  // Each button clicked in turn: the buttons' states and captions after it,
+  // the status bar, the last page printed and, on one page fitting the view,
+  // the page's black quarter inside the white paper.
   struct {
+    UINT nClick; // 0: none yet
     UINT nPage;
-    BOOL bNext, bPrev;
-    const char* pszStatus;
-  } steps[] = {{1, TRUE, FALSE, "Page 1"}, {2, FALSE, TRUE, "Page 2"}};
+    BOOL bNext, bPrev, bNumPage, bZoomIn, bZoomOut;
+    const char *pszNumPage, *pszStatus;
+  } steps[] = {
+      {0, 1, TRUE, FALSE, TRUE, TRUE, FALSE, "&Two Page", "Page 1"},
+      {AFX_ID_PREVIEW_NEXT, 2, FALSE, TRUE, TRUE, TRUE, FALSE, "&Two Page", "Page 2"},
+      {AFX_ID_PREVIEW_PREV, 1, TRUE, FALSE, TRUE, TRUE, FALSE, "&Two Page", "Page 1"},
+      {AFX_ID_PREVIEW_NUMPAGE, 2, FALSE, FALSE, TRUE, TRUE, FALSE, "&One Page", "Pages 1-2"},
+      {AFX_ID_PREVIEW_ZOOMIN, 1, TRUE, FALSE, FALSE, TRUE, TRUE, "&One Page", "Page 1"},
+      {AFX_ID_PREVIEW_ZOOMIN, 1, TRUE, FALSE, FALSE, FALSE, TRUE, "&One Page", "Page 1"},
+  };
   for (const auto& step : steps) {
-    SCOPED_TRACE(step.nPage);
-    if (step.nPage == 2) ClickButton(AFX_ID_PREVIEW_NEXT);
+    SCOPED_TRACE(step.nClick);
+    if (step.nClick != 0) ClickButton(step.nClick);
     EXPECT_EQ(step.nPage, m_pView->m_pages.back());
     HWND hBar = PreviewBar()->m_hWnd;
     const struct {
@@ -148,15 +157,20 @@ TEST_F(PrintPreview, ShowsThePagesScaledAndPagesThroughTheButtons) {
     } buttons[] = {{AFX_ID_PREVIEW_PRINT, TRUE, "&Print..."},
                    {AFX_ID_PREVIEW_NEXT, step.bNext, "&Next Page"},
                    {AFX_ID_PREVIEW_PREV, step.bPrev, "Pre&v Page"},
-                   {AFX_ID_PREVIEW_NUMPAGE, TRUE, "&Two Page"},
-                   {AFX_ID_PREVIEW_ZOOMIN, TRUE, "Zoom &In"},
-                   {AFX_ID_PREVIEW_ZOOMOUT, FALSE, "Zoom &Out"},
+                   {AFX_ID_PREVIEW_NUMPAGE, step.bNumPage, step.pszNumPage},
+                   {AFX_ID_PREVIEW_ZOOMIN, step.bZoomIn, "Zoom &In"},
+                   {AFX_ID_PREVIEW_ZOOMOUT, step.bZoomOut, "Zoom &Out"},
                    {AFX_ID_PREVIEW_CLOSE, TRUE, "&Close"}};
     for (const auto& button : buttons) {
       EXPECT_EQ(button.bEnabled, ::IsWindowEnabled(::GetDlgItem(hBar, button.nID))) << button.nID;
       EXPECT_EQ(button.pszText, user_input::Text(hBar, button.nID));
     }
     EXPECT_EQ(step.pszStatus, std::string(m_statusBar.GetPaneText(0)));
+    // Zoomed, the page is taller than the view: it scrolls.
+    SCROLLINFO si = {sizeof(si), SIF_ALL};
+    BOOL bZoomed = step.bZoomOut;
+    EXPECT_EQ(bZoomed, Preview()->GetScrollInfo(SB_VERT, &si) && si.nMax >= (int)si.nPage);
+    if (step.nClick == AFX_ID_PREVIEW_NUMPAGE || step.nClick == AFX_ID_PREVIEW_ZOOMIN) continue;
 
     // The paper: the white pixels' bounds, with the workspace around it, and
     // the page's quarter: the black inside it.
@@ -182,6 +196,27 @@ TEST_F(PrintPreview, ShowsThePagesScaledAndPagesThroughTheButtons) {
   ClickButton(AFX_ID_PREVIEW_CLOSE);
   ExpectRestored();
   EXPECT_EQ("Ready", std::string(m_statusBar.GetPaneText(0)));
+}
+
+// Escape, closing the frame and Print each end the preview and give the
+// frame back; Print then goes on to print the view (its dialog, cancelled).
+TEST_F(PrintPreview, EscapeClosingAndPrintEndThePreview) {
+  enum Way { kEscape, kCloseFrame, kPrint };
+  for (Way way : {kEscape, kCloseFrame, kPrint}) {
+    SCOPED_TRACE(way);
+    m_pView->m_nEndPrinting = 0;
+    DialogDriver driver; // any dialog is cancelled
+    StartPreview();
+    if (way == kEscape)
+      user_input::Press(VK_ESCAPE);
+    else if (way == kCloseFrame)
+      m_pFrame->SendMessage(WM_CLOSE);
+    else
+      ClickButton(AFX_ID_PREVIEW_PRINT);
+    ASSERT_TRUE(::IsWindow(m_pFrame->m_hWnd));
+    ExpectRestored();
+    EXPECT_EQ(way == kPrint ? 1u : 0u, driver.Captions().size());
+  }
 }
 
 } // namespace
