@@ -165,7 +165,8 @@ BOOL CMDIFrameWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
 // the frame's own, then the client's (Ctrl+F4, Ctrl+F6).
 BOOL CMDIFrameWnd::PreTranslateMessage(MSG* pMsg) {
   if (CWnd::PreTranslateMessage(pMsg)) return TRUE;
-  CMDIChildWnd* pActiveChild = MDIGetActive();
+  // While print preview shows, the hidden child's keys do nothing.
+  CMDIChildWnd* pActiveChild = m_lpfnCloseProc == NULL ? MDIGetActive() : NULL;
   if (pActiveChild != NULL && pActiveChild->PreTranslateMessage(pMsg)) return TRUE;
   if (pMsg->message >= WM_KEYFIRST && pMsg->message <= WM_KEYLAST) {
     if (m_hAccelTable != NULL && ::TranslateAccelerator(m_hWnd, m_hAccelTable, pMsg)) return TRUE;

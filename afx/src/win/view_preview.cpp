@@ -117,6 +117,7 @@ void CFrameWnd::OnSetPreviewMode(BOOL bPreview, CPrintPreviewState* pState) {
   if (bPreview) {
     pState->hMenu = ::GetMenu(m_hWnd);
     ::SetMenu(m_hWnd, NULL);
+    m_nIdleFlags &= ~idleMenu; // an MDI frame's pending menu change would put one back
     pState->hAccelTable = m_hAccelTable;
     m_hAccelTable = AfxLoadAccelerators(MAKEINTRESOURCE(AFX_IDR_PREVIEW_ACCEL));
     m_lpfnCloseProc = pState->lpfnCloseProc;
