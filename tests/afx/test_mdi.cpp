@@ -1,11 +1,13 @@
 // A multiple-document application: children of one CMultiDocTemplate share
 // its menu and accelerator table, the menu bar follows the active child,
 // titles number the documents, and closing children gives the frame its own
-// menu back.
+// menu back. Print preview takes the MDI frame's client and gives it back.
 #include <afxext.h>
+#include <afxpriv.h>
 #include <gtest/gtest.h>
 
 #include "mdi_testing.h"
+#include "print_testing.h"
 
 namespace {
 
@@ -116,6 +118,32 @@ TEST_F(MdiTest, WindowNewShowsTheDocumentInANumberedSecondFrame) {
   pActive->SendMessage(WM_CLOSE);
   EXPECT_EQ(nDeleted, g_nSheetsDeleted);
   EXPECT_STREQ("Sheet1", WindowText(FrameOf(pDoc)));
+}
+
+// A view that asks for no printer previews on the application's; a document
+// of unknown length, one page.
+TEST_F(MdiTest, PrintPreviewTakesTheClientAndGivesItBack) {
+  CSheetDoc* pDoc = NewSheet();
+  ASSERT_NE(nullptr, pDoc);
+  CMDIChildWnd* pChild = FrameOf(pDoc);
+  HMENU hMenu = ::GetMenu(*m_pMainFrame);
+  pChild->GetActiveView()->OnFilePrintPreview();
+  CPreviewView* pPreview = DYNAMIC_DOWNCAST(CPreviewView, m_pMainFrame->GetActiveView());
+  ASSERT_NE(nullptr, pPreview);
+  EXPECT_FALSE(::IsWindowVisible(m_pMainFrame->m_hWndMDIClient));
+  EXPECT_EQ(nullptr, ::GetMenu(*m_pMainFrame));
+  HWND hBar = m_pMainFrame->GetDlgItem(AFX_IDW_PREVIEW_BAR)->GetSafeHwnd();
+  EXPECT_FALSE(::IsWindowEnabled(::GetDlgItem(hBar, AFX_ID_PREVIEW_NEXT)));
+  EXPECT_TRUE(::IsWindowEnabled(::GetDlgItem(hBar, AFX_ID_PREVIEW_CLOSE)));
+
+  // Closing the frame ends the preview only.
+  m_pMainFrame->SendMessage(WM_CLOSE);
+  EXPECT_TRUE(::IsWindowVisible(m_pMainFrame->m_hWndMDIClient));
+  EXPECT_EQ(AFX_IDW_PANE_FIRST, ::GetDlgCtrlID(m_pMainFrame->m_hWndMDIClient));
+  EXPECT_EQ(hMenu, ::GetMenu(*m_pMainFrame));
+  EXPECT_EQ(nullptr, m_pMainFrame->GetActiveView());
+  EXPECT_EQ(pChild, m_pMainFrame->MDIGetActive());
+  EXPECT_EQ(1, theApp.GetOpenDocumentCount());
 }
 
 } // namespace
