@@ -63,8 +63,9 @@ struct CPrintPreviewState {
 //   which scales it. Pages are kept as metafiles until the page changes.
 // - Zoom has three steps: the whole page (or two) fitting the view, one page
 //   at twice the size of one fitting it, and at three times; one page shows
-//   when zoomed, scrolled from its top left. SetZoomState's point is not
-//   used, and a click on the page does not zoom.
+//   when zoomed. A click on a page (the pointer is a magnifier there) zooms
+//   in one step, keeping the point clicked under the pointer, and from the
+//   last step back out; the toolbar's buttons zoom from the page's top left.
 // - Page N exists when it is within the print info's maximum page and the
 //   view's OnPrepareDC leaves m_bContinuePrinting set, as when printing.
 class AFX_API CPreviewView : public CView {
@@ -81,6 +82,9 @@ public:
   virtual BOOL SetPrintView(CView* pPrintView);
   // Shows nPage (clamped to the pages that exist) first.
   void SetCurrentPage(UINT nPage, BOOL bClearRatios);
+  // Zooms to nNewState showing nPage, scrolled so that point (in the client
+  // area, on the page shown before) stays where it is; from the page's top
+  // left when point is not on it.
   void SetZoomState(UINT nNewState, UINT nPage, CPoint point);
   // Writes "Page N" or "Pages N-M" (m_pPreviewInfo->m_strPageDesc) to the
   // frame's status bar.
@@ -115,6 +119,8 @@ public:
   afx_msg void OnSize(UINT nType, int cx, int cy);
   afx_msg void OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
   afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
+  afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
+  afx_msg BOOL OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT message);
 
 protected:
   // The paper and its printable area, in the printer's pixels.
@@ -139,6 +145,8 @@ protected:
   CSize GetTotalSize() const;
   // The paper of the nSlot-th page shown, in client coordinates.
   CRect GetPageRect(UINT nSlot) const;
+  // The page shown at point (client coordinates): its slot, or -1.
+  int PageAt(CPoint point) const;
   void UpdateScrollBars();
   void ScrollTo(CPoint pt);
   int ScrollPos(int nBar, UINT nSBCode, int nLine);

@@ -7,6 +7,7 @@
 #include <afxpriv.h>
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <vector>
 
 #include "frame_testing.h"
@@ -87,6 +88,19 @@ protected:
     ::GetClientRect(hButton, &rect);
     user_input::Click(rect.CenterPoint(), hButton);
     if (Preview() != NULL) Preview()->UpdateWindow();
+  }
+  CRect ClientRect() {
+    CRect rect;
+    Preview()->GetClientRect(&rect);
+    return rect;
+  }
+  // The preview as the screen shows it.
+  std::unique_ptr<Canvas> Capture() {
+    CRect rect = ClientRect();
+    std::unique_ptr<Canvas> canvas(new Canvas(rect.Width(), rect.Height()));
+    CClientDC dc(Preview());
+    canvas->DC().BitBlt(0, 0, rect.Width(), rect.Height(), &dc, 0, 0, SRCCOPY);
+    return canvas;
   }
   // The bounds of the pixels of colour clr within rect.
   static CRect Bounds(const Canvas& canvas, const CRect& rect, COLORREF clr) {
@@ -174,14 +188,10 @@ TEST_F(PrintPreview, ShowsThePagesScaledAndPagesThroughTheButtons) {
 
     // The paper: the white pixels' bounds, with the workspace around it, and
     // the page's quarter: the black inside it.
-    CRect rectClient;
-    Preview()->GetClientRect(&rectClient);
-    Canvas canvas(rectClient.Width(), rectClient.Height());
-    CClientDC dc(Preview());
-    canvas.DC().BitBlt(0, 0, rectClient.Width(), rectClient.Height(), &dc, 0, 0, SRCCOPY);
-    CRect paper = Bounds(canvas, rectClient, kWhite), ink = Bounds(canvas, paper, kBlack);
+    std::unique_ptr<Canvas> canvas = Capture();
+    CRect paper = Bounds(*canvas, ClientRect(), kWhite), ink = Bounds(*canvas, paper, kBlack);
     ASSERT_FALSE(paper.IsRectEmpty());
-    EXPECT_EQ(::GetSysColor(COLOR_APPWORKSPACE), canvas.At(1, 1));
+    EXPECT_EQ(::GetSysColor(COLOR_APPWORKSPACE), canvas->At(1, 1));
     EXPECT_GT(paper.left, 0);
     EXPECT_GT(paper.top, 0);
     EXPECT_NEAR(paper.Height() * 850 / paper.Width(), 1100, 25); // letter paper
@@ -191,6 +201,23 @@ TEST_F(PrintPreview, ShowsThePagesScaledAndPagesThroughTheButtons) {
     bool bFirstQuarter = step.nPage == 1;
     EXPECT_EQ(bFirstQuarter, ink.CenterPoint().x < paper.CenterPoint().x);
     EXPECT_EQ(bFirstQuarter, ink.CenterPoint().y < paper.CenterPoint().y);
+  }
+
+  // On page 2, a click on the page zooms out from the last step, and then in
+  // with the place clicked (on the black quarter, where the page's top is
+  // white) scrolled to the pointer's height; the page is as wide as the view.
+  ClickButton(AFX_ID_PREVIEW_NEXT);
+  HWND hPreview = Preview()->m_hWnd;
+  for (BOOL bZoomIn : {FALSE, TRUE}) {
+    CRect paper = Bounds(*Capture(), ClientRect(), kWhite);
+    CPoint point(paper.left + paper.Width() * 7 / 10, paper.top + paper.Height() * 7 / 10);
+    user_input::Click(point, hPreview);
+    Preview()->UpdateWindow();
+    HWND hZoomOut = ::GetDlgItem(PreviewBar()->m_hWnd, AFX_ID_PREVIEW_ZOOMOUT);
+    EXPECT_EQ(bZoomIn, ::IsWindowEnabled(hZoomOut));
+    std::unique_ptr<Canvas> canvas = Capture();
+    paper = Bounds(*canvas, ClientRect(), kWhite);
+    EXPECT_TRUE(!bZoomIn || canvas->At(paper.left + paper.Width() * 7 / 10, point.y) == kBlack);
   }
 
   ClickButton(AFX_ID_PREVIEW_CLOSE);

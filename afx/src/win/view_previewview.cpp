@@ -24,6 +24,8 @@ ON_WM_ERASEBKGND()
 ON_WM_SIZE()
 ON_WM_HSCROLL()
 ON_WM_VSCROLL()
+ON_WM_LBUTTONDOWN()
+ON_WM_SETCURSOR()
 END_MESSAGE_MAP()
 
 // Decided here: the workspace shows 8 pixels around and between the pages;
@@ -181,10 +183,24 @@ void CPreviewView::SetCurrentPage(UINT nPage, BOOL bClearRatios) {
     m_pToolBar->SendMessage(WM_IDLEUPDATECMDUI, TRUE);
 }
 
-void CPreviewView::SetZoomState(UINT nNewState, UINT nPage, CPoint) {
+void CPreviewView::SetZoomState(UINT nNewState, UINT nPage, CPoint point) {
   if (nNewState > ZOOM_IN) return;
+  // The point as a place on the paper (in the printer's pixels).
+  int nSlot = PageAt(point);
+  CPoint ptPaper(-1, -1);
+  if (nSlot >= 0 && m_nCurrentPage + nSlot == nPage) {
+    CRect rect = GetPageRect(nSlot);
+    ptPaper.x = MulDiv(point.x - rect.left, m_sizePaper.cx, rect.Width());
+    ptPaper.y = MulDiv(point.y - rect.top, m_sizePaper.cy, rect.Height());
+  }
   m_nZoomState = nNewState;
   SetCurrentPage(nPage, TRUE);
+  if (ptPaper.x < 0) return;
+  // The same place under the point again (ScrollTo keeps the position in
+  // range).
+  CRect rect = GetPageRect(0);
+  ScrollTo(CPoint(rect.left + MulDiv(ptPaper.x, rect.Width(), m_sizePaper.cx) - point.x,
+                  rect.top + MulDiv(ptPaper.y, rect.Height(), m_sizePaper.cy) - point.y));
 }
 
 void CPreviewView::OnDisplayPageNumber(UINT nPage, UINT nPagesDisplayed) {
@@ -276,6 +292,16 @@ void CPreviewView::OnDraw(CDC* pDC) {
   }
 }
 
+int CPreviewView::PageAt(CPoint point) const {
+  for (UINT nSlot = 0; nSlot < GetPagesShown(); nSlot++) {
+    // Past the last page no paper is shown.
+    if (nSlot > 0 && m_nPageMeta[nSlot] == m_nCurrentPage + nSlot && m_hPageMeta[nSlot] == NULL)
+      break;
+    if (GetPageRect(nSlot).PtInRect(point)) return (int)nSlot;
+  }
+  return -1;
+}
+
 // OnDraw paints every pixel.
 BOOL CPreviewView::OnEraseBkgnd(CDC*) { return TRUE; }
 
@@ -357,6 +383,29 @@ void CPreviewView::OnSize(UINT nType, int cx, int cy) {
   Invalidate(FALSE);
 }
 
+// ---- Zooming with the mouse -------------------------------------------------------
+
+void CPreviewView::OnLButtonDown(UINT, CPoint point) {
+  int nSlot = PageAt(point);
+  if (nSlot < 0 || m_pPreviewInfo == NULL) return;
+  if (m_nZoomState == ZOOM_IN)
+    SetZoomState(ZOOM_OUT, m_nCurrentPage, point);
+  else
+    SetZoomState(m_nZoomState + 1, m_nCurrentPage + nSlot, point);
+}
+
+BOOL CPreviewView::OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT message) {
+  CPoint point;
+  ::GetCursorPos(&point);
+  ScreenToClient(&point);
+  LPCTSTR lpszCursor = MAKEINTRESOURCE(AFX_IDC_MAGNIFY);
+  HCURSOR hCursor = ::LoadCursor(AfxFindResourceHandle(lpszCursor, RT_GROUP_CURSOR), lpszCursor);
+  if (nHitTest != HTCLIENT || PageAt(point) < 0 || hCursor == NULL)
+    return CView::OnSetCursor(pWnd, nHitTest, message);
+  ::SetCursor(hCursor);
+  return TRUE;
+}
+
 // ---- The toolbar's commands ----------------------------------------------------------
 
 void CPreviewView::OnPreviewClose() {
@@ -391,6 +440,7 @@ void CPreviewView::OnNumPageChange() {
   if (m_nZoomState != ZOOM_OUT || !m_bMultiPage) return;
   m_nPages = m_nPages == 1 ? m_nMaxPages : 1;
   // The application remembers the choice (and its profile, on exit).
+  m_pPreviewInfo->m_nNumPreviewPages = m_nPages;
   CWinApp* pApp = AfxGetApp();
   if (pApp != NULL) pApp->m_nNumPreviewPages = m_nPages;
   SetCurrentPage(m_nCurrentPage, TRUE);
