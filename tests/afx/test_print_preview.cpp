@@ -12,6 +12,7 @@
 
 #include "frame_testing.h"
 #include "gdi_canvas.h"
+#include "msgbox_catcher.h"
 #include "print_testing.h"
 #include "user_input.h"
 
@@ -25,9 +26,11 @@ public:
   BOOL m_bPreview = FALSE;
   HDC m_hPrinterDC = NULL;
   int m_nEndPrinting = 0;
+  BOOL m_bCancel = FALSE; // OnPreparePrinting cancels
 
   virtual void OnDraw(CDC*) {}
   virtual BOOL OnPreparePrinting(CPrintInfo* pInfo) {
+    if (m_bCancel) return FALSE;
     pInfo->SetMaxPage(2);
     return DoPreparePrinting(pInfo);
   }
@@ -244,6 +247,19 @@ TEST_F(PrintPreview, EscapeClosingAndPrintEndThePreview) {
     ExpectRestored();
     EXPECT_EQ(way == kPrint ? 1u : 0u, driver.Captions().size());
   }
+}
+
+// A preview the view cancels says so and leaves the frame as it was.
+TEST_F(PrintPreview, CancelledByTheViewLeavesTheFrameAsItWas) {
+  m_pView->m_bCancel = TRUE;
+  MsgBoxCatcher catcher;
+  m_pFrame->SendMessage(WM_COMMAND, ID_FILE_PRINT_PREVIEW);
+  ASSERT_EQ(1u, catcher.Count());
+  EXPECT_EQ("Command failed.", catcher.Last().text);
+  EXPECT_EQ(m_pView, m_pFrame->GetActiveView());
+  EXPECT_TRUE(m_pView->IsWindowVisible() && m_toolBar.IsWindowVisible());
+  EXPECT_EQ(m_hMenu, ::GetMenu(m_pFrame->m_hWnd));
+  EXPECT_TRUE(PreviewBar() == NULL);
 }
 
 } // namespace

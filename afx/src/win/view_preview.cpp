@@ -28,6 +28,14 @@ void CView::OnFilePrintPreview() {
   }
 }
 
+// A preview that could not start goes; the frame is as it was.
+static void UndoPreview(CFrameWnd* pParent, CPreviewView* pView, CPrintPreviewState* pState) {
+  if (pView->m_pToolBar != NULL) pView->m_pToolBar->DestroyWindow(); // it deletes itself
+  pView->m_pToolBar = NULL;
+  pView->DestroyWindow(); // and with it the preview's print job
+  pParent->OnSetPreviewMode(FALSE, pState);
+}
+
 // Decided here: the preview takes the place of the view's top-level frame's
 // client (for an MDI child's view, the MDI frame's), which is the main
 // window in an application.
@@ -69,11 +77,16 @@ BOOL CView::DoPrintPreview(UINT nIDResource, CView* pPrintView, CRuntimeClass* p
   }
   pView->m_pOrigView = this;
   pView->m_pToolBar = pToolBar;
-  if (!pView->SetPrintView(pPrintView)) {
-    pView->m_pToolBar = NULL;
-    pToolBar->DestroyWindow();
-    pView->DestroyWindow();
-    pParent->OnSetPreviewMode(FALSE, pState);
+  BOOL bPrepared = FALSE;
+  try {
+    bPrepared = pView->SetPrintView(pPrintView);
+  } catch (CException*) {
+    // A print hook failed: the frame as it was, and the exception goes on.
+    UndoPreview(pParent, pView, pState);
+    throw;
+  }
+  if (!bPrepared) {
+    UndoPreview(pParent, pView, pState);
     return FALSE;
   }
   pView->m_pPreviewState = pState; // the preview's from here on
