@@ -54,8 +54,8 @@ struct CPrintPreviewState {
 // shows the page number.
 //
 // How this library does it (its own choices, said here):
-// - It derives from CView, not CScrollView: when zoomed in, it scrolls
-//   itself with its window's scroll bars.
+// - It is a CScrollView in MM_TEXT (screen pixels): zoomed in, the page
+//   scrolls; smaller than the view, the pages are centred in it.
 // - There is no CPreviewDC. m_pPreviewDC is a CDC whose attribute DC is the
 //   printer's (so text measures, device caps and DPtoLP are the printer's)
 //   while each page's output goes to an enhanced metafile made against the
@@ -68,7 +68,7 @@ struct CPrintPreviewState {
 //   last step back out; the toolbar's buttons zoom from the page's top left.
 // - Page N exists when it is within the print info's maximum page and the
 //   view's OnPrepareDC leaves m_bContinuePrinting set, as when printing.
-class AFX_API CPreviewView : public CView {
+class AFX_API CPreviewView : public CScrollView {
   DECLARE_DYNCREATE(CPreviewView)
 public:
   CPreviewView();
@@ -117,8 +117,6 @@ public:
   afx_msg void OnUpdateZoomOut(CCmdUI* pCmdUI);
   afx_msg BOOL OnEraseBkgnd(CDC* pDC);
   afx_msg void OnSize(UINT nType, int cx, int cy);
-  afx_msg void OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
-  afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
   afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
   afx_msg BOOL OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT message);
 
@@ -127,7 +125,6 @@ protected:
   CSize m_sizePaper;
   CRect m_rectPrintable;
   CSize m_sizePrinterPPI;
-  CPoint m_ptScroll;           // the scroll position when zoomed
   HENHMETAFILE m_hPageMeta[2]; // the pages shown, as drawn
   UINT m_nPageMeta[2];         // their numbers
   BOOL m_bNextPage;            // the page after those shown exists
@@ -142,14 +139,14 @@ protected:
   UINT GetPagesShown() const { return m_nZoomState == ZOOM_OUT ? m_nPages : 1; }
   // The size of one page on the screen, and of everything shown.
   CSize GetPageSize() const;
-  CSize GetTotalSize() const;
-  // The paper of the nSlot-th page shown, in client coordinates.
+  CSize CalcTotalSize() const;
+  // The scroll sizes for the zoom and the view's size.
+  void UpdateScrollSizes();
+  // The paper of the nSlot-th page shown, in the view's logical coordinates.
   CRect GetPageRect(UINT nSlot) const;
-  // The page shown at point (client coordinates): its slot, or -1.
-  int PageAt(CPoint point) const;
-  void UpdateScrollBars();
-  void ScrollTo(CPoint pt);
-  int ScrollPos(int nBar, UINT nSBCode, int nLine);
+  // The page shown at ptLog (logical coordinates): its slot, or -1.
+  int PageAt(CPoint ptLog) const;
+  CPoint ClientToLogical(CPoint point);
   DECLARE_MESSAGE_MAP()
 };
 

@@ -184,9 +184,7 @@ TEST_F(PrintPreview, ShowsThePagesScaledAndPagesThroughTheButtons) {
     }
     EXPECT_EQ(step.pszStatus, std::string(m_statusBar.GetPaneText(0)));
     // Zoomed, the page is taller than the view: it scrolls.
-    SCROLLINFO si = {sizeof(si), SIF_ALL};
-    BOOL bZoomed = step.bZoomOut;
-    EXPECT_EQ(bZoomed, Preview()->GetScrollInfo(SB_VERT, &si) && si.nMax >= (int)si.nPage);
+    EXPECT_EQ(step.bZoomOut, (Preview()->GetStyle() & WS_VSCROLL) != 0);
     if (step.nClick == AFX_ID_PREVIEW_NUMPAGE || step.nClick == AFX_ID_PREVIEW_ZOOMIN) continue;
 
     // The paper: the white pixels' bounds, with the workspace around it, and

@@ -5,9 +5,9 @@
 #include <afxext.h>
 #include <afxpriv.h>
 
-IMPLEMENT_DYNCREATE(CPreviewView, CView)
+IMPLEMENT_DYNCREATE(CPreviewView, CScrollView)
 
-BEGIN_MESSAGE_MAP(CPreviewView, CView)
+BEGIN_MESSAGE_MAP(CPreviewView, CScrollView)
 ON_COMMAND(AFX_ID_PREVIEW_CLOSE, &CPreviewView::OnPreviewClose)
 ON_COMMAND(AFX_ID_PREVIEW_PRINT, &CPreviewView::OnPreviewPrint)
 ON_COMMAND(AFX_ID_PREVIEW_NEXT, &CPreviewView::OnNextPage)
@@ -22,8 +22,6 @@ ON_UPDATE_COMMAND_UI(AFX_ID_PREVIEW_ZOOMIN, &CPreviewView::OnUpdateZoomIn)
 ON_UPDATE_COMMAND_UI(AFX_ID_PREVIEW_ZOOMOUT, &CPreviewView::OnUpdateZoomOut)
 ON_WM_ERASEBKGND()
 ON_WM_SIZE()
-ON_WM_HSCROLL()
-ON_WM_VSCROLL()
 ON_WM_LBUTTONDOWN()
 ON_WM_SETCURSOR()
 END_MESSAGE_MAP()
@@ -37,7 +35,8 @@ CPreviewView::CPreviewView()
     : m_pOrigView(NULL), m_pPrintView(NULL), m_pPreviewDC(NULL), m_pPreviewInfo(NULL),
       m_pPreviewState(NULL), m_pToolBar(NULL), m_nZoomState(ZOOM_OUT), m_nMaxPages(2), m_nPages(1),
       m_nCurrentPage(1), m_sizePaper(0, 0), m_rectPrintable(0, 0, 0, 0), m_sizePrinterPPI(0, 0),
-      m_ptScroll(0, 0), m_bNextPage(FALSE), m_bMultiPage(FALSE) {
+      m_bNextPage(FALSE), m_bMultiPage(FALSE) {
+  m_bCenter = TRUE;
   m_hPageMeta[0] = m_hPageMeta[1] = NULL;
   m_nPageMeta[0] = m_nPageMeta[1] = kNoPage;
 }
@@ -173,9 +172,9 @@ void CPreviewView::SetCurrentPage(UINT nPage, BOOL bClearRatios) {
   m_pPreviewInfo->m_nCurPage = m_nCurrentPage;
   UINT nShown = GetPagesShown();
   m_bNextPage = PageExists(m_nCurrentPage + nShown);
-  if (bClearRatios) m_ptScroll = CPoint(0, 0);
   ClearPages();
-  UpdateScrollBars();
+  UpdateScrollSizes();
+  if (bClearRatios) ScrollToPosition(CPoint(0, 0));
   Invalidate(TRUE);
   if (nShown > 1 && !PageExists(m_nCurrentPage + 1)) nShown = 1;
   OnDisplayPageNumber(m_nCurrentPage, nShown);
@@ -186,21 +185,21 @@ void CPreviewView::SetCurrentPage(UINT nPage, BOOL bClearRatios) {
 void CPreviewView::SetZoomState(UINT nNewState, UINT nPage, CPoint point) {
   if (nNewState > ZOOM_IN) return;
   // The point as a place on the paper (in the printer's pixels).
-  int nSlot = PageAt(point);
+  int nSlot = PageAt(ClientToLogical(point));
   CPoint ptPaper(-1, -1);
   if (nSlot >= 0 && m_nCurrentPage + nSlot == nPage) {
     CRect rect = GetPageRect(nSlot);
-    ptPaper.x = MulDiv(point.x - rect.left, m_sizePaper.cx, rect.Width());
-    ptPaper.y = MulDiv(point.y - rect.top, m_sizePaper.cy, rect.Height());
+    CPoint ptLog = ClientToLogical(point);
+    ptPaper.x = MulDiv(ptLog.x - rect.left, m_sizePaper.cx, rect.Width());
+    ptPaper.y = MulDiv(ptLog.y - rect.top, m_sizePaper.cy, rect.Height());
   }
   m_nZoomState = nNewState;
   SetCurrentPage(nPage, TRUE);
   if (ptPaper.x < 0) return;
-  // The same place under the point again (ScrollTo keeps the position in
-  // range).
+  // The same place under the point again, as far as the view scrolls.
   CRect rect = GetPageRect(0);
-  ScrollTo(CPoint(rect.left + MulDiv(ptPaper.x, rect.Width(), m_sizePaper.cx) - point.x,
-                  rect.top + MulDiv(ptPaper.y, rect.Height(), m_sizePaper.cy) - point.y));
+  ScrollToPosition(CPoint(rect.left + MulDiv(ptPaper.x, rect.Width(), m_sizePaper.cx) - point.x,
+                          rect.top + MulDiv(ptPaper.y, rect.Height(), m_sizePaper.cy) - point.y));
 }
 
 void CPreviewView::OnDisplayPageNumber(UINT nPage, UINT nPagesDisplayed) {
@@ -238,7 +237,7 @@ CSize CPreviewView::GetPageSize() const {
   return CSize(size.cx * nZoom, size.cy * nZoom);
 }
 
-CSize CPreviewView::GetTotalSize() const {
+CSize CPreviewView::CalcTotalSize() const {
   CSize size = GetPageSize();
   int nShown = (int)GetPagesShown();
   return CSize(size.cx * nShown + kMargin * (nShown + 1) + kShadow,
@@ -246,23 +245,28 @@ CSize CPreviewView::GetTotalSize() const {
 }
 
 CRect CPreviewView::GetPageRect(UINT nSlot) const {
-  CRect rectClient;
-  GetClientRect(&rectClient);
-  CSize sizePage = GetPageSize(), sizeTotal = GetTotalSize();
-  // Centred where there is room, else scrolled.
-  int x =
-      sizeTotal.cx < rectClient.Width() ? (rectClient.Width() - sizeTotal.cx) / 2 : -m_ptScroll.x;
-  int y =
-      sizeTotal.cy < rectClient.Height() ? (rectClient.Height() - sizeTotal.cy) / 2 : -m_ptScroll.y;
-  x += kMargin + (int)nSlot * (sizePage.cx + kMargin);
-  y += kMargin;
-  return CRect(x, y, x + sizePage.cx, y + sizePage.cy);
+  CSize sizePage = GetPageSize();
+  int x = kMargin + (int)nSlot * (sizePage.cx + kMargin);
+  return CRect(x, kMargin, x + sizePage.cx, kMargin + sizePage.cy);
+}
+
+void CPreviewView::UpdateScrollSizes() {
+  if (m_hWnd == NULL || m_pPreviewInfo == NULL) return;
+  SetScrollSizes(MM_TEXT, CalcTotalSize(), sizeDefault, CSize(kLine, kLine));
+}
+
+CPoint CPreviewView::ClientToLogical(CPoint point) {
+  CClientDC dc(this);
+  OnPrepareDC(&dc);
+  dc.DPtoLP(&point);
+  return point;
 }
 
 void CPreviewView::OnDraw(CDC* pDC) {
   if (m_pPreviewInfo == NULL || m_pPreviewDC == NULL) return; // not prepared yet
   CRect rectClient;
   GetClientRect(&rectClient);
+  pDC->DPtoLP(&rectClient); // the DC is scrolled
   pDC->FillSolidRect(&rectClient, ::GetSysColor(COLOR_APPWORKSPACE));
   for (UINT nSlot = 0; nSlot < GetPagesShown(); nSlot++) {
     UINT nPage = m_nCurrentPage + nSlot;
@@ -292,12 +296,12 @@ void CPreviewView::OnDraw(CDC* pDC) {
   }
 }
 
-int CPreviewView::PageAt(CPoint point) const {
+int CPreviewView::PageAt(CPoint ptLog) const {
   for (UINT nSlot = 0; nSlot < GetPagesShown(); nSlot++) {
     // Past the last page no paper is shown.
     if (nSlot > 0 && m_nPageMeta[nSlot] == m_nCurrentPage + nSlot && m_hPageMeta[nSlot] == NULL)
       break;
-    if (GetPageRect(nSlot).PtInRect(point)) return (int)nSlot;
+    if (GetPageRect(nSlot).PtInRect(ptLog)) return (int)nSlot;
   }
   return -1;
 }
@@ -305,88 +309,17 @@ int CPreviewView::PageAt(CPoint point) const {
 // OnDraw paints every pixel.
 BOOL CPreviewView::OnEraseBkgnd(CDC*) { return TRUE; }
 
-// ---- Scrolling when zoomed -----------------------------------------------------------
-
-void CPreviewView::UpdateScrollBars() {
-  if (m_hWnd == NULL) return;
-  CRect rectClient;
-  GetClientRect(&rectClient);
-  CSize sizeTotal = GetTotalSize();
-  if (m_nZoomState == ZOOM_OUT) sizeTotal = CSize(0, 0); // everything fits
-  const int nBars[2] = {SB_HORZ, SB_VERT};
-  const int nTotal[2] = {sizeTotal.cx, sizeTotal.cy};
-  const int nPage[2] = {rectClient.Width(), rectClient.Height()};
-  LONG* pPos[2] = {&m_ptScroll.x, &m_ptScroll.y};
-  for (int i = 0; i < 2; i++) {
-    int nMaxPos = nTotal[i] - nPage[i];
-    if (*pPos[i] > nMaxPos) *pPos[i] = nMaxPos;
-    if (*pPos[i] < 0) *pPos[i] = 0;
-    SCROLLINFO si = {sizeof(si),
-                     SIF_PAGE | SIF_POS | SIF_RANGE,
-                     0,
-                     nTotal[i] - 1,
-                     (UINT)(nPage[i] < 0 ? 0 : nPage[i]),
-                     (int)*pPos[i],
-                     0};
-    SetScrollInfo(nBars[i], &si, TRUE);
-  }
-}
-
-void CPreviewView::ScrollTo(CPoint pt) {
-  m_ptScroll = pt;
-  UpdateScrollBars(); // keeps it in range
-  Invalidate(FALSE);
-}
-
-int CPreviewView::ScrollPos(int nBar, UINT nSBCode, int nLine) {
-  SCROLLINFO si = {sizeof(si), SIF_ALL};
-  if (!GetScrollInfo(nBar, &si)) return 0;
-  int nPos = si.nPos;
-  switch (nSBCode) {
-  case SB_LINEUP:
-    nPos -= nLine;
-    break;
-  case SB_LINEDOWN:
-    nPos += nLine;
-    break;
-  case SB_PAGEUP:
-    nPos -= (int)si.nPage;
-    break;
-  case SB_PAGEDOWN:
-    nPos += (int)si.nPage;
-    break;
-  case SB_TOP:
-    nPos = si.nMin;
-    break;
-  case SB_BOTTOM:
-    nPos = si.nMax;
-    break;
-  case SB_THUMBTRACK:
-  case SB_THUMBPOSITION:
-    nPos = si.nTrackPos;
-    break;
-  }
-  return nPos; // ScrollTo keeps it in range
-}
-
-void CPreviewView::OnHScroll(UINT nSBCode, UINT, CScrollBar*) {
-  ScrollTo(CPoint(ScrollPos(SB_HORZ, nSBCode, kLine), m_ptScroll.y));
-}
-
-void CPreviewView::OnVScroll(UINT nSBCode, UINT, CScrollBar*) {
-  ScrollTo(CPoint(m_ptScroll.x, ScrollPos(SB_VERT, nSBCode, kLine)));
-}
-
-void CPreviewView::OnSize(UINT nType, int cx, int cy) {
-  CView::OnSize(nType, cx, cy);
-  if (m_pPreviewInfo != NULL) UpdateScrollBars();
-  Invalidate(FALSE);
-}
-
 // ---- Zooming with the mouse -------------------------------------------------------
 
+// The pages' size follows the view's.
+void CPreviewView::OnSize(UINT nType, int cx, int cy) {
+  CScrollView::OnSize(nType, cx, cy);
+  UpdateScrollSizes();
+  Invalidate(FALSE);
+}
+
 void CPreviewView::OnLButtonDown(UINT, CPoint point) {
-  int nSlot = PageAt(point);
+  int nSlot = PageAt(ClientToLogical(point));
   if (nSlot < 0 || m_pPreviewInfo == NULL) return;
   if (m_nZoomState == ZOOM_IN)
     SetZoomState(ZOOM_OUT, m_nCurrentPage, point);
@@ -400,8 +333,8 @@ BOOL CPreviewView::OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT message) {
   ScreenToClient(&point);
   LPCTSTR lpszCursor = MAKEINTRESOURCE(AFX_IDC_MAGNIFY);
   HCURSOR hCursor = ::LoadCursor(AfxFindResourceHandle(lpszCursor, RT_GROUP_CURSOR), lpszCursor);
-  if (nHitTest != HTCLIENT || PageAt(point) < 0 || hCursor == NULL)
-    return CView::OnSetCursor(pWnd, nHitTest, message);
+  if (nHitTest != HTCLIENT || PageAt(ClientToLogical(point)) < 0 || hCursor == NULL)
+    return CScrollView::OnSetCursor(pWnd, nHitTest, message);
   ::SetCursor(hCursor);
   return TRUE;
 }
@@ -417,8 +350,9 @@ void CPreviewView::OnPreviewClose() {
   m_pPreviewInfo->m_nCurPage = m_nCurrentPage;
   // Where the view's top left is on the page, in the printer's pixels.
   CSize sizePage = GetPageSize();
-  CPoint point(MulDiv(m_ptScroll.x, m_sizePaper.cx, sizePage.cx),
-               MulDiv(m_ptScroll.y, m_sizePaper.cy, sizePage.cy));
+  CPoint ptScroll = GetDeviceScrollPosition();
+  CPoint point(MulDiv(ptScroll.x, m_sizePaper.cx, sizePage.cx),
+               MulDiv(ptScroll.y, m_sizePaper.cy, sizePage.cy));
   m_pOrigView->OnEndPrintPreview(m_pPreviewDC, m_pPreviewInfo, point, this); // this goes
 }
 
