@@ -1725,12 +1725,13 @@ public:
   // pPreviewViewClass (a CPreviewView) under the dialog bar of template
   // nIDResource, in place of its own view and bars. FALSE when the preview
   // could not start (no printer, OnPreparePrinting cancelled): the frame is
-  // as before and pState (new'ed) is still the caller's; on success the
-  // preview view owns it and deletes it when it goes.
+  // as before and pState (made with new) is still the caller's; on success
+  // the preview view owns it and deletes it when it goes.
   BOOL DoPrintPreview(UINT nIDResource, CView* pPrintView, CRuntimeClass* pPreviewViewClass,
                       CPrintPreviewState* pState);
-  // The preview ends: OnEndPrinting, then the frame as it was before with
-  // this view active again. point: where on the page the preview last was.
+  // The preview ends: OnEndPrinting, then the frame as it was before, its
+  // active view too. point: where on the page (in the printer's pixels) the
+  // preview's top left last was.
   virtual void OnEndPrintPreview(CDC* pDC, CPrintInfo* pInfo, POINT point, CPreviewView* pView);
 
   virtual BOOL PreCreateWindow(CREATESTRUCT& cs);

@@ -4,7 +4,6 @@
 #include <afxwin.h>
 #include <afxext.h>
 #include <afxpriv.h>
-#include "../core/afximpl.h"
 
 // Closing the frame while the preview shows ends the preview; the frame
 // stays open.
