@@ -59,20 +59,18 @@
 #define AFX_IDS_PREVIEW_CLOSE 0xF005
 #define AFX_IDS_OPENFILE 0xF007
 #define AFX_IDS_ALLFILTER 0xF00A
-// The printing strings keep MFC's numbers: code written for MFC loads the
-// print-to-file dialog's texts by number (0xF045 to 0xF048).
+// The printing and print preview strings keep MFC's numbers: code written
+// for MFC loads the print-to-file dialog's texts by number (0xF045 to 0xF048).
 #define AFX_IDS_PRINTONPORT 0xF040
+#define AFX_IDS_ONEPAGE 0xF041
+#define AFX_IDS_TWOPAGE 0xF042
 #define AFX_IDS_PRINTPAGENUM 0xF043
+#define AFX_IDS_PREVIEWPAGEDESC 0xF044
 #define AFX_IDS_PRINTDEFAULTEXT 0xF045
 #define AFX_IDS_PRINTDEFAULT 0xF046
 #define AFX_IDS_PRINTFILTER 0xF047
 #define AFX_IDS_PRINTCAPTION 0xF048
 #define AFX_IDS_PRINTTOFILE 0xF049
-// Print preview's texts: the page-count button's two captions and the page
-// description for the status bar ("Page %u\nPages %u-%u\n").
-#define AFX_IDS_ONEPAGE 0xF041
-#define AFX_IDS_TWOPAGE 0xF042
-#define AFX_IDS_PREVIEWPAGEDESC 0xF04A
 
 // Print preview's resources (afxprint.rc): its toolbar, a dialog template
 // whose buttons carry the AFX_ID_PREVIEW_ commands, and the keys that work

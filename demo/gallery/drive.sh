@@ -181,7 +181,7 @@ shot nested-progress
 wait_event "progress: finished" || fail "the nested progress did not finish"
 
 # 5. The printing page from the Pages menu, then File > Print to the test
-# printer: the print dialog is answered with Enter.
+# printer: the print dialog is answered with Enter; then print preview.
 key alt+p p
 wait_window "Printing" || fail "the printing page did not open"
 shot printing-page
@@ -192,6 +192,16 @@ if wait_window "^Print$"; then
   wait_gone "^Print$" || fail "the print dialog did not close"
 else
   fail "the print dialog did not appear"
+fi
+
+# The same document in print preview from the File menu, closed with Escape.
+key alt+f v
+if wait_event "printing: [0-9]+ pages previewed"; then
+  shot print-preview
+  key Escape
+  wait_event "printing: preview closed" || fail "print preview did not close"
+else
+  fail "print preview did not open"
 fi
 
 # The library's dialogs from the Tools menu.

@@ -41,6 +41,7 @@ IMPLEMENT_DYNCREATE(CPrintingView, CView)
 
 BEGIN_MESSAGE_MAP(CPrintingView, CView)
 ON_COMMAND(ID_FILE_PRINT, &CView::OnFilePrint)
+ON_COMMAND(ID_FILE_PRINT_PREVIEW, &CView::OnFilePrintPreview)
 END_MESSAGE_MAP()
 
 CString CPrintingView::LineText(int nLine) {
@@ -53,7 +54,9 @@ void CPrintingView::OnDraw(CDC* pDC) {
   TEXTMETRIC tm;
   pDC->SelectStockObject(DEFAULT_GUI_FONT);
   pDC->GetTextMetrics(&tm);
-  pDC->TextOut(16, 8, CString("Print this document with File > Print (Ctrl+P)."));
+  pDC->TextOut(16, 8,
+               CString("Print this document with File > Print (Ctrl+P), or see it first with File "
+                       "> Print Preview."));
   for (int i = 0; i < 20; i++)
     pDC->TextOut(16, 16 + (i + 1) * (tm.tmHeight + 2), LineText(i));
 }
@@ -73,6 +76,8 @@ void CPrintingView::OnBeginPrinting(CDC* pDC, CPrintInfo* pInfo) {
   m_nLinesPerPage = cyPage / (tm.tmHeight + tm.tmExternalLeading) - 4;
   if (m_nLinesPerPage < 1) m_nLinesPerPage = 1;
   pInfo->SetMaxPage((nLines + m_nLinesPerPage - 1) / m_nLinesPerPage);
+  GalleryLog("printing: %u pages %s", pInfo->GetMaxPage(),
+             pInfo->m_bPreview ? "previewed" : "printed");
 }
 
 void CPrintingView::OnPrint(CDC* pDC, CPrintInfo* pInfo) {
@@ -89,4 +94,7 @@ void CPrintingView::OnPrint(CDC* pDC, CPrintInfo* pInfo) {
   pDC->SelectObject(pOldFont);
 }
 
-void CPrintingView::OnEndPrinting(CDC*, CPrintInfo*) { m_fontPrint.DeleteObject(); }
+void CPrintingView::OnEndPrinting(CDC*, CPrintInfo* pInfo) {
+  m_fontPrint.DeleteObject();
+  if (pInfo->m_bPreview) GalleryLog("printing: preview closed");
+}
