@@ -1,6 +1,6 @@
 // COleDataSource and COleDataObject joined directly (no clipboard): the
-// formats offered and their order, copies handed out, delayed rendering and
-// streams. (GDI media and the source's life: the OLE clipboard test.)
+// formats offered and their order (a delayed format among them), copies
+// handed out and streams. (GDI media and the source's life: the OLE clipboard test.)
 #include <afxole.h>
 
 #include <gtest/gtest.h>
@@ -18,30 +18,6 @@ struct OleEnv : ::testing::Environment {
 ::testing::Environment* const g_oleEnv = ::testing::AddGlobalTestEnvironment(new OleEnv);
 
 CLIPFORMAT TestFormat() { return (CLIPFORMAT)RegisterClipboardFormatA("VRK afx ole data test"); }
-
-// A source that renders two formats on request.
-class CTestSource : public COleDataSource {
-public:
-  BOOL OnRenderGlobalData(LPFORMATETC lpFormatEtc, HGLOBAL* phGlobal) override {
-    m_nRenders++;
-    if (lpFormatEtc->cfFormat != CF_TEXT) return FALSE;
-    if (*phGlobal != NULL) { // fill in place
-      if (GlobalSize(*phGlobal) < 9) return FALSE;
-      memcpy(GlobalLock(*phGlobal), "rendered", 9);
-      GlobalUnlock(*phGlobal);
-      return TRUE;
-    }
-    *phGlobal = MakeBlock(std::string("rendered", 9));
-    return TRUE;
-  }
-  BOOL OnRenderFileData(LPFORMATETC lpFormatEtc, CFile* pFile) override {
-    if (lpFormatEtc->cfFormat != TestFormat()) return FALSE;
-    pFile->Write("file bytes", 10);
-    return TRUE;
-  }
-
-  int m_nRenders = 0;
-};
 
 } // namespace
 
@@ -125,43 +101,4 @@ TEST(OleDataCache, AStreamsClaimedSizeIsNotTrusted) {
     GlobalFree(h);
   }
   EXPECT_EQ(0u, stream.m_nRef); // the source released what it was given
-}
-
-TEST(OleDataDelayed, RenderedOnEveryRequestAsABlockOrAStream) {
-  CTestSource source;
-  source.DelayRenderData(CF_TEXT);
-  COleDataObject data;
-  data.Attach((LPDATAOBJECT)source.GetInterface(&IID_IDataObject), FALSE);
-  EXPECT_TRUE(data.IsDataAvailable(CF_TEXT));
-  EXPECT_EQ(0, source.m_nRenders); // asking is not rendering
-  HGLOBAL h = data.GetGlobalData(CF_TEXT);
-  EXPECT_EQ(std::string("rendered", 9), BlockBytes(h));
-  GlobalFree(h);
-  h = data.GetGlobalData(CF_TEXT);
-  GlobalFree(h);
-  EXPECT_EQ(2, source.m_nRenders);
-
-  IDataObject* pData = data.GetIDataObject(FALSE);
-  FORMATETC fmt = {CF_TEXT, NULL, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
-  STGMEDIUM medium = {};
-  medium.tymed = TYMED_HGLOBAL;
-  medium.hGlobal = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, 12);
-  EXPECT_EQ(S_OK, pData->GetDataHere(&fmt, &medium));
-  EXPECT_EQ(std::string("rendered\0\0\0\0", 12), BlockBytes(medium.hGlobal));
-  GlobalFree(medium.hGlobal);
-
-  // Rendered into a file: given as a block or as a stream of its length.
-  source.DelayRenderFileData(TestFormat());
-  h = data.GetGlobalData(TestFormat());
-  ASSERT_NE((HGLOBAL)NULL, h);
-  EXPECT_EQ(std::string("file bytes"), BlockBytes(h).substr(0, 10));
-  GlobalFree(h);
-
-  fmt = {TestFormat(), NULL, DVASPECT_CONTENT, -1, TYMED_ISTREAM};
-  ASSERT_TRUE(data.GetData(TestFormat(), &medium, &fmt));
-  ASSERT_EQ((DWORD)TYMED_ISTREAM, medium.tymed);
-  STATSTG stat;
-  medium.pstm->Stat(&stat, STATFLAG_NONAME);
-  EXPECT_EQ(10u, stat.cbSize.QuadPart); // exactly what was written
-  ReleaseStgMedium(&medium);
 }
