@@ -1,6 +1,6 @@
 // CScrollView in a real frame: the bars its sizes give, clamped positions,
 // scrolling by clicks on the bar and the wheel (OnDraw's page moving on the
-// screen), a metric map mode and scale to fit.
+// screen).
 #include <afxwin.h>
 #include <gtest/gtest.h>
 
@@ -41,7 +41,6 @@ protected:
     m_pView->GetClientRect(&rect);
     return rect.Size();
   }
-  bool HasBar(DWORD dwStyle) const { return (m_pView->GetStyle() & dwStyle) != 0; }
   // The band's first row in column x as the screen shows it once painted
   // (-1: none); bRepaint: with the whole view painted again.
   int BandRow(int x, bool bRepaint = false) {
@@ -143,47 +142,6 @@ TEST_F(ScrollViewTest, BarClicksAndWheelScrollThePage) {
     EXPECT_EQ(300 - s.nPos, BandRow(50));
     EXPECT_EQ(300 - s.nPos, BandRow(50, true));
   }
-}
-
-// MM_LOENGLISH: hundredths of an inch, y up. A band 2 inches down the page
-// comes to the top of the window once scrolled there.
-TEST_F(ScrollViewTest, MetricModeMapsLogicalPointsAndDraws) {
-  m_pView->m_rectBand = CRect(0, -200, 1000, -220);
-  m_pView->SetScrollSizes(MM_LOENGLISH, CSize(1000, 1500));
-  // What the screen's own mapping makes of the page's end and the band.
-  CWindowDC dc(NULL);
-  dc.SetMapMode(MM_LOENGLISH);
-  CPoint ptEnd(1000, -1500), ptBand(0, -200);
-  dc.LPtoDP(&ptEnd);
-  dc.LPtoDP(&ptBand);
-  int nMapMode;
-  CSize total, page, line;
-  m_pView->GetDeviceScrollSizes(nMapMode, total, page, line);
-  EXPECT_EQ(CSize(ptEnd.x, ptEnd.y), total);
-  // The default page is a tenth of the total, the line a tenth of the page.
-  EXPECT_EQ(CSize(total.cx / 10, total.cy / 10), page);
-  EXPECT_EQ(CSize(page.cx / 10, page.cy / 10), line);
-  EXPECT_NEAR(ptBand.y, BandRow(5), 1);
-
-  m_pView->ScrollToPosition(CPoint(0, -200));
-  EXPECT_EQ(CPoint(0, ptBand.y), m_pView->GetDeviceScrollPosition());
-  EXPECT_EQ(CPoint(0, -200), m_pView->GetScrollPosition());
-  EXPECT_NEAR(0, BandRow(5), 1);
-  EXPECT_NEAR(0, BandRow(5, true), 1);
-}
-
-// Scaled to fit: no bars, the logical page stretched over the window (its
-// bottom right quarter black fills the window's bottom right quarter).
-TEST_F(ScrollViewTest, ScaleToFitShowsNoBarsAndStretches) {
-  m_pView->SetScrollSizes(MM_TEXT, CSize(1000, 2000));
-  m_pView->ScrollToPosition(CPoint(100, 100));
-  m_pView->m_rectBand = CRect(50, 25, 100, 50);
-  m_pView->SetScaleToFitSize(CSize(100, 50));
-  EXPECT_FALSE(HasBar(WS_HSCROLL | WS_VSCROLL));
-  EXPECT_EQ(CPoint(0, 0), m_pView->GetDeviceScrollPosition());
-  const CSize c = Client();
-  EXPECT_NEAR(c.cy / 2, BandRow(c.cx * 3 / 4), 1);
-  EXPECT_EQ(-1, BandRow(c.cx / 4));
 }
 
 } // namespace
