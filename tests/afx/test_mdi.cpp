@@ -101,25 +101,6 @@ TEST_F(MdiTest, ClosingChildrenLeavesTheFramesOwnMenu) {
   EXPECT_TRUE(::IsMenu(m_pTemplate->m_hMenuShared));
 }
 
-TEST_F(MdiTest, WindowNewShowsTheDocumentInANumberedSecondFrame) {
-  CSheetDoc* pDoc = NewSheet();
-  ASSERT_NE(nullptr, pDoc);
-  m_pMainFrame->SendMessage(WM_COMMAND, ID_WINDOW_NEW);
-  int nViews = 0;
-  for (POSITION pos = pDoc->GetFirstViewPosition(); pos != NULL; pDoc->GetNextView(pos))
-    nViews++;
-  EXPECT_EQ(2, nViews);
-  CMDIChildWnd* pActive = m_pMainFrame->MDIGetActive();
-  ASSERT_NE(nullptr, pActive);
-  EXPECT_STREQ("Sheet1:2", WindowText(pActive));
-  // Closing one of the two frames asks nothing and keeps the document.
-  pDoc->SetModifiedFlag();
-  int nDeleted = g_nSheetsDeleted;
-  pActive->SendMessage(WM_CLOSE);
-  EXPECT_EQ(nDeleted, g_nSheetsDeleted);
-  EXPECT_STREQ("Sheet1", WindowText(FrameOf(pDoc)));
-}
-
 // A view that asks for no printer previews on the application's; a document
 // of unknown length, one page.
 TEST_F(MdiTest, PrintPreviewTakesTheClientAndGivesItBack) {
