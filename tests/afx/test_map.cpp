@@ -81,18 +81,6 @@ TEST(Map, IterationFollowsBucketsThenNewestFirst) {
   w[3] = NULL;
   w[16] = NULL; // bucket 1
   EXPECT_EQ("3,2,1,16", (Order<CMapWordToPtr, WORD, void*>(w)));
-
-  CMapStringToString s;
-  s["b"] = "2";  // bucket 98 % 17 = 13
-  s["a"] = "1";  // 12
-  s["ab"] = "3"; // 1
-  std::string keys;
-  CString key, value;
-  for (POSITION pos = s.GetStartPosition(); pos != NULL;) {
-    s.GetNextAssoc(pos, key, value);
-    keys += std::string(key) + "=" + std::string(value) + ";";
-  }
-  EXPECT_EQ("ab=3;a=1;b=2;", keys);
 }
 
 TEST(Map, BadPositionsAndKeysThrow) {
