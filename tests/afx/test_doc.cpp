@@ -1,6 +1,6 @@
 // A single-document application: saving writes the document's archive
 // bytes, opening reads them back; the save prompt's Yes, No and Cancel;
-// failures reported with the framework's prompts; UpdateAllViews.
+// failures reported with the framework's prompts; the document's views.
 #include <afxext.h>
 #include <gtest/gtest.h>
 
@@ -27,20 +27,11 @@ public:
 };
 IMPLEMENT_DYNCREATE(CNoteDoc, CDocument)
 
-// Records the updates it is told of.
+// A view with nothing to show.
 class CNoteView : public CView {
   DECLARE_DYNCREATE(CNoteView)
 public:
-  int m_nUpdates = 0;
-  CView* m_pLastSender = NULL;
-  LPARAM m_lLastHint = -1;
   virtual void OnDraw(CDC*) {}
-  virtual void OnUpdate(CView* pSender, LPARAM lHint, CObject* pHint) {
-    m_nUpdates++;
-    m_pLastSender = pSender;
-    m_lLastHint = lHint;
-    CView::OnUpdate(pSender, lHint, pHint);
-  }
 };
 IMPLEMENT_DYNCREATE(CNoteView, CView)
 
@@ -171,7 +162,7 @@ TEST_F(DocTest, FailuresAreReportedAndTheDocumentKept) {
   EXPECT_NE(std::string::npos, catcher.Last().text.find("x.nte"));
 }
 
-TEST_F(DocTest, UpdateAllViewsReachesEveryViewButTheSender) {
+TEST_F(DocTest, ViewsListedInTheOrderTheyJoinedOneDestroyedLeaves) {
   CCreateContext context;
   context.m_pCurrentDoc = m_pDoc;
   CNoteView* pViews[3] = {View(), new CNoteView, new CNoteView};
@@ -179,15 +170,6 @@ TEST_F(DocTest, UpdateAllViewsReachesEveryViewButTheSender) {
                                 AFX_IDW_PANE_FIRST + 1, &context));
   ASSERT_TRUE(pViews[2]->Create(NULL, NULL, AFX_WS_DEFAULT_VIEW, CRect(0, 0, 10, 10), m_pFrame,
                                 AFX_IDW_PANE_FIRST + 2, &context));
-  for (CNoteView* pView : pViews)
-    pView->m_nUpdates = 0;
-  m_pDoc->UpdateAllViews(pViews[1], 7);
-  EXPECT_EQ(1, pViews[0]->m_nUpdates);
-  EXPECT_EQ(0, pViews[1]->m_nUpdates);
-  EXPECT_EQ(1, pViews[2]->m_nUpdates);
-  EXPECT_EQ(pViews[1], pViews[2]->m_pLastSender);
-  EXPECT_EQ(7, pViews[2]->m_lLastHint);
-
   // The views in the order they joined; one that goes leaves the list.
   pViews[2]->DestroyWindow();
   POSITION pos = m_pDoc->GetFirstViewPosition();
