@@ -1,7 +1,7 @@
 // CWnd: creation, the handle maps (permanent and temporary), subclassing,
-// message-map dispatch through base classes, the current-message record,
-// Default, and idle updates. (The wizard application's test runs the
-// thread's message loop to its end.)
+// message-map dispatch through base classes, the current-message record and
+// Default. (The wizard application's test runs the thread's message loop to
+// its end; VRK's status bar test, its idle updates.)
 #include <afxwin.h>
 #include <gtest/gtest.h>
 
@@ -296,37 +296,6 @@ TEST(WndSubclass, SubclassRoutesThroughTheMapUnsubclassRestoresParentDestruction
   ASSERT_TRUE(spy.SubclassWindow(hEdit));
   parent.DestroyWindow();
   EXPECT_EQ(NULL, spy.m_hWnd);
-}
-
-class CIdleTarget : public CWnd {
-public:
-  int nUpdates = 0;
-  afx_msg LRESULT OnIdleUpdate(WPARAM, LPARAM) {
-    nUpdates++;
-    return 0;
-  }
-  DECLARE_MESSAGE_MAP()
-};
-BEGIN_MESSAGE_MAP(CIdleTarget, CWnd)
-ON_MESSAGE(WM_IDLEUPDATECMDUI, &CIdleTarget::OnIdleUpdate)
-END_MESSAGE_MAP()
-
-TEST(WndThreadLoop, FirstIdleCallUpdatesTheVisibleMainWindowAndItsChildren) {
-  CWinThread thread;
-  CIdleTarget main, child;
-  ASSERT_TRUE(main.CreateEx(0, NULL, "m", WS_POPUP, 0, 0, 50, 50, NULL, NULL));
-  ASSERT_TRUE(child.Create(NULL, "c", WS_VISIBLE, CRect(0, 0, 10, 10), &main, 1));
-  thread.m_pMainWnd = &main;
-  thread.OnIdle(0);
-  EXPECT_EQ(0, main.nUpdates); // hidden: nothing to update
-  main.ShowWindow(SW_SHOWNA);
-  EXPECT_FALSE(thread.OnIdle(0)); // no further idle calls asked for
-  EXPECT_EQ(1, main.nUpdates);
-  EXPECT_EQ(1, child.nUpdates);
-  thread.OnIdle(1);
-  EXPECT_EQ(1, main.nUpdates); // only the first call updates
-  thread.m_pMainWnd = NULL;
-  main.DestroyWindow();
 }
 
 } // namespace
