@@ -58,7 +58,6 @@ TEST(ExceptionMessage, EachCauseNamesTheFile) {
     const char* text;
   } cases[] = {
       {kFile, CFileException::fileNotFound, "C:\\in.txt", "C:\\in.txt was not found."},
-      {kFile, CFileException::accessDenied, "C:\\in.txt", "Access to C:\\in.txt was denied."},
       {kFile, CFileException::endOfFile, "C:\\in.txt",
        "An attempt was made to access C:\\in.txt past its end."},
       {kFile, CFileException::none, "a", "No error occurred while accessing a."},
