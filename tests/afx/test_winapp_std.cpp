@@ -1,7 +1,7 @@
 // The application's standard services: the command line read into
 // CCommandLineInfo, the recent-file list (order, duplicates, size, names
 // shown; the wizard application's test keeps it in the profile across
-// runs) and resources through the chain.
+// runs), resources through the chain and the wait cursor.
 #include <afxwin.h>
 #include <afxadv.h>
 #include <gtest/gtest.h>
@@ -64,7 +64,16 @@ TEST(RecentFiles, NewestFirstOnceEachNamesCut) {
 
 // Resources by id come through the resource chain; the wait cursor nests
 // and puts back the cursor seen before.
-TEST(AppResources, IconsAndCursorsThroughTheChain) {
+TEST(AppResources, IconsThroughTheChainAndTheWaitCursor) {
   EXPECT_NE(nullptr, theApp.LoadIcon(AFX_IDI_STD_MDIFRAME)); // afx.dll's
   EXPECT_EQ(nullptr, theApp.LoadCursor(0x7FFF));
+  HCURSOR hcurArrow = ::LoadCursor(NULL, IDC_ARROW);
+  ::SetCursor(hcurArrow);
+  CCmdTarget target;
+  target.BeginWaitCursor();
+  target.BeginWaitCursor();
+  target.EndWaitCursor();
+  EXPECT_EQ(::LoadCursor(NULL, IDC_WAIT), ::GetCursor()); // one level still open
+  target.EndWaitCursor();
+  EXPECT_EQ(hcurArrow, ::GetCursor());
 }
