@@ -81,16 +81,3 @@ TEST(AfxMessageBox, GoesThroughTheAppsDoMessageBox) {
   EXPECT_EQ(app.m_nHelp, (UINT)AFX_IDP_COMMAND_FAILURE);
   EXPECT_EQ(catcher.Count(), 0u); // no real box was shown
 }
-
-TEST(AfxMessageBox, OwnerIsTheActiveWindowWhichStaysUsable) {
-  HWND hWnd = CreateWindowExA(0, "STATIC", "owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100,
-                              100, NULL, NULL, NULL, NULL);
-  ASSERT_NE(hWnd, (HWND)NULL);
-  SetActiveWindow(hWnd);
-  MsgBoxCatcher catcher;
-  AfxMessageBox("Owned");
-  ASSERT_EQ(catcher.Count(), 1u);
-  EXPECT_EQ(catcher.Last().owner, hWnd);
-  EXPECT_TRUE(IsWindowEnabled(hWnd)); // enabled again once the box closed
-  DestroyWindow(hWnd);
-}
