@@ -1,31 +1,10 @@
-// The message-box catcher: real boxes are caught with their caption, text,
-// buttons and icon, and return the chosen answer. AfxMessageBox goes through
-// the same boxes.
+// AfxMessageBox, watched through the message-box catcher: the caption, the
+// icon and the prompt of each real box, and the application's DoMessageBox.
 #include <afxwin.h>
 #include <afxres.h>
 #include <gtest/gtest.h>
 
 #include "msgbox_catcher.h"
-
-#include <vector>
-
-TEST(MsgBoxCatcher, RecordsEachBoxAnswersInQueueOrderAndNests) {
-  MsgBoxCatcher catcher(IDCANCEL);
-  catcher.Answer(IDNO);
-  EXPECT_EQ(MessageBoxA(NULL, "Save the changes?", "Vrk Caption", MB_YESNOCANCEL), IDNO);
-  EXPECT_EQ(MessageBoxA(NULL, "two", "c", MB_RETRYCANCEL), IDCANCEL);
-  {
-    MsgBoxCatcher inner(IDYES);
-    EXPECT_EQ(MessageBoxA(NULL, "inner", "c", MB_YESNO), IDYES);
-    EXPECT_EQ(inner.Count(), 1u);
-  }
-  ASSERT_EQ(catcher.Count(), 2u);
-  const CaughtBox& box = catcher.Boxes()[0];
-  EXPECT_TRUE(box.caption == "Vrk Caption" && box.text == "Save the changes?" &&
-              box.answer == IDNO && box.icon == NULL && box.owner == NULL);
-  EXPECT_EQ(box.buttons, (std::vector<int>{IDCANCEL, IDYES, IDNO}));
-  EXPECT_EQ(catcher.Last().buttons, (std::vector<int>{IDCANCEL, IDRETRY}));
-}
 
 // The caption is the program's file without an application, its name with
 // one; an icon asked for is kept, else one follows the buttons. The id form
