@@ -34,8 +34,7 @@ TEST(Startup, TheLanguageChosenForEachRegistryState) {
     int useSystem; // -1: absent
     const char *language, *options;
     std::string expected;
-  } cases[] = {{-1, NULL, "anchor", E + "|" + none + "||" + none + "|1,"},
-               {-1, "DEU", "anchor", E + "|" + none + "||" + none + "|1,"},
+  } cases[] = {{-1, "DEU", "anchor", E + "|" + none + "||" + none + "|1,"},
                {1, "DEU", "anchor", E + "|" + none + "||" + none + "|1,"},
                {0, NULL, "anchor", E + "|" + none + "||" + none + "|1,"},
                {0, "DEU", "anchor init", G + "|" + G + "|lang|1|1,2,"},
