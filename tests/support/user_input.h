@@ -157,13 +157,6 @@ public:
   static std::string Text(HWND hWnd) { return user_input::Text(hWnd); }
   static std::string Text(HWND hDlg, int nID) { return user_input::Text(hDlg, nID); }
 
-  // Input for actions, as in user_input.
-  static void Focus(HWND hDlg, int nID) { user_input::FocusItem(hDlg, nID); }
-  static void Key(WORD vk, bool bShift = false) {
-    user_input::Press(vk, bShift ? std::vector<WORD>{VK_SHIFT} : std::vector<WORD>{});
-  }
-  static void Type(const std::string& text) { user_input::Type(text); }
-
   static Action WhenShown(Action action) {
     return [action](HWND hDlg) {
       ::SetPropA(hDlg, "VrkWhenShown", new Action(action));

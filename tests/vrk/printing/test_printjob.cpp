@@ -11,10 +11,11 @@ namespace {
 class PrintJob : public PrintJobTest {};
 
 typedef DialogDriver D;
+using user_input::Press;
 // Space on a box or a radio button, or the text typed over what an edit held.
 void Use(HWND hDlg, int nID, const char* pszTyped = nullptr) {
-  D::Focus(hDlg, nID); // as Tab does: an edit's text selected
-  pszTyped == nullptr ? D::Key(VK_SPACE) : D::Type(pszTyped);
+  user_input::FocusItem(hDlg, nID); // as Tab does: an edit's text selected
+  pszTyped == nullptr ? Press(VK_SPACE) : user_input::Type(pszTyped);
 }
 
 const std::vector<std::string> kSteps = {
@@ -27,18 +28,18 @@ TEST_F(PrintJob, DialogPaths) {
   const std::vector<std::string> kNone;
   const std::string file = dir.File("report.prn");
   std::string range, offered;
-  auto ok = D::WhenShown([](HWND) { D::Key(VK_RETURN); });
-  auto cancel = D::WhenShown([](HWND) { D::Key(VK_ESCAPE); });
+  auto ok = D::WhenShown([](HWND) { Press(VK_RETURN); });
+  auto cancel = D::WhenShown([](HWND) { Press(VK_ESCAPE); });
   auto readRange = D::WhenShown(
-      [&](HWND h) { range = D::Text(h, edt1) + "-" + D::Text(h, edt2), D::Key(VK_ESCAPE); });
+      [&](HWND h) { range = D::Text(h, edt1) + "-" + D::Text(h, edt2), Press(VK_ESCAPE); });
   auto page2 = D::WhenShown(
-      [](HWND h) { Use(h, rad3), Use(h, edt1, "2"), Use(h, edt2, "2"), D::Key(VK_RETURN); });
-  auto toFile = D::WhenShown([](HWND h) { Use(h, chx1), D::Key(VK_RETURN); });
+      [](HWND h) { Use(h, rad3), Use(h, edt1, "2"), Use(h, edt2, "2"), Press(VK_RETURN); });
+  auto toFile = D::WhenShown([](HWND h) { Use(h, chx1), Press(VK_RETURN); });
   auto chooseFile = D::WhenShown([&](HWND h) {
     int nID = ::GetDlgItem(h, cmb13) != NULL ? cmb13 : edt1;
     offered = D::Text(h, nID) + " " + D::Text(h, cmb1);
     Use(h, nID, dir.File("report").c_str()); // the default extension is added
-    D::Key(VK_RETURN);
+    Press(VK_RETURN);
   });
   const std::vector<std::string> k12 = {"Page 1", "Page 2"};
   // clang-format off
