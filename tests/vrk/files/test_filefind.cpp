@@ -1,33 +1,16 @@
-// VFileFind's ask-before-use loop, and VShellIDListFileFind over a real
-// shell ID-list array built for files in a temporary folder.
+// VShellIDListFileFind over a real shell ID-list array built for files in a
+// temporary folder. VFileFind's own loop is walked by the attribute changes
+// of test_pathfile.
 #include <vrk_filefind.h>
 #include <shlobj.h>
 #include <gtest/gtest.h>
 
 #include "temp_dir.h"
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
 namespace {
-
-// FindNextFile is true for the last file too, then false.
-TEST(FileFind, AskBeforeUseLoopSeesEveryFileOnce) {
-  TempDir dir;
-  for (const char* name : {"a.dat", "b.dat", "c.dat"})
-    ASSERT_TRUE(TempDir::WriteBytes(dir.File(name), name));
-  VFileFind find;
-  std::vector<std::string> names;
-  ASSERT_TRUE(find.FindFile(dir.File("*.dat").c_str()));
-  while (find.FindNextFile())
-    names.push_back((const char*)find.GetFileName());
-  std::sort(names.begin(), names.end());
-  EXPECT_EQ(std::vector<std::string>({"a.dat", "b.dat", "c.dat"}), names);
-  EXPECT_FALSE(find.FindNextFile());
-  EXPECT_FALSE(find.FindFile(dir.File("*.none").c_str()));
-  EXPECT_FALSE(find.FindNextFile());
-}
 
 // The CIDA form: count, offsets, parent list, then the items' lists.
 std::vector<BYTE> BuildIDA(LPCITEMIDLIST pidlParent, const std::vector<LPCITEMIDLIST>& items) {
