@@ -1,17 +1,9 @@
-// Ordering of version words; version resources read from fixture binaries.
+// Version resources read from fixture binaries.
 #include <vrk_version.h>
 #include <child_process.h>
 #include <gtest/gtest.h>
 
 #include <string>
-
-TEST(VersionWord, OrdersByHighThenLowSigned) {
-  const tagVersionWord v1_5 = {1, 5}, v2_0 = {2, 0}, v1_9 = {1, 9};
-  const tagVersionWord minus = {-1, 0}, zero = {0, 0}, low_neg = {0, -3};
-  EXPECT_TRUE(v1_5 < v2_0 && v2_0 > v1_9 && v1_5 < v1_9 && !(v1_9 < v1_5));
-  EXPECT_TRUE(v1_5 == v1_5 && !(v1_5 == v1_9) && !(v1_5 < v1_5) && !(v1_5 > v1_5));
-  EXPECT_TRUE(minus < zero && low_neg < zero && zero > minus);
-}
 
 static std::string BinFile(const char* name) { return ExeDir() + "\\" + name; }
 
