@@ -20,16 +20,11 @@ protected:
   ScratchRegistry m_scratch;
 };
 
-TEST(RegMakeKey, JoinsRootAndSectionOrUsesTheApplicationKey) {
+TEST(RegMakeKey, JoinsRootAndSection) {
   EXPECT_STREQ("", VrkRegMakeKey(NULL, "Software\\Tamrix\\PEL", 0));
   EXPECT_STREQ("Software\\Tamrix\\PEL\\Settings",
                VrkRegMakeKey("Settings", "Software\\Tamrix\\PEL", 0));
-  EXPECT_STREQ("Environment\\", VrkRegMakeKey("", "Environment", 0));
   EXPECT_STREQ("", VrkRegMakeKey("Settings", NULL, 0)); // no application object
-  CWinApp app("VrkSettingsApp");
-  EXPECT_STREQ("", VrkRegMakeKey("Settings", NULL, 0)); // no registry key yet
-  app.SetRegistryKey("Tamrix");
-  EXPECT_STREQ("Software\\Tamrix\\VrkSettingsApp\\Settings", VrkRegMakeKey("Settings", NULL, 7));
 }
 
 // Typed values, the string's terminator stored; absent values give the
@@ -77,7 +72,9 @@ TEST_F(RegArchiveTest, TypedValuesDefaultsAndReadOnlyKeys) {
 }
 
 TEST_F(RegArchiveTest, OpenFormsAndTheirFailures) {
-  VRegArchive ar; // the key paths themselves are RegMakeKey's, tested above
+  // The application's key, none without a registry key, and the path
+  // "Environment\" of an empty section: RegMakeKey's paths, opened.
+  VRegArchive ar;
   CWinApp app("VrkSettingsApp");
   EXPECT_EQ(0, ar.Open((const char*)NULL, kRoot, 0));
   ASSERT_EQ(1, ar.Open(kSection, kRoot, 0));
