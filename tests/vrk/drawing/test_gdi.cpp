@@ -100,6 +100,32 @@ TEST(DrawEmbossed, TextAndImagesInBothModes) {
   EXPECT_EQ(60 * 30, embossed.Count(kBack));
 }
 
+TEST(DrawStacked, OneCharacterPerLineFromTheAlignedTop) {
+  CFont font;
+  MakeFont(font, 12);
+  // Where "A" starts ("B" follows 12 lower); the last is centred with a
+  // carriage return, which starts the next character at the top again.
+  struct Case {
+    const char* pszText;
+    UINT nFormat;
+    int nTop;
+  } cases[] = {{"AB", DT_VCENTER, 38}, {"AB", DT_BOTTOM, 76}, {"AB", 0, 0}, {"W\rI", DT_CENTER, 0}};
+  for (const Case& c : cases) {
+    Canvas stacked(40, 100), expected(40, 100);
+    for (Canvas* p : {&stacked, &expected})
+      p->DC().SelectObject(&font);
+    CRect r(0, 0, 40, 100);
+    int n = lstrlenA(c.pszText);
+    EXPECT_EQ(12 * n, VrkDrawStacked(&stacked.DC(), CString(c.pszText), &r, c.nFormat));
+    bool bCR = c.pszText[1] == '\r';
+    CRect a(0, c.nTop, 40, 100), b(0, bCR ? 0 : c.nTop + 12, 40, 100);
+    UINT nCell = DT_SINGLELINE | (c.nFormat & DT_CENTER);
+    expected.DC().DrawText(c.pszText, 1, &a, nCell);
+    expected.DC().DrawText(c.pszText + n - 1, 1, &b, nCell);
+    EXPECT_TRUE(stacked.SameAs(expected)) << c.pszText << " " << c.nFormat;
+  }
+}
+
 TEST(DrawBitmap, CopiesCentresShiftedByHalfTheDifferenceOrStretches) {
   std::vector<DWORD> bits(60 * 10, 0x0000FF); // 60x10 blue, the first column red
   for (int y = 0; y < 10; y++)
