@@ -1,6 +1,6 @@
 // The rich edit document and view in an MDI application (the keyboard map's
 // own suite drives the read-only document): the text archived as plain text
-// and as RTF, bad RTF and failing files, a view printed page by page.
+// and as RTF, bad RTF and failing files.
 #include <afxext.h>
 #include <afxrich.h>
 #include <gtest/gtest.h>
@@ -10,8 +10,6 @@
 #include "archive_bytes.h"
 #include "exception_probe.h"
 #include "mdi_testing.h"
-#include "print_testing.h"
-#include "temp_dir.h"
 
 namespace {
 
@@ -37,18 +35,11 @@ IMPLEMENT_DYNCREATE(CKeysDoc, CRichEditDoc)
 
 CKeysItem::CKeysItem(REOBJECT* preo, CKeysDoc* pDoc) : CRichEditCntrItem(preo, pDoc) {}
 
-// A plain writable view that prints what it holds.
+// A plain writable view.
 class CKeysView : public CRichEditView {
   DECLARE_DYNCREATE(CKeysView)
-public:
-  virtual BOOL OnPreparePrinting(CPrintInfo* pInfo) { return DoPreparePrinting(pInfo); }
-
-  DECLARE_MESSAGE_MAP()
 };
 IMPLEMENT_DYNCREATE(CKeysView, CRichEditView)
-BEGIN_MESSAGE_MAP(CKeysView, CRichEditView)
-ON_COMMAND(ID_FILE_PRINT_DIRECT, &CView::OnFilePrint)
-END_MESSAGE_MAP()
 
 class CRichApp : public CWinApp {
 public:
@@ -155,63 +146,6 @@ TEST_F(RichEditTest, BadRtfLoadsAndAFailingFilesExceptionComesOutOfSerialize) {
   }
   // Nothing of the text was lost on the way.
   EXPECT_EQ(20000, pView->GetTextLength());
-}
-
-// The text printed page after page within the margins, as many pages as it
-// takes and no blank one after.
-TEST_F(RichEditTest, PrintsPageByPageOnThePrinter) {
-  std::string spool = SpoolFile();
-  ASSERT_FALSE(spool.empty()) << "the test prefix has no printer output file";
-  CKeysDoc* pDoc = Open();
-  ASSERT_NE(nullptr, pDoc);
-  pDoc->SetTitle("Key Listing");
-  CKeysView* pView = ViewOf(pDoc);
-  CRichEditCtrl& ctrl = pView->GetRichEditCtrl();
-  CHARFORMAT cf;
-  memset(&cf, 0, sizeof(cf));
-  cf.dwMask = CFM_SIZE | CFM_FACE;
-  cf.yHeight = 240; // 12 points: 45 to 60 lines on a page
-  strcpy(cf.szFaceName, "Courier New");
-  ctrl.SetDefaultCharFormat(cf);
-  pView->SetMargins(CRect(720, 720, 720, 720));
-  EXPECT_EQ(CRect(720, 720, 11520, 15120), pView->GetPrintRect()); // letter, its margins
-
-  // Pages are laid out by the control (EM_FORMATRANGE), which some Wine
-  // versions leave unimplemented: it then measures nothing and answers 0.
-  ctrl.SetWindowText("probe");
-  CClientDC dcScreen(pView);
-  FORMATRANGE fr = {dcScreen.GetSafeHdc(),
-                    dcScreen.GetSafeHdc(),
-                    {0, 0, 14400, 14400},
-                    {0, 0, 14400, 14400},
-                    {0, -1}};
-  long nFits = ctrl.FormatRange(&fr, FALSE);
-  ctrl.FormatRange(NULL, FALSE);
-  if (nFits == 0) GTEST_SKIP() << "the system's rich edit control cannot format a page";
-
-  const struct {
-    int nLines;
-    size_t nPages;
-  } cases[] = {{10, 1}, {90, 2}};
-  for (const auto& c : cases) {
-    CString strText;
-    for (int i = 1; i <= c.nLines; i++) {
-      CString strLine;
-      strLine.Format("Line %d\r\n", i);
-      strText += strLine;
-    }
-    ctrl.SetWindowText(strText);
-    ::DeleteFileA(spool.c_str());
-    pView->SendMessage(WM_COMMAND, ID_FILE_PRINT_DIRECT);
-    PostScript ps(TempDir::ReadBytes(spool));
-    EXPECT_TRUE(ps.Has("%%Title: Key Listing")) << c.nLines;
-    EXPECT_TRUE(ps.Has("\n%%Pages: " + std::to_string(c.nPages))) << c.nLines;
-    EXPECT_EQ(c.nPages, ps.pages.size()) << c.nLines;
-    for (const std::string& page : ps.pages) // every page has text on it
-      EXPECT_NE(std::string::npos, page.find("glyphshow")) << c.nLines;
-    // Printing leaves the text as it was (a line break counts one).
-    EXPECT_EQ(strText.GetLength() - c.nLines, pView->GetTextLength());
-  }
 }
 
 } // namespace
