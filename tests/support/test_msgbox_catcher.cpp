@@ -1,5 +1,5 @@
 // AfxMessageBox, watched through the message-box catcher: the caption, the
-// icon and the prompt of each real box, and the application's DoMessageBox.
+// icon and the prompt of each real box.
 #include <afxwin.h>
 #include <afxres.h>
 #include <gtest/gtest.h>
@@ -31,32 +31,4 @@ TEST(AfxMessageBox, CaptionIconAndThePromptLoadedById) {
     EXPECT_EQ(catcher.Last().icon, c.pszIcon ? LoadIcon(NULL, c.pszIcon) : NULL) << c.nType;
     EXPECT_EQ(catcher.Last().caption, "Vrk Catcher Test");
   }
-}
-
-// The application's DoMessageBox override sees every AfxMessageBox, with the
-// prompt id as help context for the id form.
-class CRecordingApp : public CWinApp {
-public:
-  CRecordingApp() : CWinApp("Recording") {}
-  virtual int DoMessageBox(LPCTSTR lpszPrompt, UINT nType, UINT nIDPrompt) {
-    m_prompt = lpszPrompt;
-    m_nType = nType;
-    m_nHelp = nIDPrompt;
-    return IDIGNORE;
-  }
-  std::string m_prompt;
-  UINT m_nType = 0, m_nHelp = 0;
-};
-
-TEST(AfxMessageBox, GoesThroughTheAppsDoMessageBox) {
-  CRecordingApp app;
-  MsgBoxCatcher catcher;
-  EXPECT_EQ(AfxMessageBox("Hi", MB_ABORTRETRYIGNORE, 55), IDIGNORE);
-  EXPECT_EQ(app.m_prompt, "Hi");
-  EXPECT_EQ(app.m_nType, (UINT)MB_ABORTRETRYIGNORE);
-  EXPECT_EQ(app.m_nHelp, 55u);
-  EXPECT_EQ(AfxMessageBox(AFX_IDP_COMMAND_FAILURE), IDIGNORE);
-  EXPECT_EQ(app.m_prompt, "Command failed.");
-  EXPECT_EQ(app.m_nHelp, (UINT)AFX_IDP_COMMAND_FAILURE);
-  EXPECT_EQ(catcher.Count(), 0u); // no real box was shown
 }
