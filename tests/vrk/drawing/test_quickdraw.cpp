@@ -46,26 +46,6 @@ TEST(QuickDraw, CachesByKeySelectsOnlyWhatIsNotCurrentAndPutsTheDCBack) {
               Current(canvas, OBJ_FONT) == hOldFont);
 }
 
-TEST(QuickDraw, SelectObjectReturnsTheDCsPenFromBeforeTheFirstSelection) {
-  Canvas canvas(10, 10);
-  VQuickDraw qd(&canvas.DC());
-  CPen a(PS_SOLID, 1, RGB(1, 0, 0)), b(PS_SOLID, 1, RGB(2, 0, 0));
-  for (CPen* p : {&a, &b, (CPen*)NULL}) {
-    CPen* pInit = qd.SelectObject(p);
-    ASSERT_TRUE(pInit != NULL && pInit->m_hObject == ::GetStockObject(BLACK_PEN));
-    EXPECT_EQ(p != NULL ? p->m_hObject : b.m_hObject, Current(canvas, OBJ_PEN)); // NULL: no change
-  }
-  qd.SelectOld();
-  EXPECT_EQ(::GetStockObject(BLACK_PEN), Current(canvas, OBJ_PEN));
-  EXPECT_TRUE(qd.SelectObject((CBrush*)NULL) == NULL); // nothing recorded
-  qd.Destroy();
-
-  VQuickDraw unbound(&canvas.DC(), CSize(10, 10), 1); // binds nothing
-  CPen* pPen = unbound.UsePen(PS_SOLID, 1, RGB(0, 0, 255));
-  EXPECT_TRUE(unbound.GetDC() == NULL && unbound.IsSelected(pPen) && !unbound.SelectObject(pPen));
-  EXPECT_EQ(::GetStockObject(BLACK_PEN), Current(canvas, OBJ_PEN));
-}
-
 TEST(MemDC, FillsCopiesAndReleasesItsSurface) {
   Canvas target(60, 40);
   const COLORREF red = RGB(200, 0, 0), blue = RGB(0, 0, 200);
