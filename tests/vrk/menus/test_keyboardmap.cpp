@@ -138,19 +138,12 @@ TEST_F(KeyboardMapTest, EmptyAndThousandEntryTables) {
 }
 
 TEST(KeyText, ModifiersThenTheKeysName) {
-  // Appended to the text given (the map's own lines show Ctrl+Shift+S and Delete).
-  // clang-format off
-  const struct { BYTE fVirt; WORD key; const char* text; } accels[] = {
-      {FVIRTKEY | FALT, '4', "xAlt+4"}, {FVIRTKEY | FSHIFT, VK_TAB, "xShift+Tab"},
-      {FVIRTKEY | FALT | FCONTROL | FSHIFT, VK_F12, "xAlt+Ctrl+Shift+F12"},
-      {FVIRTKEY, VK_ESCAPE, "xEsc"}};
-  // clang-format on
-  for (const auto& c : accels) {
-    ACCEL accel = {c.fVirt, c.key, 1};
-    CString str = "x";
-    EXPECT_TRUE(VrkAccelToText(&accel, str));
-    EXPECT_STREQ(c.text, str);
-  }
+  // Appended to the text given, modifiers in the order Alt, Ctrl, Shift (the
+  // map's own lines show Ctrl+Shift+S and Delete).
+  ACCEL accel = {FVIRTKEY | FALT | FCONTROL | FSHIFT, VK_F12, 1};
+  CString str = "x";
+  EXPECT_TRUE(VrkAccelToText(&accel, str));
+  EXPECT_STREQ("xAlt+Ctrl+Shift+F12", str);
   const struct {
     UINT nKey;
     int nMode;
