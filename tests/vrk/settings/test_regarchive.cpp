@@ -20,13 +20,6 @@ protected:
   ScratchRegistry m_scratch;
 };
 
-TEST(RegMakeKey, JoinsRootAndSection) {
-  EXPECT_STREQ("", VrkRegMakeKey(NULL, "Software\\Tamrix\\PEL", 0));
-  EXPECT_STREQ("Software\\Tamrix\\PEL\\Settings",
-               VrkRegMakeKey("Settings", "Software\\Tamrix\\PEL", 0));
-  EXPECT_STREQ("", VrkRegMakeKey("Settings", NULL, 0)); // no application object
-}
-
 // Typed values, the string's terminator stored; absent values give the
 // default; types are not checked (a short string fills an integer); a
 // read-only key refuses writes, but only the integer write says so.
