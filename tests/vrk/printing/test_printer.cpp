@@ -1,4 +1,4 @@
-// VPrinter on the test printer, and VPrintInfo's copies.
+// VPrinter on the test printer.
 #include <vrk_printer.h>
 #include <gtest/gtest.h>
 
@@ -43,29 +43,6 @@ TEST(Printer, RecordsFailuresAndCopies) {
   copy.SetSilent(1);
   EXPECT_TRUE(copy.Open("No Such Printer") == 0 && copy.Get(&pi5) == 0);
   EXPECT_EQ(3u, catcher.Count());
-}
-
-TEST(PrintInfo, CopiesAreIndependent) {
-  VPrintInfo info;
-  EXPECT_EQ(1, info.m_nUserValue);
-  ASSERT_TRUE(info.m_pPD->GetDefaults());
-  HDC hDC = info.m_pPD->GetPrinterDC();
-  info.SetMaxPage(7);
-  info.m_strPageDesc = "Page %u";
-  info.m_rectDraw = CRect(1, 2, 3, 4);
-  info.m_nUserValue = 9;
-  {
-    VPrintInfo copy(info), assigned;
-    assigned = info;
-    info.m_strPageDesc = "changed";
-    for (VPrintInfo* p : {&copy, &assigned}) { // the DC stays the original's
-      EXPECT_TRUE(info.m_pPD != p->m_pPD && p->m_pPD->m_pd.hDC == NULL && p->GetMaxPage() == 7);
-      EXPECT_TRUE(p->m_strPageDesc == "Page %u" && p->m_rectDraw == CRect(1, 2, 3, 4) &&
-                  p->m_nUserValue == 9);
-    }
-  }
-  EXPECT_EQ((DWORD)OBJ_DC, ::GetObjectType(hDC));
-  FreeBlocks(info.m_pPD->m_pd);
 }
 
 } // namespace
