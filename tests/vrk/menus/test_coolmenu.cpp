@@ -211,11 +211,6 @@ TEST_F(CoolMenuTest, ItemsMeasuredDrawnAndFoundByMnemonic) {
     EXPECT_EQ(i < 5 ? i : -1, m_manager.Image(ids[i])) << ids[i];
   Draw(c, ID_TOOL_Y, 0, 0);
   EXPECT_EQ(120, c.Count(RGB(128, 0, 0), CRect(4, 6, 16, 16)));
-  DRAWITEMSTRUCT button = {ODT_BUTTON, 1, ID_FILE_NEW, ODA_DRAWENTIRE,
-                           0,          0, c.Handle(),  {0, 0, 160, 24}};
-  c.Clear(kBack);
-  m_pFrame->SendMessage(WM_DRAWITEM, 0, (LPARAM)&button);
-  EXPECT_EQ(160 * 24, c.Count(kBack));
   // Mnemonics of &Apple, &Banana, &Avocado, &Cherry: one match runs, several cycle.
   HMENU hEdit = Popup(1)->m_hMenu;
   // clang-format off
