@@ -66,13 +66,6 @@ TEST_F(DataObjectTest, OnlyFormatMeansTheFirstAndNoOther) {
     AttachTo(data);
     EXPECT_FALSE(VrkIsOnlyFormatAvailable(ShapeFormat(), &data));
   }
-  // On the clipboard (read through COleDataObject::AttachClipboard, whose
-  // enumeration afx.oleclipboard pins): the object alone, then with text.
-  ASSERT_TRUE(VrkClipboardPutObject(ShapeFormat(), shape, 0, 0, TRUE));
-  EXPECT_TRUE(VrkIsOnlyFormatAvailable(ShapeFormat()));
-  CString text("and text");
-  ASSERT_TRUE(VrkClipboardPutObject(ShapeFormat(), shape, text, 0, 0, TRUE));
-  EXPECT_FALSE(VrkIsOnlyFormatAvailable(ShapeFormat()));
   delete shape;
 }
 
