@@ -48,13 +48,9 @@ TEST_F(TraceDialogTest, ShowsTheKeyAndWritesWhatTheUserChanged) {
     // What is loaded and left alone shows in what is written back.
     EXPECT_EQ("4096", Text(hDlg, IDC_VRK_TRACE_MAXLENGTH));
     EXPECT_TRUE(::SendDlgItemMessageA(hDlg, IDC_VRK_TRACE_BROWSE, BM_GETIMAGE, IMAGE_BITMAP, 0));
-    // The trace window takes the file controls out, the timings the clock.
+    // The trace window takes the file controls out.
     ClickItem(hDlg, IDC_VRK_TRACE_WINDOW);
     EXPECT_FALSE(Enabled(hDlg, IDC_VRK_TRACE_FILENAME) || Enabled(hDlg, IDC_VRK_TRACE_BROWSE));
-    ClickItem(hDlg, IDC_VRK_TRACE_TIMINGS);
-    EXPECT_FALSE(Enabled(hDlg, IDC_VRK_TRACE_CLOCKTIMES));
-    ClickItem(hDlg, IDC_VRK_TRACE_TIMINGS);
-    EXPECT_TRUE(Enabled(hDlg, IDC_VRK_TRACE_CLOCKTIMES));
     // Typed: a length that is no number and a suffix; the first category
     // off and the second on with the space bar.
     FocusItem(hDlg, IDC_VRK_TRACE_MAXLENGTH);
