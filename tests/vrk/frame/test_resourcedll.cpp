@@ -33,7 +33,6 @@ TEST(VrkOSLoadResourceDll, EnglishAndTheBoxForMissingModulesOnlyWithFlag2) {
     std::string text;
   } cases[] = {{"nosuch", "XYZ", 2, "nosuch_XYZ"},
                {"nosuch", NULL, 2, "nosuch_ENU"},
-               {"vrk", "XYZ", 2, "vrk_XYZ"},
                {strBase.c_str(), "XYZ", 2, (strBase + "_XYZ").substr(0, 255 - 25)},
                {"vrk", "XYZ", 1 | 2, ::GetUserDefaultLCID() == 1033 ? "vrk_XYZ" : ""}};
   for (const auto& c : cases) {
