@@ -35,7 +35,6 @@ TEST(Startup, TheLanguageChosenForEachRegistryState) {
     const char *language, *options;
     std::string expected;
   } cases[] = {{-1, "DEU", "anchor", E + "|" + none + "||" + none + "|1,"},
-               {1, "DEU", "anchor", E + "|" + none + "||" + none + "|1,"},
                {0, NULL, "anchor", E + "|" + none + "||" + none + "|1,"},
                {0, "DEU", "anchor init", G + "|" + G + "|lang|1|1,2,"},
                {0, "DEU", "", E + "|" + none + "||" + none + "|1," + box("vrk_DEU")},
