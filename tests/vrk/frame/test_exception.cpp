@@ -112,19 +112,13 @@ TEST(VrkReportError, BuildsPrefixSystemTextAndCodeLine) {
   EXPECT_STREQ("kept", strText);
 }
 
-TEST(VTempStr, FormatsTextsAndResourcesAndVMsgBoxStrShowsThem) {
+TEST(VTempStr, FormatsTextsAndResources) {
   EXPECT_STREQ("7-abc-0x1F", VTempStr("%d-%s-0x%X", 7, "abc", 31));
   EXPECT_STREQ("", VTempStr(static_cast<const char*>(NULL)));
   EXPECT_STREQ("Error code: 4294967295", VTempStr(kIdErrorCode, 0xFFFFFFFFu));
   EXPECT_STREQ("", VTempStr(static_cast<UINT>(4999), 1));
   std::string strLong(5000, 'L');
   EXPECT_EQ(strLong, static_cast<const char*>(VTempStr("%s", strLong.c_str())));
-  MsgBoxCatcher catcher(IDCANCEL);
-  VMsgBoxStr msg(kIdErrorCode, 42);
-  EXPECT_EQ(IDCANCEL, VrkMessageBox(msg, MB_OKCANCEL));
-  ASSERT_EQ(1u, catcher.Count());
-  EXPECT_EQ("Error code: 42", catcher.Last().text);
-  EXPECT_TRUE(catcher.Last().HasButton(IDCANCEL));
 }
 
 } // namespace
