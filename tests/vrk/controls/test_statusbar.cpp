@@ -130,4 +130,25 @@ TEST_F(StatusBarTest, NestedProgressLockAndCallsOutOfOrder) {
   EXPECT_FALSE(m_bar.GetDlgItem(1)->IsWindowVisible());
 }
 
+TEST_F(StatusBarTest, BarSitsBesideTheTextInPixels) {
+  CClientDC dc(&m_bar); // a message exactly 200 pixels wide in the bar's font
+  dc.SelectObject(m_bar.GetFont());
+  int cxI = dc.GetTextExtent("i").cx, cxW = dc.GetTextExtent("W").cx, n = 0;
+  while (n * cxW < 200 && (200 - n * cxW) % cxI != 0)
+    n++;
+  CString strText = CString('W', n) + CString('i', (200 - n * cxW) / cxI);
+  ASSERT_EQ(200, dc.GetTextExtent(strText).cx);
+  CRect rect;
+  m_bar.GetWindowRect(&rect);
+  ASSERT_EQ(CSize(1000, 20), rect.Size());
+  m_bar.SetProgressPos(m_bar.StartProgress(0, 100, strText), 50);
+  Idle();
+  m_bar.GetDlgItem(1)->GetWindowRect(&rect);
+  m_bar.ScreenToClient(&rect);
+  EXPECT_EQ(CRect(210, 3, 397, 20), rect);
+  COLORREF crBack = Pixel(209, 10), crFill = Pixel(212, 10); // the left half filled
+  EXPECT_TRUE(crBack != Pixel(210, 10) && crBack == Pixel(397, 10) && crBack == Pixel(300, 2));
+  EXPECT_TRUE(crFill == Pixel(210 + 187 / 2 - 2, 10) && crFill != Pixel(210 + 187 / 2 + 2, 10));
+}
+
 } // namespace
