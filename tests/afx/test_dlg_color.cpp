@@ -4,7 +4,7 @@
 #include <afxdlgs.h>
 #include <gtest/gtest.h>
 
-#include "dlg_driver.h"
+#include "user_input.h"
 
 TEST(ColorDialog, OkGivesTheColourAndCustomColoursAreShared) {
   DialogDriver driver;

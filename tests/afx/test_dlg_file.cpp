@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "dlg_driver.h"
+#include "user_input.h"
 #include "temp_dir.h"
 
 namespace {

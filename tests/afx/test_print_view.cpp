@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "dlg_driver.h"
+#include "user_input.h"
 #include "print_testing.h"
 #include "temp_dir.h"
 
@@ -138,7 +138,7 @@ TEST_F(ViewPrinting, PageRangeToAFileAskedFor) {
   driver.Then([&](HWND hDlg) {
     HWND hName = ::GetDlgItem(hDlg, cmb13);
     if (hName == NULL) hName = ::GetDlgItem(hDlg, edt1);
-    nameOffered = DialogDriver::Text(hName);
+    nameOffered = user_input::Text(hName);
     ::SetWindowTextA(hName, out.c_str());
     DialogDriver::Press(hDlg, IDOK);
   });

@@ -154,8 +154,6 @@ public:
   static void Press(HWND hDlg, int nID) {
     ::PostMessageA(hDlg, WM_COMMAND, MAKEWPARAM(nID, BN_CLICKED), (LPARAM)::GetDlgItem(hDlg, nID));
   }
-  static std::string Text(HWND hWnd) { return user_input::Text(hWnd); }
-  static std::string Text(HWND hDlg, int nID) { return user_input::Text(hDlg, nID); }
 
   static Action WhenShown(Action action) {
     return [action](HWND hDlg) {
@@ -182,7 +180,7 @@ private:
     if (nCode == HCBT_ACTIVATE && pDriver != nullptr && ::GetClassNameA(hWnd, szClass, 8) &&
         lstrcmpA(szClass, "#32770") == 0 && ::GetPropA(hWnd, "VrkDriven") == NULL) {
       ::SetPropA(hWnd, "VrkDriven", (HANDLE)1);
-      pDriver->m_captions.push_back(Text(hWnd));
+      pDriver->m_captions.push_back(user_input::Text(hWnd));
       Action action = [](HWND hDlg) { Press(hDlg, IDCANCEL); };
       if (!pDriver->m_actions.empty()) {
         action = pDriver->m_actions.front();

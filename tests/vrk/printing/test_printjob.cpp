@@ -1,7 +1,7 @@
 // VPrintJob on the test printer, its pages read back from SpoolFile.
 #include <algorithm>
 
-#include "dlg_driver.h"
+#include "user_input.h"
 #include "msgbox_catcher.h"
 #include "printing_testing.h"
 #include "vtable_slot.h"
@@ -12,6 +12,7 @@ class PrintJob : public PrintJobTest {};
 
 typedef DialogDriver D;
 using user_input::Press;
+using user_input::Text;
 // Space on a box or a radio button, or the text typed over what an edit held.
 void Use(HWND hDlg, int nID, const char* pszTyped = nullptr) {
   user_input::FocusItem(hDlg, nID); // as Tab does: an edit's text selected
@@ -30,14 +31,14 @@ TEST_F(PrintJob, DialogPaths) {
   std::string range, offered;
   auto ok = D::WhenShown([](HWND) { Press(VK_RETURN); });
   auto cancel = D::WhenShown([](HWND) { Press(VK_ESCAPE); });
-  auto readRange = D::WhenShown(
-      [&](HWND h) { range = D::Text(h, edt1) + "-" + D::Text(h, edt2), Press(VK_ESCAPE); });
+  auto readRange =
+      D::WhenShown([&](HWND h) { range = Text(h, edt1) + "-" + Text(h, edt2), Press(VK_ESCAPE); });
   auto page2 = D::WhenShown(
       [](HWND h) { Use(h, rad3), Use(h, edt1, "2"), Use(h, edt2, "2"), Press(VK_RETURN); });
   auto toFile = D::WhenShown([](HWND h) { Use(h, chx1), Press(VK_RETURN); });
   auto chooseFile = D::WhenShown([&](HWND h) {
     int nID = ::GetDlgItem(h, cmb13) != NULL ? cmb13 : edt1;
-    offered = D::Text(h, nID) + " " + D::Text(h, cmb1);
+    offered = Text(h, nID) + " " + Text(h, cmb1);
     Use(h, nID, dir.File("report").c_str()); // the default extension is added
     Press(VK_RETURN);
   });
