@@ -1,6 +1,6 @@
 // CScrollView in a real frame: the bars its sizes give, clamped positions,
 // scrolling by clicks on the bar and the wheel (OnDraw's page moving on the
-// screen), and a metric map mode.
+// screen).
 #include <afxwin.h>
 #include <gtest/gtest.h>
 
@@ -142,30 +142,6 @@ TEST_F(ScrollViewTest, BarClicksAndWheelScrollThePage) {
     EXPECT_EQ(300 - s.nPos, BandRow(50));
     EXPECT_EQ(300 - s.nPos, BandRow(50, true));
   }
-}
-
-// MM_LOENGLISH: hundredths of an inch, y up. A band 2 inches down the page
-// comes to the top of the window once scrolled there.
-TEST_F(ScrollViewTest, MetricModeMapsLogicalPointsAndDraws) {
-  m_pView->m_rectBand = CRect(0, -200, 1000, -220);
-  m_pView->SetScrollSizes(MM_LOENGLISH, CSize(1000, 1500));
-  // What the screen's own mapping makes of the page's end and the band.
-  CWindowDC dc(NULL);
-  dc.SetMapMode(MM_LOENGLISH);
-  CPoint ptEnd(1000, -1500), ptBand(0, -200);
-  dc.LPtoDP(&ptEnd);
-  dc.LPtoDP(&ptBand);
-  int nMapMode;
-  CSize total, page, line;
-  m_pView->GetDeviceScrollSizes(nMapMode, total, page, line);
-  EXPECT_EQ(CSize(ptEnd.x, ptEnd.y), total);
-  // The default page is a tenth of the total, the line a tenth of the page.
-  EXPECT_TRUE(CSize(total.cx / 10, total.cy / 10) == page &&
-              CSize(page.cx / 10, page.cy / 10) == line);
-  EXPECT_NEAR(ptBand.y, BandRow(5), 1);
-  m_pView->ScrollToPosition(CPoint(0, -200));
-  EXPECT_EQ(CPoint(0, -200), m_pView->GetScrollPosition());
-  EXPECT_NEAR(0, BandRow(5, true), 1);
 }
 
 } // namespace

@@ -4,8 +4,6 @@
 #include <gtest/gtest.h>
 #include "exception_probe.h"
 
-#include <process.h>
-
 namespace {
 
 struct WorkerData {
@@ -78,19 +76,6 @@ TEST(WorkerThread, RunsProcWithParamAndItsExitCodeBadArgumentsRaiseInvalidArg) {
             RUNTIME_CLASS(CInvalidArgException));
   EXPECT_EQ(ThrownClass([] { AfxBeginThread((CRuntimeClass*)NULL); }),
             RUNTIME_CLASS(CInvalidArgException));
-}
-
-static unsigned __stdcall RecordAfxThread(void* p) {
-  *(CWinThread**)p = AfxGetThread();
-  return 0;
-}
-
-TEST(ThreadState, ThreadsNotStartedByAfxHaveNoCWinThread) {
-  CWinThread* seen = (CWinThread*)1;
-  HANDLE h = (HANDLE)_beginthreadex(NULL, 0, &RecordAfxThread, &seen, 0, NULL);
-  WaitForSingleObject(h, INFINITE);
-  CloseHandle(h);
-  EXPECT_EQ(seen, nullptr);
 }
 
 // A user-interface thread: InitInstance makes the message queue and says so;
