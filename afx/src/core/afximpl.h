@@ -19,4 +19,8 @@ class CWnd;
 void AfxHookWindowCreate(CWnd* pWnd);
 BOOL AfxUnhookWindowCreate();
 
+// A dialog template by name through the resource chain (NULL: none);
+// *phInst receives the module searched, where the template's resources are.
+LPCDLGTEMPLATE AfxLoadDialogTemplate(LPCTSTR lpszTemplateName, HINSTANCE* phInst);
+
 #endif // AFXIMPL_H

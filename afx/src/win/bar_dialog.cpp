@@ -17,10 +17,8 @@ BOOL CDialogBar::Create(CWnd* pParentWnd, LPCTSTR lpszTemplateName, UINT nStyle,
   if (pParentWnd == NULL || pParentWnd->m_hWnd == NULL || lpszTemplateName == NULL ||
       m_hWnd != NULL)
     return FALSE;
-  HINSTANCE hInst = AfxFindResourceHandle(lpszTemplateName, RT_DIALOG);
-  HRSRC hRes = ::FindResource(hInst, lpszTemplateName, RT_DIALOG);
-  HGLOBAL hTemplate = hRes != NULL ? ::LoadResource(hInst, hRes) : NULL;
-  LPCDLGTEMPLATE lpTemplate = hTemplate != NULL ? (LPCDLGTEMPLATE)::LockResource(hTemplate) : NULL;
+  HINSTANCE hInst;
+  LPCDLGTEMPLATE lpTemplate = AfxLoadDialogTemplate(lpszTemplateName, &hInst);
   if (lpTemplate == NULL) return FALSE;
 
   m_dwStyle = nStyle & CBRS_ALL;
@@ -50,7 +48,7 @@ CSize CDialogBar::CalcFixedLayout(BOOL bStretch, BOOL bHorz) {
 }
 
 void CDialogBar::OnUpdateCmdUI(CFrameWnd* pTarget, BOOL bDisableIfNoHndler) {
-  UpdateDialogControls(reinterpret_cast<CCmdTarget*>(pTarget), bDisableIfNoHndler);
+  UpdateDialogControls(pTarget, bDisableIfNoHndler);
 }
 
 BOOL CDialogBar::PreTranslateMessage(MSG* pMsg) {

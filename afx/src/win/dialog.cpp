@@ -65,17 +65,22 @@ BOOL CDialog::CreateDlgIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWn
   return TRUE;
 }
 
+LPCDLGTEMPLATE AfxLoadDialogTemplate(LPCTSTR lpszTemplateName, HINSTANCE* phInst) {
+  HINSTANCE hInst = AfxFindResourceHandle(lpszTemplateName, RT_DIALOG);
+  *phInst = hInst;
+  HRSRC hRes = hInst != NULL ? ::FindResource(hInst, lpszTemplateName, RT_DIALOG) : NULL;
+  HGLOBAL hTemplate = hRes != NULL ? ::LoadResource(hInst, hRes) : NULL;
+  return hTemplate != NULL ? (LPCDLGTEMPLATE)::LockResource(hTemplate) : NULL;
+}
+
 BOOL CDialog::CheckAutoCenter() {
   // Windows places a dialog that asks for it; the others are centred.
   const void* lpTemplate = m_lpDialogTemplate;
   if (lpTemplate == NULL && m_hDialogTemplate != NULL)
     lpTemplate = ::LockResource(m_hDialogTemplate);
-  if (lpTemplate == NULL && m_lpszTemplateName != NULL) {
-    HINSTANCE hInst = AfxFindResourceHandle(m_lpszTemplateName, RT_DIALOG);
-    HRSRC hRes = ::FindResource(hInst, m_lpszTemplateName, RT_DIALOG);
-    HGLOBAL hTemplate = hRes != NULL ? ::LoadResource(hInst, hRes) : NULL;
-    lpTemplate = hTemplate != NULL ? ::LockResource(hTemplate) : NULL;
-  }
+  HINSTANCE hInst;
+  if (lpTemplate == NULL && m_lpszTemplateName != NULL)
+    lpTemplate = AfxLoadDialogTemplate(m_lpszTemplateName, &hInst);
   if (lpTemplate == NULL) return TRUE;
   return !(TemplateStyle((LPCDLGTEMPLATE)lpTemplate) & (DS_CENTER | DS_CENTERMOUSE | DS_ABSALIGN));
 }
@@ -147,11 +152,9 @@ BOOL CDialog::Create(LPCTSTR lpszTemplateName, CWnd* pParentWnd) {
   m_lpszTemplateName = lpszTemplateName;
   if (IS_INTRESOURCE(lpszTemplateName) && m_nIDHelp == 0)
     m_nIDHelp = LOWORD((DWORD_PTR)lpszTemplateName);
-  HINSTANCE hInst = AfxFindResourceHandle(lpszTemplateName, RT_DIALOG);
-  HRSRC hResource = ::FindResource(hInst, lpszTemplateName, RT_DIALOG);
-  HGLOBAL hTemplate = hResource != NULL ? ::LoadResource(hInst, hResource) : NULL;
-  if (hTemplate == NULL) return FALSE;
-  LPCDLGTEMPLATE lpTemplate = (LPCDLGTEMPLATE)::LockResource(hTemplate);
+  HINSTANCE hInst;
+  LPCDLGTEMPLATE lpTemplate = AfxLoadDialogTemplate(lpszTemplateName, &hInst);
+  if (lpTemplate == NULL) return FALSE;
   if (pParentWnd == NULL) pParentWnd = AfxGetMainWnd();
   m_pParentWnd = pParentWnd;
   return CreateDlgIndirect(lpTemplate, pParentWnd, hInst);
@@ -207,16 +210,15 @@ void CDialog::PostModal() {
 
 INT_PTR CDialog::DoModal() {
   LPCDLGTEMPLATE lpDialogTemplate = m_lpDialogTemplate;
-  HGLOBAL hDialogTemplate = m_hDialogTemplate;
   HINSTANCE hInst = AfxGetResourceHandle();
   if (m_lpszTemplateName != NULL) {
     // Through the resource chain: a template in an extension or resource
     // module is found as well as one in the application.
-    hInst = AfxFindResourceHandle(m_lpszTemplateName, RT_DIALOG);
-    HRSRC hResource = hInst != NULL ? ::FindResource(hInst, m_lpszTemplateName, RT_DIALOG) : NULL;
-    hDialogTemplate = hResource != NULL ? ::LoadResource(hInst, hResource) : NULL;
+    LPCDLGTEMPLATE lpFound = AfxLoadDialogTemplate(m_lpszTemplateName, &hInst);
+    if (lpFound != NULL) lpDialogTemplate = lpFound;
+  } else if (m_hDialogTemplate != NULL) {
+    lpDialogTemplate = (LPCDLGTEMPLATE)::LockResource(m_hDialogTemplate);
   }
-  if (hDialogTemplate != NULL) lpDialogTemplate = (LPCDLGTEMPLATE)::LockResource(hDialogTemplate);
   if (lpDialogTemplate == NULL) return -1;
 
   HWND hWndParent = PreModal();
