@@ -129,6 +129,14 @@ HENHMETAFILE CPreviewView::DrawPage(UINT nPage) {
   m_pPreviewInfo->m_bContinuePrinting = TRUE;
   int nSavedDC = ::SaveDC(hPrinter);
   m_pPreviewDC->m_hDC = hMeta;
+  // The DCs and the print info as they were, for the next page; the
+  // metafile closed.
+  auto restore = [&] {
+    m_pPreviewDC->m_hDC = hPrinter;
+    ::RestoreDC(hPrinter, nSavedDC);
+    m_pPreviewInfo->m_nCurPage = nCurPage;
+    return ::CloseEnhMetaFile(hMeta);
+  };
   BOOL bPage = FALSE;
   try {
     m_pPrintView->OnPrepareDC(m_pPreviewDC, m_pPreviewInfo);
@@ -139,18 +147,11 @@ HENHMETAFILE CPreviewView::DrawPage(UINT nPage) {
       m_pPrintView->OnPrint(m_pPreviewDC, m_pPreviewInfo);
     }
   } catch (CException*) {
-    // The page is lost; the DCs are as they were for the next one.
-    m_pPreviewDC->m_hDC = hPrinter;
-    ::RestoreDC(hPrinter, nSavedDC);
-    ::DeleteEnhMetaFile(::CloseEnhMetaFile(hMeta));
-    m_pPreviewInfo->m_nCurPage = nCurPage;
+    ::DeleteEnhMetaFile(restore()); // the page is lost
     throw;
   }
-  m_pPreviewDC->m_hDC = hPrinter;
-  ::RestoreDC(hPrinter, nSavedDC);
-  m_pPreviewInfo->m_nCurPage = nCurPage;
+  HENHMETAFILE hMetaFile = restore();
   m_pPreviewInfo->m_bContinuePrinting = TRUE;
-  HENHMETAFILE hMetaFile = ::CloseEnhMetaFile(hMeta);
   if (bPage) return hMetaFile;
   ::DeleteEnhMetaFile(hMetaFile);
   return NULL;
@@ -185,11 +186,11 @@ void CPreviewView::SetCurrentPage(UINT nPage, BOOL bClearRatios) {
 void CPreviewView::SetZoomState(UINT nNewState, UINT nPage, CPoint point) {
   if (nNewState > ZOOM_IN) return;
   // The point as a place on the paper (in the printer's pixels).
-  int nSlot = PageAt(ClientToLogical(point));
+  CPoint ptLog = ClientToLogical(point);
+  int nSlot = PageAt(ptLog);
   CPoint ptPaper(-1, -1);
   if (nSlot >= 0 && m_nCurrentPage + nSlot == nPage) {
     CRect rect = GetPageRect(nSlot);
-    CPoint ptLog = ClientToLogical(point);
     ptPaper.x = MulDiv(ptLog.x - rect.left, m_sizePaper.cx, rect.Width());
     ptPaper.y = MulDiv(ptLog.y - rect.top, m_sizePaper.cy, rect.Height());
   }
